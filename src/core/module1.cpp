@@ -1,0 +1,19 @@
+#include "core/module1.h"
+
+#include "core/settings_file.h"
+#include "core/text.h"
+
+namespace core {
+
+void Main(Program& program, const std::function<void()>& showSplash) {
+    showSplash();
+    LoadSettings(program);
+}
+
+std::string GetShortName(Runtime& runtime, const std::string& path) {
+    constexpr std::size_t longest = 254;  // the system's buffer, less its closing zero
+    const std::string shortPath = runtime.GetShortPathName(path);
+    return length(shortPath) <= longest ? shortPath : "";
+}
+
+}  // namespace core

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/app_state.h"
+#include "core/runtime.h"
+#include "forms/application.h"
+
+namespace core {
+
+inline constexpr const char* appTitle = "The Norvane Workbench";
+
+/// What the forms and procedures of the program work with.
+struct Program {
+    Runtime& runtime;
+    forms::Application& application;
+    AppState state;
+};
+
+/// The start of a run: shows the splash, then fills the state from the settings file.
+void Main(Program& program, const std::function<void()>& showSplash);
+
+/// Writes the settings file from the state. A failure is told to the user, never to the caller.
+void SaveSettings(Program& program);
+
+/// The short form of a path, empty if it names nothing that exists or is too long.
+std::string GetShortName(Runtime& runtime, const std::string& path);
+
+}  // namespace core

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "core/module1.h"
+
+namespace core {
+
+/// Fills the state from the settings file in the program's folder, from the older format if there
+/// is only that, or with the defaults. Failures and what the user should know go to message boxes.
+void LoadSettings(Program& program);
+
+}  // namespace core

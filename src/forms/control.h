@@ -1,0 +1,142 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/property.h"
+
+namespace forms {
+
+class Container;
+class ControlVisitor;
+class Form;
+
+/// Where a control lies in its container, in twips (1440 to the inch, 15 to a pixel at 96 dpi).
+struct Place {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+};
+
+/// A font that a control asks for; an empty family stands for the form's own font.
+struct Font {
+    std::string family = {};
+    double points = 0;
+    bool italic = false;
+};
+
+/// A control as its form's definition has it. All texts are UTF-8; "&" marks a mnemonic.
+struct Definition {
+    std::string name = {};
+    int index = -1;  ///< in a control array; -1 for a control of its own
+    std::string caption = {};
+    std::string text = {};
+    std::string tooltip = {};
+    Place place = {};
+    bool ticked = false;  ///< a check box or an option button that starts selected
+    bool visible = true;
+    bool enabled = true;
+    bool isDefault = false;  ///< the button that Enter presses
+    bool isCancel = false;   ///< the button that Esc presses
+    bool readOnly = false;
+    bool multiLine = false;
+    bool centred = false;
+    Font font = {};
+    std::function<void()> event = {};  ///< the control's click or change handler
+};
+
+/// What draws a control on a screen. It draws the control's whole state each time; the control
+/// outlives it.
+class Peer {
+  public:
+    virtual ~Peer() = default;
+    virtual void update() = 0;
+};
+
+/// A control: a name, properties and one event, with no idea of a toolkit. A control is declared
+/// inside its container, in reading order, which is also the order of tabbing.
+class Control {
+  public:
+    Control(Container* parent, Definition definition);
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+    virtual ~Control() = default;
+
+    const std::string name;
+    const int index;
+    const std::string tooltip;
+    const Font font;
+
+    Property<std::string> Caption;
+    Property<int> Left;
+    Property<int> Top;
+    Property<int> Width;
+    Property<int> Height;
+    Property<bool> Enabled;
+    Property<bool> Visible;
+
+    virtual void accept(ControlVisitor& visitor) = 0;
+
+    /// The control's name, with its index where it belongs to an array: "optFormat(2)".
+    [[nodiscard]] std::string fullName() const;
+    /// What a screen reader calls the control: its caption without "&"; without a caption that of
+    /// the label before it, and failing that its container's.
+    [[nodiscard]] std::string accessibleName() const;
+    /// The letter, in upper case, that reaches the control together with Alt, or 0.
+    [[nodiscard]] char mnemonic() const;
+    /// True if a user can work the control: it and all its containers are visible and enabled.
+    [[nodiscard]] bool usable() const;
+    [[nodiscard]] Container* parent() const { return parent_; }
+    /// The form that the control belongs to.
+    [[nodiscard]] virtual Form& form();
+
+    void attach(std::unique_ptr<Peer> peer) { peer_ = std::move(peer); }
+    [[nodiscard]] Peer* peer() const { return peer_.get(); }
+
+    /// A user's click on the control, or its mnemonic.
+    void click();
+
+    /// Carries out what a changed property sets off. Only properties call it.
+    virtual void changed(Effect effect);
+
+  protected:
+    /// What a click does; runs inside the dispatch boundary.
+    virtual void clicked() { raise(); }
+    /// Runs a user's action on a usable control inside the dispatch boundary; else does nothing.
+    void act(const std::function<void()>& action);
+    void draw();
+    void raise();
+
+  private:
+    Container* parent_;
+    std::function<void()> event_;
+    std::unique_ptr<Peer> peer_;
+};
+
+/// A control that holds others.
+class Container : public Control {
+  public:
+    using Control::Control;
+
+    /// The controls directly inside, in the order of their declaration.
+    [[nodiscard]] const std::vector<Control*>& children() const { return children_; }
+
+  private:
+    friend class Control;
+    std::vector<Control*> children_;
+};
+
+template <typename T>
+void Property<T>::operator=(T value) {
+    if (effect_ != Effect::RaiseAlways && value == value_) return;
+    value_ = std::move(value);
+    owner_.changed(effect_);
+}
+
+/// A caption as it is read aloud: without the "&" of its mnemonic.
+std::string withoutMnemonic(const std::string& caption);
+
+}  // namespace forms

@@ -1,0 +1,114 @@
+#include "forms/controls.h"
+
+#include "forms/form.h"
+
+namespace forms {
+
+void OptionButton::changed(Effect effect) {
+    if (effect == Effect::Raise && Value) {
+        for (Control* sibling : parent()->children()) {
+            auto* option = dynamic_cast<OptionButton*>(sibling);
+            if (!option || option == this || !option->Value) continue;
+            option->Value.store(false);
+            option->draw();
+        }
+    }
+    draw();
+    if (effect == Effect::Raise && Value) raise();
+}
+
+void TextBox::type(const std::string& text) {
+    if (!readOnly) act([&] { Text = text; });
+}
+
+void ListBox::Clear() {
+    items_.clear();
+    ListIndex.store(-1);
+    draw();
+}
+
+void ListBox::AddItem(const std::string& text, std::optional<int> index) {
+    const int at = index.value_or(ListCount());
+    if (at < 0 || at > ListCount()) throw std::out_of_range("Invalid list index");
+    items_.insert(items_.begin() + at, text);
+    if (ListIndex >= at) ListIndex.store(ListIndex + 1);
+    draw();
+}
+
+void ListBox::RemoveItem(int index) {
+    items_.erase(items_.begin() + (&items_.at(index) - items_.data()));
+    if (ListIndex == index) {
+        ListIndex.store(-1);
+    } else if (ListIndex > index) {
+        ListIndex.store(ListIndex - 1);
+    }
+    draw();
+}
+
+void ListBox::setList(int index, const std::string& text) {
+    items_.at(index) = text;
+    draw();
+}
+
+std::string ListBox::Text() const {
+    return ListIndex < 0 ? std::string() : items_.at(ListIndex);
+}
+
+void ListBox::pick(int index) {
+    if (index < ListCount()) act([&] { ListIndex = index; });
+}
+
+void TabStrip::pick(int index) {
+    act([&] { SelectedItem = index; });
+}
+
+void CommonDialog::ShowOpen() {
+    const std::string chosen =
+        form().application().chooseFile(form(), {DialogTitle, Filter, FileName});
+    if (!chosen.empty()) FileName = chosen;
+}
+
+void CommonDialog::accept(ControlVisitor&) {}
+
+// One line a kind: which function of a visitor serves it.
+void Label::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Line::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Image::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Button::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void CheckBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void OptionButton::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void TextBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Frame::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void PictureBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void ListBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void TabStrip::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void StatusBar::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void MenuItem::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+}  // namespace forms

@@ -1,0 +1,110 @@
+#include "forms/form.h"
+
+#include <algorithm>
+
+namespace forms {
+
+Form::Form(Application& application, std::string name, const FormStyle& style)
+    : Container(nullptr, {.name = std::move(name), .caption = style.caption, .place = style.place}),
+      style(style),
+      application_(application) {}
+
+void Form::Show() {
+    window_->show();
+}
+
+void Form::ShowModal(Form& owner) {
+    window_->showModal(owner);
+}
+
+void Form::Refresh() {
+    window_->refresh();
+}
+
+void Form::Unload() {
+    if (unloaded_) return;
+    unloaded_ = true;
+    application_.dispatch([this] { Form_Unload(); });
+    Visible.store(false);
+    window_->hide();
+    application_.remove(*this);
+}
+
+void Form::activate() {
+    act([this] { Form_Activate(); });
+}
+
+void Form::keyDown(int keyCode, int shift) {
+    if (style.keyPreview) act([=, this] { Form_KeyDown(keyCode, shift); });
+}
+
+void Form::keyPress(int keyAscii) {
+    if (style.keyPreview) act([=, this] { Form_KeyPress(keyAscii); });
+}
+
+bool Form::press(const bool Button::*which) {
+    for (Control* control : allControls()) {
+        auto* button = dynamic_cast<Button*>(control);
+        if (!button || !(button->*which) || !button->usable()) continue;
+        button->click();
+        return true;
+    }
+    return false;
+}
+
+bool Form::pressDefault() {
+    return press(&Button::isDefault);
+}
+
+bool Form::pressCancel() {
+    return press(&Button::isCancel);
+}
+
+Control* Form::mnemonicTarget(char letter, const Control* after) {
+    std::vector<Control*> controls = allControls();
+    const auto from = std::find(controls.begin(), controls.end(), after);
+    if (from != controls.end()) std::rotate(controls.begin(), from + 1, controls.end());
+    const auto found = std::find_if(controls.begin(), controls.end(), [&](Control* control) {
+        return control->mnemonic() == letter && control->usable() &&
+               !dynamic_cast<MenuItem*>(control);
+    });
+    return found == controls.end() ? nullptr : *found;
+}
+
+void Form::close() {
+    act([this] { Unload(); });
+}
+
+void Form::moved(const Place& place, forms::WindowState state) {
+    Left.store(place.left);
+    Top.store(place.top);
+    Width.store(place.width);
+    Height.store(place.height);
+    WindowState = state;
+}
+
+static void collect(const Container& container, std::vector<Control*>& controls) {
+    for (Control* control : container.children()) {
+        controls.push_back(control);
+        if (const auto* inner = dynamic_cast<Container*>(control)) collect(*inner, controls);
+    }
+}
+
+std::vector<Control*> Form::allControls() {
+    std::vector<Control*> controls;
+    collect(*this, controls);
+    return controls;
+}
+
+Control* Form::find(const std::string& fullName) {
+    for (Control* control : allControls()) {
+        if (control->fullName() == fullName) return control;
+    }
+    return nullptr;
+}
+
+void Form::changed(Effect) {
+    if (window_) window_->update();
+}
+
+}  // namespace forms
