@@ -1,0 +1,69 @@
+#pragma once
+
+#include "core/module1.h"
+#include "forms/form.h"
+#include "tools/compile_panel.h"
+#include "tools/edit_panel.h"
+#include "tools/play_panel.h"
+#include "tools/spelling_panel.h"
+
+namespace console {
+
+/// The one main window: a tab strip with a panel for each tool, the menu and the status bar. It
+/// comes up from the state and the settings store, and its closing saves both and ends the program.
+class frmConsole : public forms::Form {
+  public:
+    frmConsole(forms::Application& application, core::Program& program);
+
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Form_KeyDown(int keyCode, int shift) override;
+
+  private:
+    void mnuFileExit_Click() { Unload(); }
+    void tbsOptions_Click();
+
+    void placeWindow();
+    void storePlace();
+    void fillFromState();
+    void storeToState();
+
+    core::Program& program_;
+    tools::CommandScript script_{program_.runtime};
+
+  public:
+    forms::MenuItem mnuFile{*this, {.name = "mnuFile", .caption = "&File"}};
+    forms::MenuItem mnuFileExit{
+        mnuFile,
+        {.name = "mnuFileExit", .caption = "E&xit", .event = [this] { mnuFileExit_Click(); }}};
+
+    // The captions carry the blanks that set the width of the tabs.
+    forms::TabStrip tbsOptions{
+        *this,
+        {.name = "tbsOptions",
+         .place = {120, 120, 6855, 6300},
+         .event = [this] { tbsOptions_Click(); }},
+        {{"  Edit  ", "edit an KELM source code file with a text editor program"},
+         {" Compile ", "Compile an KELM source code file into an KELM game"},
+         {"   Play   ", "Play and test a compiled KELM game"},
+         {"Spelling ", "Get all game text from an KELM source file for spell checking"}}};
+    // The panel of tab i is picOptions(i - 1).
+    forms::ControlArray<forms::PictureBox> picOptions{
+        *this,
+        "picOptions",
+        {{.index = 0, .place = {240, 720, 6645, 5295}},
+         {.index = 1, .place = {240, 720, 6720, 5482}},
+         {.index = 2, .place = {360, 720, 6645, 5325}},
+         {.index = 3, .place = {360, 720, 6720, 5535}}}};
+    tools::EditPanel edit{program_, picOptions(0)};
+    tools::CompilePanel compile{program_, script_, picOptions(1)};
+    tools::PlayPanel play{program_, script_, picOptions(2)};
+    tools::SpellingPanel spelling{program_, script_, picOptions(3)};
+
+    forms::StatusBar sbStatusBar{*this,
+                                 {.name = "sbStatusBar", .place = {0, 6540, 7080, 270}},
+                                 {forms::StatusBar::Panel::Text, forms::StatusBar::Panel::Date,
+                                  forms::StatusBar::Panel::Time}};
+};
+
+}  // namespace console

@@ -1,0 +1,31 @@
+#include "console/workbench.h"
+
+#include "console/frm_console.h"
+#include "docs/frm_splash.h"
+
+namespace console {
+
+Workbench::Workbench(core::Runtime& runtime, forms::Toolkit& toolkit)
+    : application_(toolkit,
+                   [&runtime](const std::string& text) {
+                       runtime.rtcMsgBox(text, core::Runtime::exclamation);
+                   }),
+      program_{runtime, application_, {}} {}
+
+void Workbench::start() {
+    application_.dispatch([this] {
+        core::Main(program_, [this] {
+            auto& splash = application_.load<docs::frmSplash>([this] { openConsole(); });
+            splash.Show();
+            splash.Refresh();
+        });
+    });
+}
+
+void Workbench::openConsole() {
+    auto& form = application_.load<frmConsole>(program_);
+    program_.state.ConsoleForm = &form;
+    form.Show();
+}
+
+}  // namespace console

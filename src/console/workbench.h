@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/module1.h"
+#include "forms/application.h"
+
+namespace console {
+
+/// The whole program above its platform: put together here once for all systems.
+class Workbench {
+  public:
+    /// Both must outlive the workbench.
+    Workbench(core::Runtime& runtime, forms::Toolkit& toolkit);
+
+    /// Runs Main. The toolkit's message loop does the rest, until Toolkit::quit.
+    void start();
+
+  private:
+    void openConsole();
+
+    forms::Application application_;
+    core::Program program_;
+};
+
+}  // namespace console

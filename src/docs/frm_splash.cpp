@@ -1,0 +1,23 @@
+#include "docs/frm_splash.h"
+
+namespace docs {
+
+frmSplash::frmSplash(forms::Application& application, std::function<void()> openConsole)
+    : Form(application, "frmSplash",
+           {.place = {0, 0, 7275, 4320}, .bare = true, .keyPreview = true, .background = 0x000080}),
+      openConsole_(std::move(openConsole)) {}
+
+void frmSplash::Form_Load() {
+    lblProductName.Caption = core::appTitle;
+}
+
+void frmSplash::Form_KeyPress(int) {
+    dismiss();
+}
+
+void frmSplash::dismiss() {
+    Unload();
+    openConsole_();
+}
+
+}  // namespace docs

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/runtime.h"
+
+/// The checks in front of a launch. Each tells the user what is missing.
+namespace tools {
+
+/// True if the path is set and names an ordinary file.
+bool exists(core::Runtime& runtime, const std::string& path);
+
+/// True if the program exists; else shows the path between the two texts.
+bool requireProgram(core::Runtime& runtime, std::string_view before, const std::string& path,
+                    std::string_view behind);
+
+/// As requireProgram, for the user's text editor.
+bool requireEditor(core::Runtime& runtime, const std::string& path);
+
+/// The source file with the given drive, folder and stem, under ".kel" or else ".kelm". If there
+/// is neither, tells so and gives the empty text.
+std::string requireSource(core::Runtime& runtime, const std::string& fileBase);
+
+}  // namespace tools

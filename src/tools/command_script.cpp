@@ -1,0 +1,55 @@
+#include "tools/command_script.h"
+
+#include "core/module1.h"
+#include "core/text.h"
+
+namespace tools {
+
+using core::crlf;
+using core::quoted;
+
+void CommandScript::SplitFileName(const std::string& fileText, forms::TextBox& box) {
+    const std::string_view drive = core::drivePart(fileText);
+    const std::string_view behindDrive = std::string_view(fileText).substr(drive.size());
+    const std::string_view fileName = core::afterLast(behindDrive, '\\');
+    const std::string_view folder = behindDrive.substr(0, behindDrive.size() - fileName.size());
+
+    std::string lines;
+    if (!drive.empty()) lines.append(drive).append(crlf);
+    if (!folder.empty()) lines.append("cd ").append(quoted(folder)).append(crlf);
+    box.Text = lines;
+
+    FileStem = core::beforeLast(fileName, '.');
+    FileBase = std::string(drive).append(folder).append(FileStem);
+}
+
+void CommandScript::ShortenStem(const std::string& fileText,
+                                std::initializer_list<std::string_view> extensions) {
+    constexpr std::size_t longestStem = 8;
+    if (core::length(FileStem) <= longestStem) return;
+
+    std::string shortPath = core::GetShortName(runtime_, fileText);
+    for (const std::string_view extension : extensions) {
+        if (!shortPath.empty()) break;
+        shortPath = core::GetShortName(runtime_, std::string(FileBase).append(extension));
+    }
+    std::string_view ShortStem = shortPath;
+    ShortStem.remove_prefix(core::drivePart(ShortStem).size());
+    FileStem = core::beforeLast(core::afterLast(ShortStem, '\\'), '.');
+}
+
+void CommandScript::RunCommandScript(const std::string& commandText, bool withTail,
+                                     int windowStyle) {
+    const std::string path = runtime_.AppPath() + "\\~kelmcon.bat";
+    runtime_.vbaFileOpen(path, core::Runtime::OpenMode::Output);
+    runtime_.vbaPrintFile(commandText);
+    if (withTail) {
+        for (const std::string command : {"pause", "exit"}) {
+            runtime_.vbaPrintFile(std::string(crlf) + command + std::string(crlf));
+        }
+    }
+    runtime_.vbaFileClose();
+    runtime_.rtcShell(quoted(path), windowStyle);
+}
+
+}  // namespace tools

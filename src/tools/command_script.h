@@ -1,0 +1,42 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "core/runtime.h"
+#include "forms/controls.h"
+
+namespace tools {
+
+/// What the three panels with a command script have in common: the split of the panel's file name
+/// into commands, and the script's way to disk and into its own console. One instance serves all
+/// three, so the fields describe the panel that was rebuilt last.
+class CommandScript {
+  public:
+    explicit CommandScript(core::Runtime& runtime) : runtime_(runtime) {}
+
+    /// The file name without drive, folder and extension, as it goes into the commands.
+    std::string FileStem;
+    /// Drive, folder and stem of the file, without extension, always with the long stem.
+    std::string FileBase;
+
+    /// Starts a command text: empties the box, writes the drive line and the "cd" line that the
+    /// file's folder asks for, and sets FileStem and FileBase.
+    void SplitFileName(const std::string& fileText, forms::TextBox& box);
+
+    /// Replaces a FileStem of more than 8 characters by its short form. Where the file text names
+    /// nothing on the disk, the extensions are tried in turn behind FileBase; FileStem becomes
+    /// empty if none of them names a file.
+    void ShortenStem(const std::string& fileText,
+                     std::initializer_list<std::string_view> extensions);
+
+    /// Writes the text to the script file and starts that. The tail keeps a console open that
+    /// would else close at once. Throws RuntimeError if the script cannot be written or started.
+    void RunCommandScript(const std::string& commandText, bool withTail, int windowStyle);
+
+  private:
+    core::Runtime& runtime_;
+};
+
+}  // namespace tools

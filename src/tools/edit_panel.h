@@ -1,0 +1,81 @@
+#pragma once
+
+#include <string>
+
+#include "core/module1.h"
+#include "forms/controls.h"
+#include "tools/panel.h"
+
+namespace tools {
+
+/// Opens a source file in the user's text editor or in Notepad. It has no command script: its one
+/// action is a direct launch.
+class EditPanel {
+  public:
+    EditPanel(core::Program& program, forms::Container& panel);
+
+    /// Fits the options to the paths that are set. Called when the panel comes into use.
+    void fitToPaths();
+
+  private:
+    void btnEdit_Click();
+    void chkHideE_Click();
+
+    core::Program& program_;
+    forms::Container& panel_;
+
+  public:
+    forms::Frame fraSample1{panel_, {.name = "fraSample1", .place = panel::whole}};
+    forms::Label Label4{
+        fraSample1,
+        {.name = "Label4", .caption = "KELM source code file", .place = panel::fileLabel}};
+    forms::TextBox txtFnameE{fraSample1,
+                             {.name = "txtFnameE",
+                              .text = "mygame.kel",
+                              .tooltip = "Name of source code file you wish to create or edit",
+                              .place = panel::fileText}};
+    forms::Button btnBrowseE{
+        fraSample1,
+        {.name = "btnBrowseE",
+         .caption = panel::browseCaption,
+         .tooltip = "open a file-browse dialog box to select desired source code file",
+         .place = panel::browseButton}};
+    forms::Button btnEdit{fraSample1,
+                          {.name = "btnEdit",
+                           .caption = "&Edit",
+                           .tooltip = "Open the specified file in text editor program",
+                           .place = panel::actionButton,
+                           .isDefault = true,
+                           .event = [this] { btnEdit_Click(); }}};
+    forms::CheckBox chkHideE{fraSample1,
+                             {.name = "chkHideE",
+                              .caption = panel::hideCaption,
+                              .tooltip = panel::hideTooltip,
+                              .place = panel::hideBox,
+                              .ticked = true,
+                              .event = [this] { chkHideE_Click(); }}};
+    forms::Line Line6{fraSample1, {.name = "Line6", .place = panel::rule}};
+
+    forms::Frame fraEditor{
+        fraSample1,
+        {.name = "fraEditor",
+         .caption = "Text Editor",
+         .tooltip = "Edit file with text editor program (if set in Settings) or Windows' Notepad "
+                    "editor",
+         .place = {panel::left, panel::optionsTop, panel::width, panel::frameHeight(2)},
+         .visible = false}};
+    forms::ControlArray<forms::OptionButton> optEditWith{
+        fraEditor,
+        "optEditWith",
+        {{.index = 0,
+          .caption = "&My Text Editor",
+          .tooltip = "edit the file with the text editor program specified in Settings",
+          .place = panel::row(0, panel::width),
+          .ticked = true},
+         {.index = 1,
+          .caption = "Windows &Notepad",
+          .tooltip = "Use Windows Notepad rather than editor specified in Settings",
+          .place = panel::row(1, panel::width)}}};
+};
+
+}  // namespace tools

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+#include "forms/controls.h"
+
+/// What the four panels share: the places of their common controls and the way of their hide
+/// boxes. All lengths are twips inside the panel. Every control that a user works lies within the
+/// window of a first start.
+namespace tools::panel {
+
+inline constexpr forms::Place whole{0, 0, 6120, 5250};
+inline constexpr int left = 120;
+inline constexpr int width = 5820;
+
+inline constexpr forms::Place fileLabel{left, 30, 3000, 225};
+inline constexpr forms::Place fileText{left, 270, 3990, 345};
+inline constexpr forms::Place browseButton{4200, 255, 840, 375};
+inline constexpr forms::Place actionButton{5100, 255, 840, 375};
+inline constexpr forms::Place hideBox{left, 690, 1800, 270};
+inline constexpr forms::Place rule{left, 1005, width, 15};
+
+// Never shown: the box only stores the command text.
+inline constexpr forms::Place commandLabel{left, 4545, 1800, 225};
+inline constexpr forms::Place commandText{left, 4770, width, 450};
+
+inline constexpr int optionsTop = 1095;
+inline constexpr int rowHeight = 270;
+
+/// Height of a frame with so many rows.
+constexpr int frameHeight(int rows) {
+    return 300 + rows * rowHeight;
+}
+
+/// Place of a row inside a frame of the given width, counted from 0.
+constexpr forms::Place row(int number, int frameWidth) {
+    return {120, 225 + number * rowHeight, frameWidth - 180, rowHeight};
+}
+
+inline constexpr const char* browseCaption = "&Browse";
+inline constexpr const char* hideCaption = "H&ide Options";
+inline constexpr const char* hideTooltip =
+    "Remove the options from view (but options remain as set)";
+
+/// A hide box takes the options out of view, without changing them, or brings them back. The
+/// command lines only ever go out of view.
+inline void applyHideBox(const forms::CheckBox& box, std::initializer_list<forms::Control*> options,
+                         std::initializer_list<forms::Control*> commandLines = {}) {
+    for (forms::Control* option : options)
+        option->Visible = box.Value == 0;
+    if (box.Value == 0) return;
+    for (forms::Control* line : commandLines)
+        line->Visible = false;
+}
+
+}  // namespace tools::panel

@@ -1,0 +1,129 @@
+#include "tools/spelling_panel.h"
+
+#include "core/text.h"
+#include "tools/checks.h"
+
+namespace tools {
+
+using core::quoted;
+using core::Runtime;
+
+namespace {
+
+// By index of optCodes and optParam.
+constexpr const char* codesOptions[] = {" -FF", " -FD", " -FR"};
+constexpr const char* paramOptions[] = {" -PC", " -PQ", " -PD", " -PR"};
+
+constexpr const char* overwriteHint =
+    "If you wish to overwrite it tick the 'Overwrite existing output file' option and then click "
+    "the Extract button again.";
+
+}  // namespace
+
+SpellingPanel::SpellingPanel(core::Program& program, CommandScript& script, forms::Container& panel)
+    : program_(program),
+      script_(script),
+      panel_(panel),
+      CodesOption(codesOptions[0]),
+      ParamOption(paramOptions[0]) {}
+
+void SpellingPanel::UpdateCmdlineS() {
+    const std::string& fileText = txtFnameS.Text;
+    const bool named = chkOutputfile.Value;
+    script_.SplitFileName(fileText, txtCmdlineS);
+    script_.ShortenStem(fileText, {".kel", ".kelm"});
+
+    txtCmdlineS.Text += quoted(program_.state.ExtractorPath) + " " + script_.FileStem +
+                        OverwriteOption + CodesOption + ParamOption + LineNumOption;
+    if (named) txtCmdlineS.Text += "  -OF" + txtFnameO.Text();
+    txtCmdlineS.Text += "\r\n";
+    if (chkAutoOpen.Value) {
+        const std::string output = named ? txtFnameO.Text() : script_.FileStem + ".txt";
+        txtCmdlineS.Text += quoted(program_.state.WordProcessorPath) + "  " + output + "\r\n";
+    }
+}
+
+void SpellingPanel::btnExtract_Click() {
+    Runtime& runtime = program_.runtime;
+    const core::AppState& state = program_.state;
+    UpdateCmdlineS();
+    if (!requireProgram(runtime, "KLex program ", state.ExtractorPath,
+                        " not found. Please check program location settings.")) {
+        return;
+    }
+    if (chkAutoOpen.Value &&
+        !requireProgram(runtime, "Wordprocessing program ", state.WordProcessorPath,
+                        " not found. Please change the program location in the Settings menu or "
+                        "just turn off 'open in wordprocessor' option on this panel.")) {
+        return;
+    }
+    if (requireSource(runtime, script_.FileBase).empty()) return;
+    if (!chkOverwrite.Value && !mayWriteOutput()) return;
+    script_.RunCommandScript(txtCmdlineS.Text, false, Runtime::normalFocus);
+}
+
+/// False, and the user told, if the output file exists already.
+bool SpellingPanel::mayWriteOutput() const {
+    const std::string output = chkOutputfile.Value ? txtFnameO.Text() : script_.FileBase + ".txt";
+    if (!exists(program_.runtime, output)) return true;
+    program_.runtime.rtcMsgBox("Output file " + quoted(output) + " exists. " + overwriteHint,
+                               Runtime::okOnly);
+    return false;
+}
+
+void SpellingPanel::fitToPaths() {
+    const bool hasWordProcessor = !program_.state.WordProcessorPath.empty();
+    chkAutoOpen.Enabled = hasWordProcessor;
+    if (!hasWordProcessor) chkAutoOpen.Value = 0;
+}
+
+void SpellingPanel::showDefaultName() {
+    lblDefname.Caption = "(Default= " + script_.FileStem + ".txt)";
+}
+
+void SpellingPanel::txtFnameS_Change() {
+    UpdateCmdlineS();
+    showDefaultName();
+}
+
+void SpellingPanel::chkOutputfile_Click() {
+    // FileStem may be that of another panel by now.
+    UpdateCmdlineS();
+    const bool named = chkOutputfile.Value;
+    btnBrowseO.Visible = named;
+    lblDefaultFilename.Visible = named;
+    txtFnameO.Visible = named;
+    lblDefname.Visible = !named;
+    if (!named) {
+        showDefaultName();
+    } else if (txtFnameO.Text().empty()) {
+        txtFnameO.Text = script_.FileStem + ".txt";
+    }
+}
+
+void SpellingPanel::chkOverwrite_Click() {
+    OverwriteOption = chkOverwrite.Value ? " -OO" : "";
+    UpdateCmdlineS();
+}
+
+void SpellingPanel::optCodes_Click(int index) {
+    CodesOption = codesOptions[index];
+    UpdateCmdlineS();
+}
+
+void SpellingPanel::optParam_Click(int index) {
+    ParamOption = paramOptions[index];
+    UpdateCmdlineS();
+}
+
+void SpellingPanel::chkLineNum_Click() {
+    LineNumOption = chkLineNum.Value ? " -NL" : "";
+    UpdateCmdlineS();
+}
+
+void SpellingPanel::chkHideS_Click() {
+    panel::applyHideBox(chkHideS, {&fraOutputFile, &fraCodes, &fraParam, &chkLineNum},
+                        {&lblCmdlineS, &txtCmdlineS});
+}
+
+}  // namespace tools
