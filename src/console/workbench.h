@@ -14,6 +14,8 @@ class Workbench {
     /// Runs Main. The toolkit's message loop does the rest, until Toolkit::quit.
     void start();
 
+    forms::Application& application() { return application_; }
+
   private:
     void openConsole();
 

@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "model.h"
+
+using namespace model;
+
+namespace {
+
+constexpr int tabKey = 9;
+constexpr int ctrl = forms::ctrlMask;
+constexpr int ctrlShift = forms::ctrlMask | forms::shiftMask;
+
+TEST(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefaults) {
+    FakeRuntime runtime;
+    FakeToolkit toolkit;
+    console::Workbench workbench(runtime, toolkit);
+    runtime.whileBoxIsOpen = [&] { EXPECT_EQ(workbench.application().Count(), 1); };
+    workbench.start();
+    ASSERT_EQ(runtime.boxes.size(), 1u);
+    auto& splash = dynamic_cast<docs::frmSplash&>(workbench.application().Forms(0));
+    EXPECT_EQ(splash.lblProductName.Caption(), "The Norvane Workbench");
+    splash.imgLogo.click();
+    splash.keyDown(112, 0);
+    EXPECT_EQ(&workbench.application().Forms(0), &splash);
+
+    splash.keyPress('x');
+    ASSERT_EQ(workbench.application().Count(), 1);
+    auto& form = dynamic_cast<console::frmConsole&>(workbench.application().Forms(0));
+    EXPECT_EQ(form.tbsOptions.SelectedItem, 1);
+    EXPECT_TRUE(form.play.optPlayer(1).Value);
+    EXPECT_EQ(form.compile.txtFname.Text(), "");
+    EXPECT_TRUE(form.spelling.fraCodes.Visible && form.edit.fraEditor.Visible);
+    EXPECT_EQ(form.Width, 6500);
+    EXPECT_FALSE(toolkit.ended);
+    form.mnuFileExit.click();
+    EXPECT_TRUE(toolkit.ended);
+}
+
+TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
+    Desk desk;
+    auto& state = desk.program.state;
+    state.EditFileName = "e.kel";
+    state.CompileFileName = "c.kel";
+    state.PlayFileName = "p.kcd";
+    state.ExtractFileName = "s.kel";
+    state.CompileHidden = 1;
+    state.PlayerChoice = 2;
+    state.StartTab = 3;
+    state.IncludeFolders = {"one", "two", "", "old"};
+    desk.runtime.settings = {{"MainLeft", "-1500"}, {"MainTop", "x"}, {"MainWidth", "7000.5"}};
+    auto& form = desk.open();
+    EXPECT_EQ((std::vector<int>{form.Left, form.Top, form.Width, form.Height}),
+              (std::vector<int>{-1500, 1000, 7000, 6500}));
+    EXPECT_EQ(form.compile.lstInclude.ListCount(), 2);
+    EXPECT_FALSE(form.compile.fraFormat.Visible);
+    EXPECT_TRUE(form.play.fraPlayer.Visible);
+    EXPECT_EQ(
+        form.compile.txtCmdline.Text(),
+        lines({"\"\" -Include \"\" -Include \"\" c -List -Height 0", "notepad c.lis", "exit"}));
+
+    form.play.txtFnameP.type("new.kcd");
+    form.play.optPlayer(0).click();
+    form.play.chkHideP.click();
+    form.keyDown(tabKey, ctrl);
+    form.moved({10, 20, 300, 400}, forms::WindowState::Normal);
+    form.close();
+    EXPECT_EQ(
+        desk.runtime.settings,
+        (std::map<std::string, std::string>{
+            {"MainLeft", "10"}, {"MainTop", "20"}, {"MainWidth", "300"}, {"MainHeight", "400"}}));
+    const std::string& saved = desk.runtime.files["c:\\nwb\\nwbw.ini"].text;
+    EXPECT_TRUE(saved.ends_with(lines({"e.kel", "c.kel", "new.kcd", "s.kel", " 0 ", " 1 ", " 1 ",
+                                       " 0 ", " 0 ", " 4 ", "one", "two"})))
+        << saved;
+}
+
+TEST(Console, AMinimisedWindowKeepsItsOldPlaceInTheStore) {
+    Desk desk;
+    auto& form = desk.open();
+    form.moved({-32000, -32000, 100, 100}, forms::WindowState::Minimised);
+    form.close();
+    EXPECT_TRUE(desk.runtime.settings.empty());
+}
+
+TEST(Console, TheTabsTurnByKeyboardAndPutTheirPanelInPlace) {
+    Desk desk;
+    auto& form = desk.open();
+    const struct {
+        int key, shift, tab;
+    } turns[] = {{tabKey, ctrl, 2},      {tabKey, ctrl | forms::altMask, 3},
+                 {tabKey, ctrl, 4},      {tabKey, ctrl, 1},
+                 {tabKey, ctrlShift, 4}, {tabKey, ctrlShift, 3},
+                 {tabKey, 0, 3},         {tabKey, forms::shiftMask, 3},
+                 {65, ctrl, 3}};
+    for (const auto& turn : turns) {
+        form.keyDown(turn.key, turn.shift);
+        EXPECT_EQ(form.tbsOptions.SelectedItem, turn.tab);
+        for (int i = 0; i < 4; ++i) {
+            EXPECT_EQ(form.picOptions(i).Left, i == turn.tab - 1 ? 210 : -20000);
+            EXPECT_EQ(form.picOptions(i).Enabled, i == turn.tab - 1);
+        }
+    }
+}
+
+TEST(Console, TheTabsFitTheOptionsToThePathsThatAreSet) {
+    Desk desk;
+    auto& state = desk.program.state;
+    state.EditorPath = "e.exe";
+    state.WordProcessorPath = "w.exe";
+    auto& form = desk.open();
+    form.tbsOptions.pick(2);
+    form.compile.optEditor(1).click();
+    state.EditorPath.clear();
+    state.WordProcessorPath.clear();
+    form.tbsOptions.pick(2);
+    EXPECT_TRUE(form.compile.optEditor(3).Value);
+    EXPECT_FALSE(form.compile.optEditor(1).Enabled);
+    EXPECT_NE(form.compile.txtCmdline.Text().find("notepad"), std::string::npos);
+    EXPECT_TRUE(form.edit.optEditWith(0).Enabled) << "not before its tab is selected";
+    form.tbsOptions.pick(4);
+    EXPECT_FALSE(form.spelling.chkAutoOpen.Enabled || form.spelling.chkAutoOpen.Value);
+    EXPECT_EQ(form.spelling.txtCmdlineS.Text().find(".txt"), std::string::npos);
+    state.EditorPath = "e.exe";
+    state.WordProcessorPath = "w.exe";
+    form.tbsOptions.pick(2);
+    form.tbsOptions.pick(4);
+    EXPECT_TRUE(form.compile.optEditor(1).Enabled && form.compile.optEditor(3).Value);
+    EXPECT_TRUE(form.spelling.chkAutoOpen.Enabled && !form.spelling.chkAutoOpen.Value);
+}
+
+}  // namespace

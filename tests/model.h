@@ -1,0 +1,179 @@
+#pragma once
+
+#include <deque>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "console/frm_console.h"
+#include "console/workbench.h"
+#include "core/field_reader.h"
+#include "core/runtime.h"
+#include "docs/frm_splash.h"
+#include "forms/form.h"
+
+/// The program without a window and without a disk, for the tests.
+namespace model {
+
+/// A platform held in memory. Keeps what the program did, answers as it is told, and can fail.
+class FakeRuntime : public core::Runtime {
+  public:
+    struct File {
+        std::string text;
+        int changed = 0;  ///< in seconds
+    };
+    struct Box {
+        std::string text;
+        int flags;
+        std::string title;
+        bool operator==(const Box&) const = default;
+    };
+
+    std::map<std::string, File> files;
+    std::map<std::string, std::string> shortNames;  ///< of paths that exist
+    std::map<std::string, std::string> settings;    ///< by key
+    std::vector<Box> boxes;
+    std::vector<std::string> shells;  ///< commands started, each behind its style and a blank
+    Answer answer = Answer::Yes;
+    std::function<void()> whileBoxIsOpen;
+    int calls = 0;    ///< file operations so far
+    int failAt = -1;  ///< the call of this number fails, counted from 1
+
+    std::string lastBox() const { return boxes.empty() ? "" : boxes.back().text; }
+
+    std::string AppPath() override { return "c:\\nwb"; }
+    std::string rtcDir(const std::string& path) override {
+        step("rtcDir");
+        return files.contains(path) ? path : "";
+    }
+    std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override {
+        step("rtcFileDateTime");
+        return std::chrono::system_clock::time_point(std::chrono::seconds(files.at(path).changed));
+    }
+    void vbaFileOpen(const std::string& path, OpenMode mode) override {
+        step("vbaFileOpen");
+        open_ = path;
+        if (mode == OpenMode::Output) files[path].text.clear();
+        reader_ = core::FieldReader(files.at(path).text);
+    }
+    void vbaFileClose() override { step("vbaFileClose"); }
+    std::string vbaInputFile() override {
+        step("vbaInputFile");
+        return reader_.next();
+    }
+    bool rtcEndOfFile() override { return reader_.atEnd(); }
+    void vbaPrintFile(const std::string& text) override {
+        step("vbaPrintFile");
+        files[open_].text += text + "\r\n";
+    }
+    void vbaFileFlush() override { step("vbaFileFlush"); }
+    void rtcKillFiles(const std::string& path) override {
+        step("rtcKillFiles");
+        files.erase(path);
+    }
+    void vbaNameFile(const std::string& from, const std::string& to) override {
+        step("vbaNameFile");
+        if (files.contains(to)) throw core::RuntimeError("File already exists");
+        files[to] = files.at(from);
+        files.erase(from);
+    }
+    Answer rtcMsgBox(const std::string& text, int flags, const std::string& title) override {
+        boxes.push_back({text, flags, title});
+        if (whileBoxIsOpen) whileBoxIsOpen();
+        return answer;
+    }
+    void rtcShell(const std::string& command, int style) override {
+        step("rtcShell");
+        shells.push_back(std::to_string(style) + " " + command);
+    }
+    std::string rtcGetSetting(const std::string&, const std::string&, const std::string& key,
+                              const std::string& byDefault) override {
+        return settings.contains(key) ? settings[key] : byDefault;
+    }
+    void rtcSaveSetting(const std::string&, const std::string&, const std::string& key,
+                        const std::string& value) override {
+        settings[key] = value;
+    }
+    std::string GetShortPathName(const std::string& path) override {
+        return shortNames.contains(path) ? shortNames[path] : "";
+    }
+
+  private:
+    void step(const std::string& operation) {
+        if (++calls == failAt) throw core::RuntimeError(operation + " failed");
+    }
+
+    std::string open_;
+    core::FieldReader reader_{""};
+};
+
+/// Windows that exist only by name. A modal form is worked by the next of the scripted users.
+class FakeToolkit : public forms::Toolkit {
+  public:
+    std::deque<std::function<void(forms::Form&)>> users;
+    std::string fileChosen;
+    forms::FileQuestion fileAsked;
+    bool ended = false;
+
+    void build(forms::Form& form) override {
+        form.attachWindow(std::make_unique<Window>(*this, form));
+    }
+    std::string chooseFile(forms::Form&, const forms::FileQuestion& question) override {
+        fileAsked = question;
+        return fileChosen;
+    }
+    void quit() override { ended = true; }
+
+  private:
+    class Window : public forms::WindowPeer {
+      public:
+        Window(FakeToolkit& toolkit, forms::Form& form) : toolkit_(toolkit), form_(form) {}
+        void show() override { form_.activate(); }
+        void showModal(forms::Form&) override {
+            form_.activate();
+            if (!toolkit_.users.empty()) {
+                const auto user = toolkit_.users.front();
+                toolkit_.users.pop_front();
+                user(form_);
+            }
+            form_.close();
+        }
+        void hide() override {}
+        void refresh() override {}
+        void update() override {}
+
+      private:
+        FakeToolkit& toolkit_;
+        forms::Form& form_;
+    };
+};
+
+/// A console as it stands after the start, with the state that the test sets beforehand.
+struct Desk {
+    FakeRuntime runtime;
+    FakeToolkit toolkit;
+    forms::Application application{
+        toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
+    core::Program program{runtime, application, {}};
+    console::frmConsole* form = nullptr;
+
+    console::frmConsole& open() {
+        application.dispatch([this] {
+            form = &application.load<console::frmConsole>(program);
+            program.state.ConsoleForm = form;
+            form->Show();
+        });
+        return *form;
+    }
+};
+
+/// A text of several lines, each ended by CRLF.
+inline std::string lines(const std::vector<std::string>& texts) {
+    std::string all;
+    for (const std::string& text : texts)
+        all += text + "\r\n";
+    return all;
+}
+
+}  // namespace model
