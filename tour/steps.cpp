@@ -1,0 +1,232 @@
+#include "steps.h"
+
+namespace tour {
+
+namespace {
+
+using Steps = std::vector<Step>;
+using Texts = std::vector<std::string>;
+
+const std::string console = "The Norvane Workbench";
+const std::string terminal = "xterm";
+const std::string games = "c:\\my games";
+const std::string cave = games + "\\cave";
+const std::string quest = games + "\\wizardquest";
+
+const std::string kelm = "c:\\kelm\\programs\\kelm.exe";
+const std::string krun = "c:\\kelm\\programs\\krun.exe";
+const std::string dosKrun = "c:\\kelm\\dos\\krun.exe";
+const std::string klex = "c:\\kelm\\programs\\klex.exe";
+const std::string editor = "c:\\kelm\\editor\\editor.exe";
+const std::string winword = "c:\\office\\winword.exe";
+const std::string notepad = "notepad";
+
+const std::string include = "c:\\kelm\\standard library";
+const std::string shortInclude = "c:\\kelm\\STANDA~1";
+
+const std::string caveTexts =
+    "You stand before a cave. A path leads down into the dark.\n"
+    "A brass lantern lies here.\n"
+    "The cave is cold and smells of rain.\n"
+    "You hear water, far below.\n";
+const std::string questTexts =
+    "The wizard looks up from his book. 'You are late,' he says.\n"
+    "Three doors lead out of the tower.\n";
+
+std::string quoted(const std::string& text) {
+    return '"' + text + '"';
+}
+
+Texts operator+(Texts first, const Texts& more) {
+    first.insert(first.end(), more.begin(), more.end());
+    return first;
+}
+
+Steps operator+(Steps first, const Steps& more) {
+    first.insert(first.end(), more.begin(), more.end());
+    return first;
+}
+
+/// Puts a text in the place of the one in the box that has the keys.
+Steps fill(const std::string& text) {
+    return {{"Select the old name", Press{"Ctrl+A"}}, {"Type " + text, Type{text}}};
+}
+
+Steps click(const std::string& caption, const std::string& control) {
+    return {{"Click " + caption, Click{control}}};
+}
+
+Steps press(const std::string& keys, const std::string& why) {
+    return {{"Press " + keys + ": " + why, Press{keys}}};
+}
+
+/// From the first option of a panel back to the box of the panel's file.
+Steps backToFile() {
+    Steps steps;
+    for (const char* place : {"the hide box", "the action button", "Browse", "the file's box"})
+        steps = steps + press("Shift+Tab", place);
+    return steps;
+}
+
+/// The editor has come up with the file; looks at how it was called and closes it.
+Steps seenInEditor(const std::string& program, const std::string& file,
+                   const std::string& argument) {
+    return {{"The editor comes up", Appear{file + " - Practice Editor"}},
+            {"It was called so", Call{program, games, {argument}}},
+            {"Close the editor", Close{}},
+            {"Go back to the console", Appear{console}}};
+}
+
+/// The script of a panel: its commands run in the folder of the games.
+Steps wrote(const Texts& commands, const Texts& tail = {""}) {
+    return {{"The script that was written",
+             Script{Texts{"c:", "cd \"\\my games\\\""} + commands + tail}}};
+}
+
+Steps wroteCompile(const std::string& options, const std::string& viewer) {
+    return wrote(
+        {quoted(kelm) + " -Include " + quoted(shortInclude) + " " + options + " -List -Height 0",
+         viewer, "exit"},
+        {"", "", "pause", "", "", "exit", ""});
+}
+
+Steps called(const std::string& program, const Texts& arguments, const Texts& input = {}) {
+    return {{"The tool was called so", Call{program, games, arguments, input}}};
+}
+
+Steps calledCompiler(const Texts& options) {
+    return called(kelm, Texts{"-Include", include} + options + Texts{"-List", "-Height", "0"});
+}
+
+Steps left(const std::string& file, const std::string& text) {
+    return {{"The file " + file + " was left", Left{file, text}}};
+}
+
+/// A box comes up and is answered by a key.
+Steps box(const std::string& title, const std::string& keys) {
+    return Steps{{"A box comes up", Appear{title}}} + press(keys, "the answer") +
+           Steps{{"The box goes", Vanish{}}, {"Go back to the console", Appear{console}}};
+}
+
+Scene start() {
+    return {"The start",
+            {{"The splash comes up", Appear{"nwbw"}},
+             {"Press a key, which sends it away", Press{"space"}},
+             {"The console comes up on the Compile tab", Appear{console}}}};
+}
+
+Scene compileByMouse() {
+    return {"Compile, with the mouse",
+            click("the file's box", "txtFname") + fill(cave + ".kel") + click("Debug", "chkDebug") +
+                click("Compile", "btnCompile") + calledCompiler({"cave", "-Debug"}) +
+                seenInEditor(notepad, "cave.lis", "cave.lis") +
+                wroteCompile("cave -Debug", "notepad cave.lis") + left(cave + ".kcd", caveTexts)};
+}
+
+Scene compileByKeyboard() {
+    const Steps commands =
+        wroteCompile("WIZARD~1 -Pack -Debug -Full", quoted(editor) + " WIZARD~1.lis");
+    const Steps call = calledCompiler({"wizardquest", "-Pack", "-Debug", "-Full"});
+    const Steps listing = seenInEditor(editor, "wizardquest.lis", "wizardquest.lis");
+    return {"Compile a name of more than eight letters, with the keyboard",
+            press("Alt+E", "the listing in my editor") + press("Tab", "the next option") +
+                press("space", "all of the source in the listing") + press("Alt+P", "packed") +
+                backToFile() + fill(games + "\\dragon.kel") +
+                press("Alt+C", "compile a file that is not there") + box(console, "Return") +
+                fill(quest + ".kel") + press("Alt+C", "compile") + call + listing + commands +
+                left(quest + ".kcd", questTexts) + press("Alt+C", "compile again") +
+                box("Game newer than Source", "Alt+Y") + call + listing};
+}
+
+Scene playByMouse() {
+    return {"Play, with the mouse",
+            press("Ctrl+Tab", "the next tab") + click("the file's box", "txtFnameP") +
+                fill(cave + ".kcd") + click("Trace", "chkTrace") +
+                click("Full Transcript", "optRecord(1)") + click("Play", "btnPlay") +
+                Steps{{"The player's terminal comes up", Appear{terminal}},
+                      {"Play a little", Type{"look\nquit\n"}},
+                      {"The terminal goes", Vanish{}},
+                      {"Go back to the console", Appear{console}}} +
+                called(krun, {"cave", "-t", "-L"}, {"look", "quit"}) +
+                wrote({quoted(krun) + " cave -t -L"}) + left(cave + ".log", "look\nquit\n")};
+}
+
+Scene playByKeyboard() {
+    return {"Replay with the MSDOS player, with the keyboard",
+            press("Alt+E", "no recording") + press("Alt+T", "no trace") + press("Alt+R", "replay") +
+                press("Tab", "the log's box") + fill("cave.log") +
+                press("Alt+M", "the MSDOS player") + backToFile() + fill(quest + ".kcd") +
+                press("Alt+P", "play") + called(dosKrun, {"wizardquest"}, {"look", "quit"}) +
+                wrote({quoted(dosKrun) + " WIZARD~1 < cave.log"})};
+}
+
+Scene spellingByMouse() {
+    return {"Spelling, with the mouse",
+            press("Ctrl+Tab", "the next tab") + click("the file's box", "txtFnameS") +
+                fill(quest + ".kel") + click("Remove codes", "optCodes(2)") +
+                click("Remove parameter codes", "optParam(3)") +
+                click("No line numbers", "chkLineNum") +
+                click("A name of my own", "chkOutputfile") +
+                click("the output's box", "txtFnameO") + fill("words.txt") +
+                click("Extract", "btnExtract") +
+                called(klex, {"wizardquest", "-FR", "-PR", "-NL", "-OFwords.txt"}) +
+                seenInEditor(winword, "words.txt", "words.txt") +
+                wrote({quoted(klex) + " WIZARD~1 -FR -PR -NL  -OFwords.txt",
+                       quoted(winword) + "  words.txt"}) +
+                left(games + "\\words.txt", questTexts)};
+}
+
+Scene spellingByKeyboard() {
+    return {
+        "Spelling, with the keyboard",
+        press("Alt+R", "format with the codes") + press("Alt+U", "upper case words") +
+            press("Alt+D", "line numbers again") + press("Alt+C", "the default name") +
+            backToFile() + fill(cave + ".kel") + press("Alt+E", "extract") +
+            called(klex, {"cave", "-FF", "-PC"}) + seenInEditor(winword, "cave.txt", "cave.txt") +
+            wrote({quoted(klex) + " cave -FF -PC", quoted(winword) + "  cave.txt"}) +
+            press("Alt+E", "extract again, over a file that is there") + box(console, "Return") +
+            press("Alt+O", "overwrite") + press("Alt+W", "no word processor") +
+            press("Alt+E", "extract") + called(klex, {"cave", "-OO", "-FF", "-PC"}) +
+            wrote({quoted(klex) + " cave -OO -FF -PC"})};
+}
+
+Scene editByMouse() {
+    return {"Edit, with the mouse", press("Ctrl+Tab", "round to the first tab") +
+                                        click("the file's box", "txtFnameE") +
+                                        fill(quest + ".kel") + click("Edit", "btnEdit") +
+                                        seenInEditor(editor, "wizardquest.kel", quest + ".kel")};
+}
+
+Scene editByKeyboard() {
+    return {"Edit with Notepad, with the keyboard",
+            press("Alt+N", "Notepad") + backToFile() + fill(cave + ".kel") +
+                press("Alt+E", "edit") + seenInEditor(notepad, "cave.kel", cave + ".kel")};
+}
+
+Scene end() {
+    return {"The end",
+            press("Alt+F", "the File menu") + press("X", "Exit") +
+                Steps{{"The program ends", End{}}} +
+                left("nwbw.ini", "'1.0 Norvane Workbench'\n" + kelm +
+                                     "\nc:\\kelm\\programs\\winkrun.exe\n" + krun + "\n" + dosKrun +
+                                     "\n" + klex + "\n" + editor + "\n" + winword + "\n\n\n\n\n\n" +
+                                     cave + ".kel\n" + quest + ".kel\n" + quest + ".kcd\n" + cave +
+                                     ".kel\n 0 \n 0 \n 0 \n 0 \n 2 \n 1 \n" + include + "\n")};
+}
+
+}  // namespace
+
+std::vector<Scene> scenes() {
+    return {start(),
+            compileByMouse(),
+            compileByKeyboard(),
+            playByMouse(),
+            playByKeyboard(),
+            spellingByMouse(),
+            spellingByKeyboard(),
+            editByMouse(),
+            editByKeyboard(),
+            end()};
+}
+
+}  // namespace tour
