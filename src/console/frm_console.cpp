@@ -42,7 +42,9 @@ frmConsole::frmConsole(forms::Application& application, core::Program& program)
             .sizable = true,
             .centred = false,
             .keyPreview = true}),
-      program_(program) {}
+      program_(program) {
+    connectFilePickers();
+}
 
 void frmConsole::Form_Load() {
     placeWindow();

@@ -23,6 +23,8 @@ class frmConsole : public forms::Form {
     void mnuFileExit_Click() { Unload(); }
     void tbsOptions_Click();
 
+    void connectFilePickers();
+
     void placeWindow();
     void storePlace();
     void fillFromState();
@@ -59,6 +61,9 @@ class frmConsole : public forms::Form {
     tools::CompilePanel compile{program_, script_, picOptions(1)};
     tools::PlayPanel play{program_, script_, picOptions(2)};
     tools::SpellingPanel spelling{program_, script_, picOptions(3)};
+
+    // Serves the file pickers of all panels.
+    forms::CommonDialog CommonDialog1{compile.fraSample2, {.name = "CommonDialog1"}};
 
     forms::StatusBar sbStatusBar{*this,
                                  {.name = "sbStatusBar", .place = {0, 6540, 7080, 270}},

@@ -88,6 +88,7 @@ class Application {
     std::function<void(const std::string&)> tellError_;
     std::vector<std::unique_ptr<Form>> open_;
     std::vector<std::unique_ptr<Form>> gone_;  ///< unloaded, while handlers of theirs may still run
+    Form* active_ = nullptr;                   ///< the form that the user works in
     int depth_ = 0;                            ///< handlers now running, one inside the other
 };
 

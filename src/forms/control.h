@@ -96,6 +96,10 @@ class Control {
     void attach(std::unique_ptr<Peer> peer) { peer_ = std::move(peer); }
     [[nodiscard]] Peer* peer() const { return peer_.get(); }
 
+    /// Gives the control its handler, where that belongs to another part of the program than the
+    /// control's definition.
+    void setHandler(std::function<void()> handler) { event_ = std::move(handler); }
+
     /// A user's click on the control, or its mnemonic.
     void click();
 

@@ -186,7 +186,8 @@ class MenuItem : public Container {
     void accept(ControlVisitor& visitor) override;
 };
 
-/// The system's dialog for choosing a file, which stays on a form unseen.
+/// The system's dialog for choosing a file, which stays on a form unseen and keeps its values
+/// between uses.
 class CommonDialog : public Control {
   public:
     CommonDialog(Container& parent, Definition definition)

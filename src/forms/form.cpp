@@ -31,6 +31,8 @@ void Form::Unload() {
 }
 
 void Form::activate() {
+    if (application_.active_ == this) return;
+    application_.active_ = this;
     act([this] { Form_Activate(); });
 }
 

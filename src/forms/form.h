@@ -54,6 +54,8 @@ class Form : public Container {
     virtual void Form_KeyPress(int /*keyAscii*/) {}
 
     // The entries for what a user does to the window.
+    /// The window has become active. Nothing happens where the user comes back to the same form
+    /// from a message or another program.
     void activate();
     void keyDown(int keyCode, int shift);
     void keyPress(int keyAscii);
