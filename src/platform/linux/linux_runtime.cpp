@@ -1,0 +1,219 @@
+#include "platform/linux/linux_runtime.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QSettings>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "core/module1.h"
+#include "core/text.h"
+#include "platform/linux/case_fold.h"
+#include "platform/linux/terminal.h"
+
+namespace platform {
+
+namespace fs = std::filesystem;
+using core::RuntimeError;
+
+namespace {
+
+[[noreturn]] void fail(const std::string& doing, const std::string& path,
+                       const std::string& reason) {
+    throw RuntimeError("Cannot " + doing + ' ' + path + ": " + reason);
+}
+
+[[noreturn]] void fail(const std::string& doing, const std::string& path) {
+    fail(doing, path, std::strerror(errno));
+}
+
+bool isOrdinaryFile(const std::string& host) {
+    struct stat state = {};
+    return stat(host.c_str(), &state) == 0 && S_ISREG(state.st_mode);
+}
+
+/// Renames unless the new name exists.
+bool renameToNew(const std::string& from, const std::string& to) {
+    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+    if (errno != EINVAL && errno != ENOSYS) return false;
+    // The file system cannot do both in one step.
+    struct stat state = {};
+    if (lstat(to.c_str(), &state) == 0) {
+        errno = EEXIST;
+        return false;
+    }
+    return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+/// Brings a folder's names to the disk itself, where its file system can.
+void flushFolderOf(const std::string& file) {
+    const std::string folder = fs::path(file).parent_path().string();
+    const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0) return;
+    fsync(handle);
+    close(handle);
+}
+
+QSettings settingsOf(const std::string& application) {
+    return {QSettings::IniFormat, QSettings::UserScope, "nwbw",
+            QString::fromStdString(application)};
+}
+
+QString settingsKey(const std::string& section, const std::string& key) {
+    return QString::fromStdString(section) + '/' + QString::fromStdString(key);
+}
+
+}  // namespace
+
+std::string folderOfProgram() {
+    std::error_code failed;
+    return fs::read_symlink("/proc/self/exe", failed).parent_path().string();
+}
+
+LinuxRuntime::LinuxRuntime(MessageBox messageBox, const std::string& programFolder)
+    : messageBox_(std::move(messageBox)),
+      programFolder_(programFolder),
+      appPath_(disk_.toWindows(programFolder)) {
+    if (appPath_.ends_with('\\')) appPath_.pop_back();
+}
+
+std::string LinuxRuntime::rtcDir(const std::string& path) {
+    if (path.find_first_of("*?") != std::string::npos) return "";
+    const std::string host = disk_.toHost(path);
+    if (host.empty() || path.ends_with('\\') || !isOrdinaryFile(host)) return "";
+    const std::string name = fs::path(host).filename().string();
+    return name.starts_with('.') ? "" : name;
+}
+
+std::string LinuxRuntime::hostPath(const std::string& doing, const std::string& path) {
+    std::string host = disk_.toHost(path);
+    if (host.empty()) fail(doing, path, "No such drive");
+    return host;
+}
+
+std::chrono::system_clock::time_point LinuxRuntime::rtcFileDateTime(const std::string& path) {
+    struct stat state = {};
+    if (stat(hostPath("find", path).c_str(), &state) != 0) fail("find", path);
+    const auto changed = std::chrono::seconds(state.st_mtim.tv_sec) +
+                         std::chrono::nanoseconds(state.st_mtim.tv_nsec);
+    return std::chrono::system_clock::time_point(changed);
+}
+
+void LinuxRuntime::vbaFileOpen(const std::string& path, OpenMode mode) {
+    vbaFileClose();
+    const std::string host = hostPath("open", path);
+    if (mode == OpenMode::Output) {
+        openForOutput(path, host);
+    } else {
+        openForInput(path, host);
+    }
+}
+
+void LinuxRuntime::openForOutput(const std::string& path, const std::string& host) {
+    // A link at this place would lead the output to a file of somebody else's choice.
+    const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
+    const int handle = open(host.c_str(), flags, 0666);
+    if (handle < 0) fail("open", path);
+    output_.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+    outputPath_ = path;
+}
+
+void LinuxRuntime::openForInput(const std::string& path, const std::string& host) {
+    QFile file(QFile::decodeName(host.c_str()));
+    if (!file.open(QIODevice::ReadOnly)) fail("open", path, file.errorString().toStdString());
+    std::string text = file.readAll().toStdString();
+    if (file.error() != QFileDevice::NoError) {
+        fail("read", path, file.errorString().toStdString());
+    }
+    input_ = core::FieldReader(std::move(text));
+}
+
+void LinuxRuntime::writeOut() {
+    if (output_.flush()) return;
+    const std::string reason = output_.errorString().toStdString();
+    output_.close();
+    fail("write", outputPath_, reason);
+}
+
+void LinuxRuntime::vbaFileClose() {
+    input_ = core::FieldReader("");
+    if (!output_.isOpen()) return;
+    writeOut();
+    output_.close();
+}
+
+void LinuxRuntime::vbaPrintFile(const std::string& text) {
+    if (!output_.isOpen()) throw RuntimeError("Cannot write: no file is open for output");
+    const std::string line = text + std::string(core::crlf);
+    if (output_.write(line.data(), static_cast<qint64>(line.size())) < 0) writeOut();
+}
+
+void LinuxRuntime::vbaFileFlush() {
+    if (!output_.isOpen()) return;
+    writeOut();
+    // A place that cannot be brought to a disk, such as a pipe, says so and needs none.
+    if (fsync(output_.handle()) != 0 && errno != EINVAL) fail("write", outputPath_);
+}
+
+void LinuxRuntime::rtcKillFiles(const std::string& path) {
+    if (unlink(hostPath("delete", path).c_str()) != 0) fail("delete", path);
+}
+
+void LinuxRuntime::vbaNameFile(const std::string& from, const std::string& to) {
+    const std::string hostTo = hostPath("rename to", to);
+    if (!renameToNew(hostPath("rename", from), hostTo)) fail("rename " + from + " to", to);
+    flushFolderOf(hostTo);
+}
+
+core::Runtime::Answer LinuxRuntime::rtcMsgBox(const std::string& text, int flags,
+                                              const std::string& title) {
+    return messageBox_(text, flags, title.empty() ? core::appTitle : title);
+}
+
+void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
+    const CommandLine line(command);
+    const bool maximised = windowStyle == maximisedFocus;
+    const std::string program = line.words.empty() ? "" : line.words.front();
+    if (caseFolded(program).ends_with(".bat")) {
+        startScript(program, maximised);
+        return;
+    }
+    const Invocation invocation = launcher_.prepare(line);
+    startDetached(invocation.inTerminal ? inTerminal(invocation.words, maximised) : invocation);
+}
+
+void LinuxRuntime::startScript(const std::string& path, bool maximised) {
+    const std::string script = hostPath("start", path);
+    if (!isOrdinaryFile(script)) fail("start", path, "there is no such file");
+    const std::string interpreter = programFolder_ + "/nwbw-batch";
+    if (access(interpreter.c_str(), X_OK) != 0) {
+        fail("start", path, "the program nwbw-batch is missing in " + programFolder_);
+    }
+    const std::string folder = currentFolder();
+    startDetached(inTerminal({interpreter, script, folder.empty() ? "/" : folder}, maximised));
+}
+
+std::string LinuxRuntime::rtcGetSetting(const std::string& application, const std::string& section,
+                                        const std::string& key, const std::string& byDefault) {
+    return settingsOf(application)
+        .value(settingsKey(section, key), QString::fromStdString(byDefault))
+        .toString()
+        .toStdString();
+}
+
+void LinuxRuntime::rtcSaveSetting(const std::string& application, const std::string& section,
+                                  const std::string& key, const std::string& value) {
+    QSettings settings = settingsOf(application);
+    settings.setValue(settingsKey(section, key), QString::fromStdString(value));
+    settings.sync();
+    if (settings.status() != QSettings::NoError) {
+        fail("write", settings.fileName().toStdString(), "the settings could not be stored");
+    }
+}
+
+}  // namespace platform

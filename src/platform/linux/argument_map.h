@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/linux/windows_disk.h"
+
+namespace platform {
+
+/// Turns the arguments of a program into names that it understands.
+class ArgumentMap {
+  public:
+    explicit ArgumentMap(WindowsDisk& disk) : disk_(disk) {}
+
+    /// For a program of the host: Windows paths become the host's, short names and names in the
+    /// wrong case become those on the disk. An option's joined path ("-OFd:\words.txt") counts.
+    void toHost(std::vector<std::string>& arguments);
+    /// For a Windows program: paths and names stay Windows', short ones become long ones, since
+    /// nobody else knows our short names.
+    void toLongNames(std::vector<std::string>& arguments);
+
+  private:
+    enum class Target { Host, Windows };
+    void map(std::vector<std::string>& arguments, Target target);
+    std::string word(const std::string& word, Target target, bool mayBeValue);
+    std::string option(const std::string& word, Target target);
+    std::string path(const std::string& path, Target target);
+    bool isJoinedPath(std::string_view text);
+
+    WindowsDisk& disk_;
+};
+
+}  // namespace platform

@@ -1,0 +1,135 @@
+#include "platform/linux/batch_interpreter.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <istream>
+#include <system_error>
+
+#include "core/runtime.h"
+#include "core/text.h"
+#include "platform/linux/case_fold.h"
+
+namespace platform {
+
+namespace {
+
+/// Safe to show: a name must not steer the terminal.
+std::string shown(std::string text) {
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; };
+    std::replace_if(text.begin(), text.end(), isControl, '?');
+    return text;
+}
+
+[[noreturn]] void refuse(const std::string& folder, const std::string& reason) {
+    throw core::RuntimeError("Cannot change to " + folder + ": " + reason +
+                             ". The script ends here, so that nothing runs in a wrong folder.");
+}
+
+void enter(const std::string& hostFolder, const std::string& name) {
+    if (hostFolder.empty()) refuse(name, "No such drive");
+    if (chdir(hostFolder.c_str()) != 0) refuse(name, std::strerror(errno));
+}
+
+}  // namespace
+
+bool BatchInterpreter::run(std::string_view script) {
+    failed_ = false;
+    for (const BatchLine& line : parseBatch(script)) {
+        echo(line.text);
+        try {
+            if (carryOut(line) == Next::Stop) break;
+        } catch (const core::RuntimeError& error) {
+            tell(error.what());
+            break;
+        }
+    }
+    return !failed_;
+}
+
+BatchInterpreter::Next BatchInterpreter::carryOut(const BatchLine& line) {
+    std::string answer;
+    switch (line.kind) {
+        case BatchLine::Kind::Drive:
+            changeDrive(line.text);
+            return Next::GoOn;
+        case BatchLine::Kind::ChangeFolder:
+            changeFolder(line.folder);
+            return Next::GoOn;
+        case BatchLine::Kind::Pause:
+            out_ << "Press Enter to continue . . . " << std::flush;
+            std::getline(in_, answer);
+            return Next::GoOn;
+        case BatchLine::Kind::Exit:
+            return Next::Stop;
+        case BatchLine::Kind::Command:
+            return runCommand(line.text);
+    }
+    return Next::Stop;
+}
+
+std::string BatchInterpreter::currentDrive() {
+    return disk_.drives().placeOf(currentFolder()).drive;
+}
+
+void BatchInterpreter::changeDrive(const std::string& drive) {
+    const std::string now = currentDrive();
+    if (sameButForCase(now, drive)) return;
+    const auto left = folders_.find(caseFolded(drive));
+    const std::string folder = left == folders_.end() ? disk_.toHost(drive + '\\') : left->second;
+    const std::string leaving = currentFolder() + '/';
+    enter(folder, drive);
+    folders_[caseFolded(now)] = leaving;
+}
+
+void BatchInterpreter::changeFolder(const std::string& path) {
+    const std::string host = disk_.toHost(path);
+    const std::string drive = caseFolded(core::drivePart(path));
+    if (drive.empty() || drive == currentDrive()) return enter(host, path);
+    // Another drive's folder counts from the next line that goes to that drive.
+    std::error_code failed;
+    if (!std::filesystem::is_directory(host, failed)) refuse(path, "No such folder");
+    folders_[drive] = host;
+}
+
+std::string BatchInterpreter::inputFile(const CommandLine& command) {
+    if (!command.input) return "";
+    if (command.input->empty()) {
+        throw core::RuntimeError("The command was not run: no file is named behind \"<\".");
+    }
+    std::string file = disk_.toHost(*command.input);
+    if (!file.empty() && access(file.c_str(), R_OK) == 0) return file;
+    const std::string reason = file.empty() ? "No such drive" : std::strerror(errno);
+    throw core::RuntimeError("The command was not run: cannot read " + *command.input + ": " +
+                             reason + '.');
+}
+
+BatchInterpreter::Next BatchInterpreter::runCommand(const std::string& text) {
+    const CommandLine command(text);
+    try {
+        const Invocation invocation = launcher_.prepare(command);
+        const std::string input = inputFile(command);
+        if (runToEnd(invocation, input) == Ending::ByItself) return Next::GoOn;
+    } catch (const core::RuntimeError& error) {
+        tell(error.what());
+        return Next::GoOn;
+    }
+    tell("Interrupted.");
+    return Next::Stop;
+}
+
+void BatchInterpreter::echo(const std::string& line) {
+    std::string folder = disk_.toWindows(currentFolder());
+    if (!folder.empty() && isLetter(folder.front())) folder.front() &= ~0x20;  // upper case
+    out_ << '\n' << shown(folder) << '>' << shown(line) << std::endl;
+}
+
+void BatchInterpreter::tell(const std::string& message) {
+    failed_ = true;
+    out_ << shown(message) << std::endl;
+}
+
+}  // namespace platform

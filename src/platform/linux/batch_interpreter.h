@@ -1,0 +1,45 @@
+#pragma once
+
+#include <map>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "platform/linux/batch_script.h"
+#include "platform/linux/launcher.h"
+#include "platform/linux/windows_disk.h"
+
+namespace platform {
+
+/// Runs batch scripts: drive lines, "cd", commands, "pause" and "exit". No shell is ever involved.
+class BatchInterpreter {
+  public:
+    /// Echoes the lines and tells what goes wrong on out; "pause" reads a line from in.
+    BatchInterpreter(WindowsDisk& disk, std::istream& in, std::ostream& out)
+        : disk_(disk), launcher_(disk), in_(in), out_(out) {}
+
+    /// Runs the script from the current folder of the process. True if every line could be carried
+    /// out; how the programs themselves fared does not count.
+    bool run(std::string_view script);
+
+  private:
+    enum class Next { GoOn, Stop };
+    Next carryOut(const BatchLine& line);
+    void changeDrive(const std::string& drive);
+    void changeFolder(const std::string& path);
+    Next runCommand(const std::string& text);
+    std::string inputFile(const CommandLine& command);
+    void echo(const std::string& line);
+    void tell(const std::string& message);
+    std::string currentDrive();
+
+    WindowsDisk& disk_;
+    Launcher launcher_;
+    std::istream& in_;
+    std::ostream& out_;
+    std::map<std::string, std::string>
+        folders_;  ///< current folders of other drives, as host paths
+    bool failed_ = false;
+};
+
+}  // namespace platform

@@ -1,0 +1,124 @@
+#include "platform/linux/desktop_entry.h"
+
+#include <QFile>
+#include <QStandardPaths>
+#include <QStringList>
+#include <QTextStream>
+#include <QUrl>
+
+namespace platform {
+
+namespace {
+
+/// The value of a key in a group of a desktop file; empty if there is none.
+QString valueIn(const QString& path, const QString& group, const QString& key) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    bool inGroup = false;
+    QTextStream lines(&file);
+    for (QString line; lines.readLineInto(&line);) {
+        line = line.trimmed();
+        if (line.startsWith('[')) inGroup = line == '[' + group + ']';
+        const auto equals = line.indexOf('=');
+        if (inGroup && equals > 0 && line.left(equals).trimmed() == key)
+            return line.mid(equals + 1).trimmed();
+    }
+    return {};
+}
+
+/// The files that may name the default program, the most important first.
+QStringList defaultsFiles() {
+    QStringList names;
+    const auto desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").toLower();
+    for (const QString& desktop : desktops.split(':', Qt::SkipEmptyParts))
+        names.append(desktop + "-mimeapps.list");
+    names.append("mimeapps.list");
+
+    const auto config = QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation);
+    const auto data = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    QStringList files;
+    for (const QString& folder : config)
+        for (const QString& name : names)
+            files.append(folder + '/' + name);
+    for (const QString& folder : data)
+        for (const QString& name : names)
+            files.append(folder + "/applications/" + name);
+    return files;
+}
+
+std::optional<Invocation> programOf(const QString& entryFile, const std::string& file) {
+    const QString group = "Desktop Entry";
+    if (valueIn(entryFile, group, "Hidden") == "true") return {};
+    Invocation program;
+    program.words = execWords(valueIn(entryFile, group, "Exec").toStdString(), file);
+    program.inTerminal = valueIn(entryFile, group, "Terminal") == "true";
+    if (program.words.empty()) return {};
+    program.words[0] = onSearchPath(program.words[0]);
+    if (program.words[0].empty()) return {};
+    return program;
+}
+
+/// Parts an Exec line at its blanks; in double quotes a backslash takes the next character as it
+/// is.
+std::vector<std::string> partsOf(const std::string& exec) {
+    std::vector<std::string> parts;
+    bool inQuotes = false;
+    bool inPart = false;
+    for (std::size_t at = 0; at < exec.size(); ++at) {
+        const char c = exec[at];
+        if (c == ' ' && !inQuotes) {
+            inPart = false;
+            continue;
+        }
+        if (!inPart) parts.emplace_back();
+        inPart = true;
+        if (c == '"') {
+            inQuotes = !inQuotes;
+        } else if (c == '\\' && inQuotes && at + 1 < exec.size()) {
+            parts.back() += exec[++at];
+        } else {
+            parts.back() += c;
+        }
+    }
+    return parts;
+}
+
+}  // namespace
+
+std::string onSearchPath(const std::string& name) {
+    return QStandardPaths::findExecutable(QString::fromStdString(name)).toStdString();
+}
+
+std::vector<std::string> execWords(const std::string& exec, const std::string& file) {
+    const std::string url =
+        QUrl::fromLocalFile(QString::fromStdString(file)).toEncoded().toStdString();
+    std::vector<std::string> words;
+    bool fileNamed = false;
+    for (const std::string& part : partsOf(exec)) {
+        const bool asFile = part == "%f" || part == "%F";
+        if (asFile || part == "%u" || part == "%U") {
+            if (!file.empty()) words.push_back(asFile ? file : url);
+            fileNamed = true;
+        } else if (part == "%%") {
+            words.emplace_back("%");
+        } else if (part.size() != 2 || part[0] != '%') {  // other codes are of no use here
+            words.push_back(part);
+        }
+    }
+    if (!fileNamed && !file.empty() && !words.empty()) words.push_back(file);
+    return words;
+}
+
+std::optional<Invocation> defaultProgram(const std::string& mimeType, const std::string& file) {
+    const auto type = QString::fromStdString(mimeType);
+    for (const QString& list : defaultsFiles()) {
+        const auto entries = valueIn(list, "Default Applications", type);
+        for (const QString& entry : entries.split(';', Qt::SkipEmptyParts)) {
+            const auto found = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, entry);
+            if (auto program = programOf(found, file)) return program;
+        }
+    }
+    return {};
+}
+
+}  // namespace platform

@@ -1,0 +1,122 @@
+#include "platform/linux/invocation.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <memory>
+#include <thread>
+
+#include "core/runtime.h"
+
+namespace platform {
+
+namespace {
+
+class SpawnSetup {
+  public:
+    SpawnSetup() {
+        posix_spawn_file_actions_init(&files);
+        posix_spawnattr_init(&attributes);
+    }
+    ~SpawnSetup() {
+        posix_spawn_file_actions_destroy(&files);
+        posix_spawnattr_destroy(&attributes);
+    }
+    SpawnSetup(const SpawnSetup&) = delete;
+    SpawnSetup& operator=(const SpawnSetup&) = delete;
+
+    void readFrom(const std::string& file) {
+        posix_spawn_file_actions_addopen(&files, STDIN_FILENO, file.c_str(), O_RDONLY, 0);
+    }
+    void ownSession() { posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID); }
+
+    posix_spawn_file_actions_t files;
+    posix_spawnattr_t attributes;
+};
+
+/// The texts as the null-ended array of pointers that the system asks for.
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+std::vector<std::string> environmentOf(const Invocation& invocation) {
+    constexpr std::string_view variable = "WINEPREFIX=";
+    std::vector<std::string> result;
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        const bool replaced = std::string_view(*entry).starts_with(variable);
+        if (!replaced || invocation.winePrefix.empty()) result.emplace_back(*entry);
+    }
+    if (!invocation.winePrefix.empty())
+        result.push_back(std::string(variable) + invocation.winePrefix);
+    return result;
+}
+
+pid_t spawn(const Invocation& invocation, const SpawnSetup& setup) {
+    std::vector<std::string> words = invocation.words;
+    std::vector<std::string> environment = environmentOf(invocation);
+    pid_t process = 0;
+    const int error = posix_spawn(&process, words.front().c_str(), &setup.files, &setup.attributes,
+                                  pointersTo(words).data(), pointersTo(environment).data());
+    if (error != 0) {
+        throw core::RuntimeError("Cannot start " + words.front() + ": " + std::strerror(error));
+    }
+    return process;
+}
+
+/// Leaves the keyboard's signals to the program in the foreground. An empty handler does what is
+/// meant, since it does not reach into the program that is started, as ignoring would.
+class KeyboardSignalsAside {
+  public:
+    KeyboardSignalsAside() {
+        struct sigaction aside = {};
+        aside.sa_handler = [](int) {};
+        sigaction(SIGINT, &aside, &interrupt_);
+        sigaction(SIGQUIT, &aside, &quit_);
+    }
+    ~KeyboardSignalsAside() {
+        sigaction(SIGINT, &interrupt_, nullptr);
+        sigaction(SIGQUIT, &quit_, nullptr);
+    }
+    KeyboardSignalsAside(const KeyboardSignalsAside&) = delete;
+    KeyboardSignalsAside& operator=(const KeyboardSignalsAside&) = delete;
+
+  private:
+    struct sigaction interrupt_ = {};
+    struct sigaction quit_ = {};
+};
+
+int waitFor(pid_t process) {
+    int status = 0;
+    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+    }
+    return status;
+}
+
+}  // namespace
+
+void startDetached(const Invocation& invocation) {
+    SpawnSetup setup;
+    setup.readFrom("/dev/null");
+    setup.ownSession();
+    std::thread(waitFor, spawn(invocation, setup)).detach();  // leaves no dead process behind
+}
+
+Ending runToEnd(const Invocation& invocation, const std::string& inputFile) {
+    SpawnSetup setup;
+    if (!inputFile.empty()) setup.readFrom(inputFile);
+    const KeyboardSignalsAside aside;
+    const int status = waitFor(spawn(invocation, setup));
+    const bool interrupted = WIFSIGNALED(status) && WTERMSIG(status) == SIGINT;
+    return interrupted ? Ending::Interrupted : Ending::ByItself;
+}
+
+}  // namespace platform

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QFile>
+#include <functional>
+#include <string>
+
+#include "core/field_reader.h"
+#include "core/runtime.h"
+#include "platform/linux/launcher.h"
+#include "platform/linux/windows_disk.h"
+
+namespace platform {
+
+/// The host's path of the folder that holds the running program.
+std::string folderOfProgram();
+
+/// What the program asks of its platform, on Linux.
+class LinuxRuntime : public core::Runtime {
+  public:
+    /// Shows a modal box; its title is never empty.
+    using MessageBox =
+        std::function<Answer(const std::string& text, int flags, const std::string& title)>;
+
+    /// programFolder is the host's path of the folder that holds nwbw and nwbw-batch.
+    explicit LinuxRuntime(MessageBox messageBox,
+                          const std::string& programFolder = folderOfProgram());
+
+    std::string AppPath() override { return appPath_; }
+
+    std::string rtcDir(const std::string& path) override;
+    std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override;
+
+    void vbaFileOpen(const std::string& path, OpenMode mode) override;
+    void vbaFileClose() override;
+    std::string vbaInputFile() override { return input_.next(); }
+    bool rtcEndOfFile() override { return input_.atEnd(); }
+    void vbaPrintFile(const std::string& text) override;
+    void vbaFileFlush() override;
+    void rtcKillFiles(const std::string& path) override;
+    void vbaNameFile(const std::string& from, const std::string& to) override;
+
+    Answer rtcMsgBox(const std::string& text, int flags, const std::string& title) override;
+    void rtcShell(const std::string& command, int windowStyle) override;
+
+    std::string rtcGetSetting(const std::string& application, const std::string& section,
+                              const std::string& key, const std::string& byDefault) override;
+    void rtcSaveSetting(const std::string& application, const std::string& section,
+                        const std::string& key, const std::string& value) override;
+
+    std::string GetShortPathName(const std::string& path) override { return disk_.shortPath(path); }
+
+    /// The disk behind the paths, for file dialogs that show the host's own.
+    WindowsDisk& disk() { return disk_; }
+
+  private:
+    std::string hostPath(const std::string& doing, const std::string& path);
+    void openForOutput(const std::string& path, const std::string& host);
+    void openForInput(const std::string& path, const std::string& host);
+    void writeOut();
+    void startScript(const std::string& path, bool maximised);
+
+    WindowsDisk disk_{Drives::ofUser()};
+    Launcher launcher_{disk_};
+    MessageBox messageBox_;
+    std::string programFolder_;
+    std::string appPath_;
+    core::FieldReader input_{""};
+    QFile output_;
+    std::string outputPath_;
+};
+
+}  // namespace platform

@@ -1,0 +1,44 @@
+#include "platform/linux/text_editor.h"
+
+#include <cstdlib>
+#include <optional>
+
+#include "core/runtime.h"
+#include "platform/linux/command_line.h"
+#include "platform/linux/desktop_entry.h"
+
+namespace platform {
+
+namespace {
+
+constexpr const char* editorsWithWindows[] = {
+    "gnome-text-editor", "gedit",   "kate",    "kwrite", "mousepad", "xed", "pluma",
+    "featherpad",        "l3afpad", "leafpad",
+};
+
+/// The editor whose command is the text; it may bring arguments of its own.
+std::optional<Invocation> editor(const char* command, const std::string& file, bool inTerminal) {
+    Invocation program;
+    program.words = CommandLine(command).words;
+    program.inTerminal = inTerminal;
+    if (program.words.empty()) return {};
+    program.words[0] = onSearchPath(program.words[0]);
+    if (program.words[0].empty()) return {};
+    if (!file.empty()) program.words.push_back(file);
+    return program;
+}
+
+}  // namespace
+
+Invocation textEditor(const std::string& file) {
+    if (auto program = defaultProgram("text/plain", file)) return *program;
+    for (const char* name : editorsWithWindows)
+        if (auto program = editor(name, file, false)) return *program;
+    for (const char* command : {std::getenv("VISUAL"), std::getenv("EDITOR"), "editor"}) {
+        if (command == nullptr) continue;
+        if (auto program = editor(command, file, true)) return *program;
+    }
+    throw core::RuntimeError("No text editor was found.");
+}
+
+}  // namespace platform
