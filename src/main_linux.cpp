@@ -1,0 +1,22 @@
+#include <QApplication>
+
+#include "console/workbench.h"
+#include "platform/linux/linux_runtime.h"
+#include "platform/qt/message_box.h"
+#include "platform/qt/qt_toolkit.h"
+
+/// The program on Linux: the desktop with drives, and Qt's windows.
+int main(int argc, char** argv) {
+    QApplication qt(argc, argv);
+    QApplication::setApplicationName("nwbw");
+    QApplication::setApplicationDisplayName(core::appTitle);
+    QApplication::setQuitOnLastWindowClosed(false);  // the last form ends the program
+
+    platform::LinuxRuntime runtime(qt::messageBox);
+    qt::QtToolkit toolkit(
+        [&](const std::string& path) { return runtime.disk().toHost(path); },
+        [&](const std::string& path) { return runtime.disk().toWindows(path); });
+    console::Workbench workbench(runtime, toolkit);
+    workbench.start();
+    return QApplication::exec();
+}
