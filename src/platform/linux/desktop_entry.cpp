@@ -115,6 +115,7 @@ std::optional<Invocation> defaultProgram(const std::string& mimeType, const std:
         const auto entries = valueIn(list, "Default Applications", type);
         for (const QString& entry : entries.split(';', Qt::SkipEmptyParts)) {
             const auto found = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, entry);
+            if (found.isEmpty()) continue;
             if (auto program = programOf(found, file)) return program;
         }
     }

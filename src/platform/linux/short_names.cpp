@@ -88,11 +88,11 @@ class StemNumbers {
 
     std::string next(std::string_view longStem) {
         std::string base = squeezed(longStem).substr(0, longestBase);
-        if (base.empty()) base = "_";
+        if (base.empty()) base += '_';
         int& number = last_[base];
         std::string stem;
         do {
-            const std::string ending = std::string("~").append(std::to_string(++number));
+            const std::string ending = '~' + std::to_string(++number);
             stem = base.substr(0, longestStem - ending.size()) + ending;
         } while (!taken_.insert(caseFolded(stem)).second);
         return stem;

@@ -34,7 +34,8 @@ Invocation textEditor(const std::string& file) {
     if (auto program = defaultProgram("text/plain", file)) return *program;
     for (const char* name : editorsWithWindows)
         if (auto program = editor(name, file, false)) return *program;
-    for (const char* command : {std::getenv("VISUAL"), std::getenv("EDITOR"), "editor"}) {
+    const char* const commands[] = {std::getenv("VISUAL"), std::getenv("EDITOR"), "editor"};
+    for (const char* command : commands) {
         if (command == nullptr) continue;
         if (auto program = editor(command, file, true)) return *program;
     }

@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <sstream>
+#include <thread>
+
+#include "linux_desktop.h"
+#include "platform/linux/batch_interpreter.h"
+#include "platform/linux/linux_runtime.h"
+
+using namespace platform;
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+class Batch : public LinuxDesktop {
+  protected:
+    Batch() {
+        setenv("NWBW_ECHO", (home / "echo").c_str(), 1);
+        setenv("PATH", (home / "bin").c_str(), 1);
+        fs::create_directories(c / "kelm");
+        fs::copy_file(NWBW_ECHO_CHILD, c / "kelm/tool.exe");
+        fs::create_directories(home / "bin");
+    }
+    ~Batch() override { setenv("PATH", path.c_str(), 1); }
+
+    bool run(const std::string& script) {
+        std::istringstream in;
+        std::ostringstream out;
+        WindowsDisk disk(Drives::ofUser());
+        const bool done = BatchInterpreter(disk, in, out).run(script);
+        shown = out.str();
+        return done;
+    }
+    [[nodiscard]] std::string echoed() const { return contentOf(home / "echo"); }
+    /// What a program started apart has echoed, once it has.
+    [[nodiscard]] std::string echoedLater() const {
+        for (int tries = 0; tries < 500 && !echoed().ends_with('\n'); ++tries)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return echoed();
+    }
+
+    const std::string path = std::getenv("PATH");
+    const std::string tool = "\"c:\\kelm\\tool.exe\" ";
+    std::string shown;
+};
+
+}  // namespace
+
+TEST(CommandLine, PartsWords) {
+    const std::tuple<const char*, Words, const char*, const char*> cases[] = {
+        {"\"c:\\my tools\\k.exe\" cave -Pack",
+         {"c:\\my tools\\k.exe", "cave", "-Pack"},
+         nullptr,
+         "cave -Pack"},
+        {"k -OF\"a b\".txt  \"\" x", {"k", "-OFa b.txt", "", "x"}, nullptr, "-OFa b.txt   x"},
+        {"k cave<walk.log -d", {"k", "cave", "-d"}, "walk.log", "cave<walk.log -d"},
+        {"k < \"my walk.log\"", {"k"}, "my walk.log", "< my walk.log"},
+        {"k \"<\" a&b|c>d%e%^f", {"k", "<", "a&b|c>d%e%^f"}, nullptr, "< a&b|c>d%e%^f"},
+        {"k <", {"k"}, "", "<"},
+        {"notepad  c:\\my games\\cave.kel ",
+         {"notepad", "c:\\my", "games\\cave.kel"},
+         nullptr,
+         "c:\\my games\\cave.kel"},
+        {" ", {}, nullptr, ""},
+    };
+    for (const auto& [text, words, input, rest] : cases) {
+        const CommandLine line(text);
+        EXPECT_EQ(line.words, words) << text;
+        EXPECT_EQ(line.input.value_or("none"), input != nullptr ? input : "none") << text;
+        EXPECT_EQ(line.rest, rest) << text;
+    }
+}
+
+TEST(BatchScript, TellsLinesApart) {
+    std::string kinds;
+    std::string folders;
+    for (const BatchLine& line : parseBatch("c:\r\ncd \"\\my games\\\"\r\ncd ..\nCD\\x\n\r\n"
+                                            "cdplayer x\r\n\"cd\" y\nk x\r\n Pause \r\nEXIT")) {
+        kinds += "DFPXC"[static_cast<int>(line.kind)];
+        if (!line.folder.empty()) folders += line.folder + '|';
+    }
+    EXPECT_EQ(kinds, "DFFFCCCPX");
+    EXPECT_EQ(folders, "\\my games\\|..|\\x|");
+}
+
+TEST_F(Batch, HandsToolsTheRightWordsInTheRightFolder) {
+    const std::string names[] = {
+        "a b", "märchen", "50%PATH%",  "a&touch x", "a^b", "(a)", "it's",  "$HOME",
+        "a;b", "a|b",     "`touch x`", "$(touch)",  "-rf", "--",  "a'b>c", "!x!",
+        "#",   "*",       "{a,b}",     "~",         "=a",  "@x",  "a?[b]", std::string(200, 'n')};
+    std::string expected;
+    std::string script = "c:\r\n";
+    for (const std::string& name : names) {
+        write(c / name / "walk log.txt", "say " + name);
+        script += "cd \"\\" + name + "\\\"\r\n" + tool + '"' + name + "\" -OF\"" + name +
+                  "\" < \"Walk log.txt\"\r\n";
+        expected += (c / name).string() + '[' + name + "][-OF" + name + "]say " + name + '\n';
+    }
+    EXPECT_TRUE(run(script)) << shown;
+    EXPECT_EQ(echoed(), expected);
+    for (const std::string& name : names)
+        EXPECT_EQ(std::distance(fs::directory_iterator(c / name), {}), 1) << name;
+}
+
+TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
+    write(c / "My Games/wizardquest.kel");
+    write(c / "My Games/Cave.kel");
+    write(c / "My Games/iso.kel");
+    write(c / "kelm/standard library/x");
+    write(d / "out/x");
+    const std::string games = c / "My Games";
+    const std::pair<const char*, std::string> cases[] = {
+        {"WIZARD~1 -Pack", "[wizardquest][-Pack]"},
+        {"WIZARD~1.lis wizard~1.KEL", "[wizardquest.lis][wizardquest.kel]"},
+        {"-Include \"c:\\kelm\\STANDA~1\" cave.KEL",
+         "[-Include][" + (c / "kelm/standard library").string() + "][Cave.kel]"},
+        {"-OFD:\\out\\words.txt", "[-OF" + (d / "out/words.txt").string() + "]"},
+        {"-OF..\\kelm\\w.txt", "[-OF" + (c / "kelm/w.txt").string() + "]"},
+        {"-OFWIZARD~1.txt", "[-OFwizardquest.txt]"},
+        {"sub\\x.txt", "[" + games + "/sub/x.txt]"},
+        {"cave -CharSet ISO", "[Cave][-CharSet][ISO]"},
+        {"-Height 0 https://x.y/z /d NOBODY~1 \"\"", "[-Height][0][https://x.y/z][/d][NOBODY~1][]"},
+        {"q:\\x", "[q:\\x]"},
+    };
+    for (const auto& [words, echo] : cases) {
+        fs::remove(home / "echo");
+        EXPECT_TRUE(run("c:\ncd \"\\my games\\\"\n" + tool + words + " < WIZARD~1.KEL"));
+        EXPECT_EQ(echoed(), games + echo + '\n') << words << shown;
+    }
+}
+
+TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
+    write(c / "my games/wizardquest.kel");
+    program(c / "kelm/krun.exe", "MZ");
+    const std::string line =
+        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 c:\\MYGAME~1\\x -d";
+    EXPECT_FALSE(run(line));
+    EXPECT_NE(shown.find("c:\\kelm\\krun.exe is a Windows program, and Wine is not installed."),
+              std::string::npos);
+    fs::copy_file(NWBW_ECHO_CHILD, home / "bin/wine");
+    EXPECT_TRUE(run(line + " < wizardquest.kel"));
+    EXPECT_EQ(echoed(), (c / "my games").string() +
+                            "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][-d]\n");
+}
+
+TEST_F(Batch, KeepsEachDrivesFolder) {
+    fs::create_directories(c / "games");
+    fs::create_directories(d / "tales/old");
+    EXPECT_TRUE(run("cd games\nd:\ncd tales\ncd old\nC:\n" + tool + "1\nd:\n" + tool +
+                    "2\ncd c:\\kelm\n" + tool + "3\nc:\n" + tool + "4\nexit\n" + tool + "5"));
+    EXPECT_EQ(echoed(), (c / "games").string() + "[1]\n" + (d / "tales/old").string() + "[2]\n" +
+                            (d / "tales/old").string() + "[3]\n" + (c / "kelm").string() + "[4]\n");
+    EXPECT_NE(shown.find("\nD:\\tales\\old>cd c:\\kelm\n"), std::string::npos) << shown;
+}
+
+TEST_F(Batch, TellsWhatIsMissing) {
+    write(c / "plain.txt", "text");
+    program(c / "tool",
+            "\x7f"
+            "ELF");
+    fs::permissions(c / "tool", fs::perms::owner_read);
+    const std::string last = '\n' + tool + "last";
+    const std::tuple<std::string, const char*, bool> cases[] = {
+        {"q:", "Cannot change to q:", false},
+        {"cd \"\\none\\\"", "Cannot change to \\none\\: No such file or directory", false},
+        {"cd d:\\none", "Cannot change to d:\\none", false},
+        {"\"c:\\none.exe\" x", "Cannot start c:\\none.exe: there is no such program", true},
+        {"none x", "Cannot start none: there is no such program on the search path", true},
+        {"\"\" x", "Cannot start a program: none is named", true},
+        {"c:\\plain.txt", "Cannot start c:\\plain.txt: it is no program", true},
+        {"notepad x", "No text editor was found.", true},
+        {tool + "x < none.log", "cannot read none.log: No such file or directory", true},
+        {tool + "x <", "no file is named", true},
+    };
+    for (const auto& [line, message, goesOn] : cases) {
+        fs::remove(home / "echo");
+        EXPECT_FALSE(run(line + last)) << line;
+        EXPECT_NE(shown.find(message), std::string::npos) << shown;
+        EXPECT_EQ(echoed(), goesOn ? c.string() + "[last]\n" : "") << line;
+    }
+}
+
+TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
+    write(home / "mimeapps.list", "[Default Applications]\ntext/plain=no.desktop;ed.desktop;\n");
+    write(home / "applications/ed.desktop", "[Desktop Entry]\nExec=ed -x %U\nTerminal=true\n");
+    fs::copy_file(NWBW_ECHO_CHILD, home / "bin/ed");
+    write(c / "wizardquest.kel");
+    EXPECT_TRUE(run("Notepad my cave.lis\nnotepad WIZARD~1.lis"));
+    EXPECT_EQ(echoed(), c.string() + "[-x][file://" + c.string() + "/my%20cave.lis]\n" +
+                            c.string() + "[-x][file://" + c.string() + "/wizardquest.lis]\n");
+}
+
+TEST_F(Batch, ShellStartsProgramsEditorsAndScripts) {
+    LinuxRuntime runtime(nullptr, NWBW_PROGRAMS);
+    runtime.rtcShell("\"c:\\kelm\\tool.exe\" \"c:\\my games\\cave.kel\"", 1);
+    EXPECT_EQ(echoedLater(), c.string() + "[" + (c / "my games/cave.kel").string() + "]\n");
+
+    fs::remove(home / "echo");
+    setenv("VISUAL", "ed -w", 1);
+    fs::copy_file(NWBW_ECHO_CHILD, home / "bin/ed");
+    fs::copy_file(NWBW_ECHO_CHILD, home / "bin/xterm");
+    runtime.rtcShell("notepad c:\\my games\\cave.kel", 3);
+    EXPECT_EQ(echoedLater(), c.string() + "[-maximized][-e][" + (home / "bin/ed").string() +
+                                 "][-w][" + (c / "my games/cave.kel").string() + "]\n");
+
+    fs::remove(home / "echo");
+    write(c / "~kelmcon.bat", "cd \\kelm\r\ntool.exe\r\n\"c:\\kelm\\tool.exe\" ran\r\n");
+    program(home / "bin/myterm", "#!/bin/sh\nshift; exec \"$@\"\n");
+    setenv("TERMINAL", "myterm", 1);
+    runtime.rtcShell("\"c:\\~kelmcon.bat\"", 1);
+    EXPECT_EQ(echoedLater(), (c / "kelm").string() + "[ran]\n");
+
+    unsetenv("TERMINAL");
+    fs::remove(home / "bin/xterm");
+    for (const char* command : {"\"c:\\~kelmcon.bat\"", "\"c:\\none.bat\"", "none", ""})
+        EXPECT_THROW(runtime.rtcShell(command, 1), core::RuntimeError) << command;
+}

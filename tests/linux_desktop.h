@@ -1,0 +1,56 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace fs = std::filesystem;
+
+inline std::string contentOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// A user's home of its own with drives c:, d: and z:; the current folder is the root of c:.
+class LinuxDesktop : public testing::Test {
+  protected:
+    LinuxDesktop() {
+        fs::create_directories(links);
+        fs::create_directories(c);
+        fs::create_directories(d);
+        fs::create_directory_symlink("../drive_c", links / "c:");
+        fs::create_directory_symlink(d, links / "d:");
+        fs::create_directory_symlink("/", links / "z:");
+        for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_DATA_DIRS"})
+            setenv(name, home.c_str(), 1);
+        for (const char* name : {"WINEPREFIX", "TERMINAL", "VISUAL", "EDITOR"})
+            unsetenv(name);
+        fs::current_path(c);
+    }
+    ~LinuxDesktop() override {
+        fs::current_path("/");
+        fs::remove_all(home);
+    }
+
+    static void write(const fs::path& file, const std::string& text = "") {
+        fs::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary) << text;
+    }
+    static void program(const fs::path& file, const std::string& start = "#!/bin/sh\n") {
+        write(file, start);
+        fs::permissions(file, fs::perms::owner_all);
+    }
+
+    const fs::path home = [] {
+        std::string name = fs::temp_directory_path() / "nwbw-test-XXXXXX";
+        return fs::canonical(mkdtemp(name.data()));
+    }();
+    const fs::path links = home / "nwbw/dosdevices";
+    const fs::path c = home / "nwbw/drive_c";
+    const fs::path d = home / "stories";
+};

@@ -1,0 +1,287 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <random>
+#include <set>
+
+#include "linux_desktop.h"
+#include "platform/linux/desktop_entry.h"
+#include "platform/linux/linux_runtime.h"
+
+using namespace platform;
+using core::Runtime;
+using core::RuntimeError;
+
+namespace {
+
+class Disk : public LinuxDesktop {
+  protected:
+    /// Makes the folder look unchanged for long, so that its listing is kept.
+    static void age(const fs::path& folder) {
+        fs::last_write_time(folder, fs::file_time_type::clock::now() - std::chrono::hours(1));
+    }
+
+    WindowsDisk disk{Drives::ofUser()};
+};
+
+class RuntimeOnLinux : public LinuxDesktop {
+  protected:
+    /// The text of the error that the operation ends in; empty if it succeeds.
+    static std::string errorOf(const std::function<void()>& operation) {
+        try {
+            operation();
+        } catch (const RuntimeError& error) {
+            return error.what();
+        }
+        return "";
+    }
+
+    std::string title;
+    LinuxRuntime runtime{[this](auto&, int, const std::string& shown) {
+                             title = shown;
+                             return Runtime::Answer::Yes;
+                         },
+                         home / "programs"};
+};
+
+}  // namespace
+
+TEST_F(Disk, MapsPathsToTheHost) {
+    write(c / "My Games/Wizardquest.kel");
+    write(c / "My Games/Élan Vital.kel");
+    write(d / "cave.kel");
+    fs::current_path(c / "My Games");
+    const std::pair<const char*, fs::path> cases[] = {
+        {"c:\\my games\\WIZARDQUEST.kel", c / "My Games/Wizardquest.kel"},
+        {"C:/MYGAME~1/wizard~1.KEL", c / "My Games/Wizardquest.kel"},
+        {"élan vital.KEL", c / "My Games/Élan Vital.kel"},
+        {"c:new.kel", c / "My Games/new.kel"},
+        {"WIZARD~1.lis", c / "My Games/Wizardquest.lis"},
+        {"\\x.kel", c / "x.kel"},
+        {"d:cave.kel", d / "cave.kel"},
+        {"c:\\..\\..\\My Games\\.\\x", c / "My Games/x"},
+        {"..\\..\\..\\x", c / "x"},
+        {"c:\\nothing\\..\\x", c / "x"},
+        {"z:\\", "/"},
+        {d.c_str(), d},
+        {"q:\\x", ""},
+        {"é:\\x", c / "My Games/é:/x"},
+        {"", ""},
+    };
+    for (const auto& [path, host] : cases)
+        EXPECT_EQ(disk.toHost(path), host.string()) << path;
+    EXPECT_EQ(disk.toHost(std::string("c:\\cave\0.kel", 12)), "");
+}
+
+TEST_F(Disk, MapsHostPathsToTheNearestDrive) {
+    write(c / "a\\b/x.kel");
+    fs::create_directory_symlink(d, home / "shortcut");
+    const std::pair<fs::path, std::string> cases[] = {
+        {c / "my games/x.kel", "c:\\my games\\x.kel"},
+        {d, "d:\\"},
+        {home / "shortcut/x.kel", "d:\\x.kel"},
+        {c / "a\\b/x.kel", "c:\\A_B~1\\x.kel"},
+        {"/usr/bin", "z:\\usr\\bin"},
+    };
+    for (const auto& [host, path] : cases)
+        EXPECT_EQ(disk.toWindows(host), path) << host;
+    EXPECT_EQ(disk.toHost(disk.toWindows(c / "a\\b/x.kel")), c / "a\\b/x.kel");
+}
+
+TEST_F(LinuxDesktop, TakesTheDrivesOfTheWinePrefixOrMakesItsOwn) {
+    fs::create_directories(home / ".wine/dosdevices");
+    fs::create_directory_symlink(d, home / ".wine/dosdevices/w:");
+    EXPECT_EQ(Drives::ofUser().folderOf('W'), d.string());
+    setenv("WINEPREFIX", (home / "none").c_str(), 1);
+    EXPECT_EQ(Drives::ofUser().folderOf('c'), c.string());
+    fs::remove_all(home / "nwbw");
+    const Drives fresh = Drives::ofUser();
+    EXPECT_EQ(fresh.folderOf('c'), c.string());
+    EXPECT_EQ(fresh.folderOf('z'), "");
+    EXPECT_EQ(fresh.prefix(), (home / "nwbw").string());
+}
+
+TEST_F(Disk, GivesShortPaths) {
+    write(c / "my games/wizardquest.kel");
+    write(c / "my games/wizardquest.lis");
+    write(c / "my games/wizards.of.oz");
+    write(c / "my games/été en forêt.txt");
+    write(c / "kelm/standard library/x");
+    write(d / "My Games/thelongadventure.kelm");
+    write(d / "My Games/adventure.kcd");
+    const std::pair<const char*, const char*> cases[] = {
+        {"c:\\my games\\wizardquest.kel", "c:\\MYGAME~1\\WIZARD~1.KEL"},
+        {"C:\\MY GAMES\\wizardquest.LIS", "C:\\MYGAME~1\\WIZARD~1.LIS"},
+        {"c:\\mygame~1\\wizard~2.oz", "c:\\MYGAME~1\\WIZARD~2.OZ"},
+        {"my games\\été en forêt.txt", "MYGAME~1\\_T_ENF~1.TXT"},
+        {"c:\\KELM\\standard library\\", "c:\\kelm\\STANDA~1\\"},
+        {"c:\\kelm\\..\\kelm", "c:\\kelm\\..\\kelm"},
+        {"D:\\My Games\\thelongadventure.kelm", "D:\\MYGAME~1\\THELON~1.KEL"},
+        {"d:\\my games\\adventure.kcd", "d:\\MYGAME~1\\ADVENT~1.KCD"},
+        {"c:\\", "c:\\"},
+        {"c:\\my games\\wizardquest.kcd", ""},
+        {"c:\\my games\\wizardquest.kel\\", ""},
+        {"c:\\my games\\wizardquest.kel\\x", ""},
+        {"", ""},
+    };
+    for (const auto& [path, shortPath] : cases)
+        EXPECT_EQ(disk.shortPath(path), shortPath) << path;
+}
+
+TEST_F(Disk, SeesEveryChangeOfAKeptFolder) {
+    const fs::path source = c / "games/wizardquest.kel";
+    for (int round = 0; round < 3; ++round) {
+        write(source);
+        age(c / "games");
+        EXPECT_EQ(disk.shortPath("c:\\games\\wizardquest.kel"), "c:\\games\\WIZARD~1.KEL");
+        EXPECT_EQ(disk.shortPath("c:\\games\\wizardquest.kel"), "c:\\games\\WIZARD~1.KEL");
+        fs::remove(source);
+        EXPECT_EQ(disk.shortPath("c:\\games\\wizardquest.kel"), "");
+        write(source);
+        EXPECT_EQ(disk.shortPath("c:\\games\\wizardquest.kel"), "c:\\games\\WIZARD~1.KEL");
+    }
+}
+
+TEST(ShortNames, AreUniqueLegalFoundAgainAndStayAsTheyAre) {
+    std::mt19937 random(4711);
+    const auto pick = [&](int below) { return static_cast<int>(random() % below); };
+    const std::string letters[] = {"a", "A", "b", "~", "1", "2", " ", ".", "é", "+", "abcdefg"};
+    const std::string extensions[] = {"", ".kel", ".KEL", ".lis", ".kelm", ".k l"};
+    for (int round = 0; round < 200; ++round) {
+        std::vector<std::string> names;
+        std::map<std::string, std::string> before;
+        for (int size = 1; size < 40; ++size) {
+            std::string name = size % 2 == 0 ? "abcdef" : "";
+            for (int length = 1 + pick(6); length > 0; --length)
+                name += letters[pick(std::size(letters))];
+            name += extensions[pick(std::size(extensions))];
+            // A name that looks like a short one takes its stem away from another.
+            const bool known = std::find(names.begin(), names.end(), name) != names.end();
+            const std::string_view stem = NameParts(name).stem;
+            if (known || (stem.size() <= 8 && stem.find('~') != std::string::npos)) continue;
+            names.push_back(name);
+
+            const auto bornAt = [&](const std::string& old) {
+                return std::find(names.begin(), names.end(), old) - names.begin();
+            };
+            const ShortNames shortNames(names, bornAt);
+            std::set<std::string> seen;
+            for (const std::string& old : names) {
+                const std::string shortName = shortNames.shortFor(old);
+                EXPECT_TRUE(seen.insert(shortName).second) << old;
+                EXPECT_TRUE(isShortName(shortName)) << shortName;
+                EXPECT_EQ(isShortName(old), shortName == old);
+                EXPECT_EQ(shortNames.nameFor(shortName), shortName != old ? old : "");
+                EXPECT_EQ(before.emplace(old, shortName).first->second, shortName) << name;
+            }
+        }
+    }
+}
+
+TEST(ShortNames, KeepToEightCharactersWhenManyCompete) {
+    std::vector<std::string> names;
+    for (int i = 10'000; i < 20'200; ++i)
+        names.push_back("chapter" + std::to_string(i) + ".kel");
+    const ShortNames shortNames(names, [](const auto&) { return 0; });
+    const std::pair<int, const char*> cases[] = {
+        {0, "CHAPTE~1.KEL"}, {9, "CHAPT~10.KEL"}, {99, "CHAP~100.KEL"}, {9999, "CH~10000.KEL"}};
+    for (const auto& [index, shortName] : cases)
+        EXPECT_EQ(shortNames.shortFor(names[index]), shortName);
+}
+
+TEST_F(RuntimeOnLinux, FindsOrdinaryFilesOnly) {
+    write(c / "games/Cave.kel");
+    write(c / "games/.hidden.kel");
+    const std::pair<const char*, const char*> cases[] = {
+        {"c:\\games\\cave.KEL", "Cave.kel"},
+        {"games\\Cave.kel", "Cave.kel"},
+        {"c:\\games", ""},
+        {"c:\\games\\.hidden.kel", ""},
+        {"c:\\games\\*.kel", ""},
+        {"c:\\games\\?ave.kel", ""},
+        {"", ""},
+        {"c:\\none\\Cave.kel", ""},
+        {"q:\\Cave.kel", ""},
+        {"c:\\games\\Cave.kel\\", ""},
+    };
+    for (const auto& [path, name] : cases)
+        EXPECT_EQ(runtime.rtcDir(path), name) << path;
+    EXPECT_EQ(
+        runtime.AppPath(), "z:" + [](std::string path) {
+            std::replace(path.begin(), path.end(), '/', '\\');
+            return path;
+        }(home / "programs"));
+}
+
+TEST_F(RuntimeOnLinux, WritesReadsRenamesAndDeletesFiles) {
+    runtime.vbaFileOpen("c:\\x.tmp", Runtime::OpenMode::Output);
+    runtime.vbaPrintFile("c:\\märchen, \"2\"");
+    runtime.vbaPrintFile("");
+    runtime.vbaFileFlush();
+    runtime.vbaFileOpen("c:\\X.TMP", Runtime::OpenMode::Input);
+    EXPECT_EQ(contentOf(c / "x.tmp"), "c:\\märchen, \"2\"\r\n\r\n");
+    EXPECT_EQ(runtime.vbaInputFile(), "c:\\märchen");
+    EXPECT_FALSE(runtime.rtcEndOfFile());
+    runtime.vbaFileClose();
+    runtime.vbaNameFile("c:\\x.tmp", "c:\\y.ini");
+    EXPECT_TRUE(fs::exists(c / "y.ini"));
+    EXPECT_LT(runtime.rtcFileDateTime("c:\\y.ini") - std::chrono::system_clock::now(),
+              std::chrono::seconds(1));
+
+    write(c / "old.ini", "kept");
+    EXPECT_EQ(errorOf([&] { runtime.vbaNameFile("c:\\y.ini", "c:\\OLD.ini"); }),
+              "Cannot rename c:\\y.ini to c:\\OLD.ini: File exists");
+    EXPECT_EQ(contentOf(c / "old.ini"), "kept");
+    runtime.rtcKillFiles("c:\\OLD.INI");
+    EXPECT_FALSE(fs::exists(c / "old.ini"));
+    EXPECT_EQ(errorOf([&] { runtime.rtcKillFiles("c:\\old.ini"); }),
+              "Cannot delete c:\\old.ini: No such file or directory");
+}
+
+TEST_F(RuntimeOnLinux, TellsWhatCannotBeWritten) {
+    const auto open = [&](const char* path) {
+        return errorOf([&] { runtime.vbaFileOpen(path, Runtime::OpenMode::Output); });
+    };
+    EXPECT_EQ(open("c:\\none\\x"), "Cannot open c:\\none\\x: No such file or directory");
+    EXPECT_EQ(open("q:\\x"), "Cannot open q:\\x: No such drive");
+    write(c / "victim", "safe");
+    fs::create_symlink("victim", c / "planted");
+    EXPECT_NE(open("c:\\planted"), "");
+    EXPECT_EQ(contentOf(c / "victim"), "safe");
+
+    const std::string full = "Cannot write z:\\dev\\full: No space left on device";
+    EXPECT_EQ(open("z:\\dev\\full"), "");
+    runtime.vbaPrintFile("x");
+    EXPECT_EQ(errorOf([&] { runtime.vbaFileFlush(); }), full);
+    EXPECT_EQ(open("z:\\dev\\full"), "");
+    runtime.vbaPrintFile("x");
+    EXPECT_EQ(errorOf([&] { runtime.vbaFileClose(); }), full);
+    EXPECT_EQ(open("c:\\x"), "");
+}
+
+TEST_F(RuntimeOnLinux, StoresSettingsAndTitlesItsBoxes) {
+    const std::string value = "a, \"b\" = @é; 5%";
+    runtime.rtcSaveSetting("The Norvane Workbench", "Settings", "MainLeft", value);
+    LinuxRuntime other(nullptr);
+    EXPECT_EQ(other.rtcGetSetting("The Norvane Workbench", "Settings", "MainLeft", ""), value);
+    EXPECT_EQ(other.rtcGetSetting("The Norvane Workbench", "Settings", "MainTop", "7"), "7");
+    EXPECT_TRUE(fs::exists(home / "nwbw/The Norvane Workbench.ini"));
+    EXPECT_EQ(runtime.rtcMsgBox("?", Runtime::yesNo, ""), Runtime::Answer::Yes);
+    EXPECT_EQ(title, "The Norvane Workbench");
+}
+
+TEST(DesktopEntry, ReplacesFieldCodes) {
+    using Words = std::vector<std::string>;
+    const std::pair<const char*, Words> cases[] = {
+        {"gedit %U", {"gedit", "file:///a%20b"}},
+        {"kate -b %f", {"kate", "-b", "/a b"}},
+        {"\"/opt/my \\\"editor\\\"\" --name %c %% %F",
+         {"/opt/my \"editor\"", "--name", "%", "/a b"}},
+        {"ed", {"ed", "/a b"}},
+        {"", {}},
+    };
+    for (const auto& [exec, words] : cases)
+        EXPECT_EQ(execWords(exec, "/a b"), words) << exec;
+    EXPECT_EQ(execWords("gedit %U", ""), Words{"gedit"});
+}
