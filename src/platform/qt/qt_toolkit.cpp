@@ -1,0 +1,74 @@
+#include "platform/qt/qt_toolkit.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QIcon>
+#include <QRegularExpression>
+
+#include "platform/qt/file_filter.h"
+#include "platform/qt/form_window.h"
+
+namespace qt {
+
+namespace {
+
+constexpr int longestName = 260;
+
+/// A Windows path cut behind its folder.
+struct OfferedName {
+    QString folder;
+    QString file;
+};
+
+/// Empty where the text cannot be a file name.
+OfferedName offeredName(const std::string& text) {
+    static const QRegularExpression path(R"re(^((?:[a-zA-Z]:)?(?:[^<>:"|?*\x01-\x1f]*[\\/])?))re"
+                                         R"re(([^<>:"|?*\\/\x01-\x1f]*)$)re");
+    const QString name = QString::fromStdString(text);
+    if (name.size() > longestName) return {};
+    const auto match = path.match(name);
+    return {match.captured(1), match.captured(2)};
+}
+
+}  // namespace
+
+QtToolkit::QtToolkit(PathMap toHost, PathMap toWindows)
+    : toHost_(std::move(toHost)), toWindows_(std::move(toWindows)), folder_(QDir::homePath()) {
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(QIcon(":/pictures/nwbw.png"));
+}
+
+void QtToolkit::build(forms::Form& form) {
+    form.attachWindow(std::make_unique<FormWindow>(form));
+}
+
+std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion& question) {
+    const OfferedName offered = offeredName(question.name);
+    if (!offered.folder.isEmpty()) {
+        const QString folder = QString::fromStdString(toHost_(offered.folder.toStdString()));
+        if (QDir(folder).exists()) folder_ = folder;
+    }
+
+    QFileDialog dialog(&dynamic_cast<FormWindow&>(*owner.window()).widget());
+    dialog.setWindowTitle(QString::fromStdString(question.title));
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::AnyFile);  // the file may be new
+    dialog.setNameFilters(nameFilters(question.filter));
+    dialog.setDirectory(folder_);
+    if (!offered.file.isEmpty()) dialog.selectFile(offered.file);
+    if (dialog.exec() != QDialog::Accepted) return {};
+
+    folder_ = dialog.directory().absolutePath();
+    const std::string chosen = toWindows_(dialog.selectedFiles().value(0).toStdString());
+    if (QString::fromStdString(chosen).size() > longestName)
+        throw forms::RuntimeError("The file name is longer than 260 characters: " + chosen);
+    return chosen;
+}
+
+void QtToolkit::quit() {
+    QCoreApplication::exit();
+}
+
+}  // namespace qt

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QLabel>
+
+namespace qt {
+
+/// A label for plain text. It wraps its text where it is high enough for a second line, and
+/// otherwise leaves out the middle of a text that is too long.
+class CaptionLabel : public QLabel {
+  public:
+    explicit CaptionLabel(QWidget* parent);
+    void setCaption(const QString& caption);
+    /// True if the whole caption can be read.
+    [[nodiscard]] bool fits() const;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void fit();
+    [[nodiscard]] int textFlags() const;
+
+    QString caption_;
+};
+
+}  // namespace qt

@@ -1,0 +1,49 @@
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QMouseEvent>
+
+#include "forms/form.h"
+#include "platform/qt/peers.h"
+#include "platform/qt/widget_peer.h"
+
+namespace qt {
+
+namespace {
+
+class FramePeer : public PeerOf<forms::Frame, QWidget> {
+  public:
+    FramePeer(forms::Frame& frame, QWidget& parent)
+        : PeerOf(frame, frame.Caption().empty() ? new QWidget(&parent) : new QGroupBox(&parent)) {
+        widget_.installEventFilter(this);
+        if (frame.form().style.background == forms::FormStyle::noColour) return;
+        widget_.setPalette(QGuiApplication::palette());
+        widget_.setAutoFillBackground(true);
+    }
+
+  protected:
+    void draw() override {
+        if (auto* box = qobject_cast<QGroupBox*>(&widget_))
+            box->setTitle(QString::fromStdString(control_.Caption));
+    }
+
+    /// Presses that the frame's labels and pictures leave alone come here too, and do not count.
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::MouseButtonPress) return false;
+        const auto* press = static_cast<QMouseEvent*>(event);
+        if (press->button() != Qt::LeftButton || widget_.childAt(press->pos())) return false;
+        control_.click();
+        return true;
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, QWidget& parent) {
+    return std::make_unique<FramePeer>(frame, parent);
+}
+
+std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, QWidget& parent) {
+    return std::make_unique<PeerOf<forms::PictureBox, QWidget>>(panel, new QWidget(&parent));
+}
+
+}  // namespace qt

@@ -1,0 +1,149 @@
+#include "platform/qt/form_window.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QMenuBar>
+#include <QScreen>
+#include <QWindow>
+
+#include "platform/qt/captions.h"
+#include "platform/qt/peers.h"
+#include "platform/qt/units.h"
+
+namespace qt {
+
+namespace {
+
+constexpr int menuBarHeight = 330;  // in twips
+
+Qt::WindowFlags windowFlags(const forms::FormStyle& style) {
+    if (style.sizable) return Qt::Window;
+    if (style.bare) return Qt::Tool | Qt::FramelessWindowHint;
+    return Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint | Qt::CustomizeWindowHint |
+           Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+}
+
+bool hasMenu(const forms::Form& form) {
+    const auto& children = form.children();
+    return std::any_of(children.begin(), children.end(), [](const forms::Control* control) {
+        return dynamic_cast<const forms::MenuItem*>(control) != nullptr;
+    });
+}
+
+}  // namespace
+
+FormWindow::FormWindow(forms::Form& form)
+    : form_(form), window_(*new QMainWindow(nullptr, windowFlags(form.style))) {
+    window_.setObjectName(QString::fromStdString(form.name));
+    auto* client = new QWidget(&window_);
+    window_.setCentralWidget(client);
+    if (hasMenu(form)) {
+        window_.menuBar()->setNativeMenuBar(false);
+        window_.menuBar()->setFixedHeight(pixels(menuBarHeight));
+    }
+    if (form.style.background != forms::FormStyle::noColour) {
+        client->setPalette(QPalette(QColor::fromRgb(form.style.background)));
+        client->setAutoFillBackground(true);
+    }
+    buildPeers(form, window_);
+    fitFont(window_);
+    keyboard_ = std::make_unique<Keyboard>(form, window_);
+    window_.installEventFilter(this);
+    update();
+}
+
+/// The window may be delivering the event whose handler ended the form.
+FormWindow::~FormWindow() {
+    window_.hide();
+    window_.deleteLater();
+}
+
+void FormWindow::show() {
+    if (form_.style.centred) centre();
+    if (!window_.focusWidget()) keyboard_->focusFirst();
+    window_.show();
+    window_.raise();
+    window_.activateWindow();
+}
+
+void FormWindow::showModal(forms::Form& owner) {
+    const QPointer<FormWindow> alive(this);
+    if (auto* window = dynamic_cast<FormWindow*>(owner.window())) owner_ = &window->window_;
+    const QPointer<QWidget> ownerWidget = owner_;
+    QEventLoop loop;
+    modal_ = &loop;
+    window_.setWindowModality(Qt::ApplicationModal);
+    window_.winId();
+    if (owner_) window_.windowHandle()->setTransientParent(owner_->windowHandle());
+    show();
+    if (alive && !form_.unloaded()) loop.exec(QEventLoop::DialogExec);
+    if (ownerWidget) ownerWidget->activateWindow();
+}
+
+void FormWindow::hide() {
+    window_.hide();
+    if (modal_) modal_->quit();
+}
+
+/// A window that has just been shown can be painted only once the screen has given it its place.
+void FormWindow::refresh() {
+    const QDeadlineTimer patience(500);
+    while (window_.isVisible() && !window_.windowHandle()->isExposed() && !patience.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+    window_.repaint();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void FormWindow::update() {
+    window_.setWindowTitle(QString::fromStdString(form_.Caption));
+    const QSize size(pixels(form_.Width), pixels(form_.Height));
+    if (!form_.style.sizable) window_.setFixedSize(size);
+    if (window_.size() != size) window_.resize(size);
+    const QPoint corner(pixels(form_.Left), pixels(form_.Top));
+    if (window_.pos() != corner) window_.move(corner);
+}
+
+void FormWindow::centre() {
+    QRect around = QGuiApplication::primaryScreen()->availableGeometry();
+    if (owner_) around = owner_->frameGeometry();
+    const QRect place(QPoint(), window_.size());
+    window_.move(around.center() - place.center());
+}
+
+bool FormWindow::eventFilter(QObject* /*watched*/, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Close:
+            event->ignore();  // the window goes when the form is unloaded
+            report();
+            form_.close();
+            return true;
+        case QEvent::WindowActivate:
+            report();
+            form_.activate();
+            return false;
+        case QEvent::Move:
+        case QEvent::Resize:
+        case QEvent::WindowStateChange:
+            report();
+            return false;
+        default:
+            return false;
+    }
+}
+
+/// Tells the form where its window is. A length in twips stays as it is while it comes to the same
+/// number of pixels, so that storing and restoring a window does not make it drift.
+void FormWindow::report() {
+    if (!window_.isVisible()) return;
+    const auto keep = [](int known, int seen) {
+        return pixels(known) == seen ? known : twips(seen);
+    };
+    auto state = forms::WindowState::Normal;
+    if (window_.isMaximized()) state = forms::WindowState::Maximised;
+    if (window_.isMinimized()) state = forms::WindowState::Minimised;
+    form_.moved({keep(form_.Left, window_.x()), keep(form_.Top, window_.y()),
+                 keep(form_.Width, window_.width()), keep(form_.Height, window_.height())},
+                state);
+}
+
+}  // namespace qt

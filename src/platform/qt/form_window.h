@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QEventLoop>
+#include <QMainWindow>
+#include <QPointer>
+#include <memory>
+
+#include "forms/form.h"
+#include "platform/qt/keyboard.h"
+
+namespace qt {
+
+/// The window behind a form: the menu bar, the client area with the form's controls, and the
+/// status bar. Left and Top are those of the window with its frame, Width and Height those of the
+/// window without it.
+class FormWindow : public QObject, public forms::WindowPeer {
+  public:
+    /// Makes the window, unseen, with a peer for each of the form's controls.
+    explicit FormWindow(forms::Form& form);
+    ~FormWindow() override;
+
+    void show() override;
+    void showModal(forms::Form& owner) override;
+    void hide() override;
+    void refresh() override;
+    void update() override;
+
+    QMainWindow& widget() { return window_; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void centre();
+    void report();
+
+    forms::Form& form_;
+    QMainWindow& window_;
+    std::unique_ptr<Keyboard> keyboard_;
+    QPointer<QWidget> owner_;
+    QPointer<QEventLoop> modal_;
+};
+
+}  // namespace qt

@@ -1,0 +1,167 @@
+#include "platform/qt/keyboard.h"
+
+#include <QMainWindow>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace qt {
+
+namespace {
+
+/// The key as Form_KeyDown knows it: the code of a Windows keyboard, or 0 for a rarer key.
+int windowsKeyCode(int key) {
+    if ((key >= Qt::Key_0 && key <= Qt::Key_9) || (key >= Qt::Key_A && key <= Qt::Key_Z))
+        return key;
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return 0x70 + key - Qt::Key_F1;
+    static constexpr std::array<std::pair<int, int>, 21> codes{{
+        {Qt::Key_Backspace, 8}, {Qt::Key_Tab, 9},       {Qt::Key_Backtab, 9},  {Qt::Key_Return, 13},
+        {Qt::Key_Enter, 13},    {Qt::Key_Shift, 16},    {Qt::Key_Control, 17}, {Qt::Key_Alt, 18},
+        {Qt::Key_Pause, 19},    {Qt::Key_CapsLock, 20}, {Qt::Key_Escape, 27},  {Qt::Key_Space, 32},
+        {Qt::Key_PageUp, 33},   {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},     {Qt::Key_Home, 36},
+        {Qt::Key_Left, 37},     {Qt::Key_Up, 38},       {Qt::Key_Right, 39},   {Qt::Key_Down, 40},
+        {Qt::Key_Delete, 46},
+    }};
+    const auto* found = std::find_if(codes.begin(), codes.end(),
+                                     [key](const auto& code) { return code.first == key; });
+    return found == codes.end() ? 0 : found->second;
+}
+
+int shiftOf(Qt::KeyboardModifiers modifiers) {
+    return (modifiers & Qt::ShiftModifier ? forms::shiftMask : 0) |
+           (modifiers & Qt::ControlModifier ? forms::ctrlMask : 0) |
+           (modifiers & Qt::AltModifier ? forms::altMask : 0);
+}
+
+bool isTab(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+}
+
+/// The character that the key produces, or 0.
+int characterOf(const QKeyEvent& key) {
+    const bool none = isTab(key) || key.key() == Qt::Key_Delete || key.text().isEmpty() ||
+                      key.modifiers() & Qt::AltModifier;
+    return none ? 0 : key.text().at(0).unicode();
+}
+
+}  // namespace
+
+Keyboard::Keyboard(forms::Form& form, QMainWindow& window) : form_(form), window_(window) {
+    window.installEventFilter(this);
+    // Not on the menu bar, which has keys of its own.
+    for (QWidget* widget : window.centralWidget()->findChildren<QWidget*>())
+        widget->installEventFilter(this);
+}
+
+bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut) {
+        if (auto* control = controlOf(qobject_cast<QWidget*>(watched))) leave(*control);
+        return false;
+    }
+    // A key that a control leaves alone is offered to its containers in turn.
+    if (watched != receiver()) return false;
+    if (event->type() == QEvent::KeyPress) return keyPressed(*static_cast<QKeyEvent*>(event));
+    if (event->type() == QEvent::ShortcutOverride) {
+        // Captions with a mnemonic claim it as a shortcut too; the model decides instead.
+        const bool ours = mnemonicTarget(*static_cast<QKeyEvent*>(event)) != nullptr;
+        if (ours) event->accept();
+        return ours;
+    }
+    return false;
+}
+
+bool Keyboard::keyPressed(const QKeyEvent& key) {
+    const QPointer<Keyboard> alive(this);
+    form_.keyDown(windowsKeyCode(key.key()), shiftOf(key.modifiers()));
+    if (!alive || form_.unloaded()) return true;
+    if (const int character = characterOf(key)) form_.keyPress(character);
+    if (!alive || form_.unloaded()) return true;
+
+    if (forms::Control* target = mnemonicTarget(key)) {
+        if (QWidget* widget = widgetOf(*target); widget && widget->focusPolicy() != Qt::NoFocus)
+            widget->setFocus(Qt::ShortcutFocusReason);
+        target->click();
+        return true;
+    }
+    switch (key.key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return pressEnter(key);
+        case Qt::Key_Escape:
+            return key.isAutoRepeat() || form_.pressCancel();
+        default:
+            return isTab(key) && key.modifiers() & Qt::ControlModifier;
+    }
+}
+
+bool Keyboard::pressEnter(const QKeyEvent& key) {
+    forms::Control* focused = controlOf(window_.focusWidget());
+    const auto* text = dynamic_cast<const forms::TextBox*>(focused);
+    if (text && text->multiLine && !text->readOnly) return false;
+    if (key.isAutoRepeat()) return true;
+    if (dynamic_cast<const forms::Button*>(focused)) {
+        focused->click();
+        return true;
+    }
+    return form_.pressDefault();
+}
+
+forms::Control* Keyboard::mnemonicTarget(const QKeyEvent& key) {
+    const auto modifiers = key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    if (modifiers != Qt::AltModifier || key.key() <= Qt::Key_Space || key.key() > Qt::Key_Z)
+        return nullptr;
+    return form_.mnemonicTarget(static_cast<char>(key.key()), controlOf(window_.focusWidget()));
+}
+
+void Keyboard::focusFirst() {
+    focusFirstIn(form_);
+}
+
+bool Keyboard::focusFirstIn(forms::Container& container) {
+    for (forms::Control* control : container.children()) {
+        if (!control->usable()) continue;
+        QWidget* widget = widgetOf(*control);
+        if (widget && widget->focusPolicy() & Qt::TabFocus) {
+            widget->setFocus(Qt::OtherFocusReason);
+            return true;
+        }
+        auto* inner = dynamic_cast<forms::Container*>(control);
+        if (inner && focusFirstIn(*inner)) return true;
+    }
+    return false;
+}
+
+/// When the running handlers have ended: if a container went out of use together with the focus,
+/// the focus goes into the one that took its place.
+void Keyboard::leave(forms::Control& left) {
+    const auto follow = [this, &left] {
+        forms::Container* gone = left.parent();
+        if (gone->usable() || !form_.usable()) return;
+        while (!gone->parent()->usable())
+            gone = gone->parent();
+        for (forms::Control* sibling : gone->parent()->children()) {
+            auto* other = dynamic_cast<forms::Container*>(sibling);
+            if (other && other->usable() && focusFirstIn(*other)) return;
+        }
+    };
+    QMetaObject::invokeMethod(this, follow, Qt::QueuedConnection);
+}
+
+QWidget* Keyboard::receiver() const {
+    QWidget* focused = window_.focusWidget();
+    return focused ? focused : &window_;
+}
+
+forms::Control* Keyboard::controlOf(const QWidget* widget) {
+    for (; widget && widget != &window_; widget = widget->parentWidget()) {
+        if (widget->objectName().isEmpty()) continue;
+        if (auto* control = form_.find(widget->objectName().toStdString())) return control;
+    }
+    return nullptr;
+}
+
+QWidget* Keyboard::widgetOf(const forms::Control& control) {
+    return window_.centralWidget()->findChild<QWidget*>(QString::fromStdString(control.fullName()));
+}
+
+}  // namespace qt

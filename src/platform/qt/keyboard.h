@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QKeyEvent>
+#include <QObject>
+#include <QPointer>
+
+#include "forms/form.h"
+
+class QMainWindow;
+
+namespace qt {
+
+/// What the keyboard does on a form: the form's own sight of each key, mnemonics, the default and
+/// the cancel button; and where the focus goes when the panel that held it has gone.
+class Keyboard : public QObject {
+  public:
+    /// Both must outlive the keyboard. Takes effect on the widgets that the window then has.
+    Keyboard(forms::Form& form, QMainWindow& window);
+
+    /// Puts the focus on the form's first control that takes it.
+    void focusFirst();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    bool keyPressed(const QKeyEvent& key);
+    bool pressEnter(const QKeyEvent& key);
+    forms::Control* mnemonicTarget(const QKeyEvent& key);
+    void leave(forms::Control& left);
+    bool focusFirstIn(forms::Container& container);
+
+    [[nodiscard]] QWidget* receiver() const;
+    forms::Control* controlOf(const QWidget* widget);
+    QWidget* widgetOf(const forms::Control& control);
+
+    forms::Form& form_;
+    QMainWindow& window_;
+};
+
+}  // namespace qt

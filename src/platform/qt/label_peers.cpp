@@ -1,0 +1,61 @@
+#include <QFrame>
+#include <QPixmap>
+
+#include "platform/qt/caption_label.h"
+#include "platform/qt/peers.h"
+#include "platform/qt/units.h"
+#include "platform/qt/widget_peer.h"
+
+namespace qt {
+
+namespace {
+
+class LabelPeer : public PeerOf<forms::Label, CaptionLabel> {
+  public:
+    LabelPeer(forms::Label& label, QWidget& parent) : PeerOf(label, new CaptionLabel(&parent)) {
+        widget_.setAlignment(label.centred ? Qt::AlignHCenter : Qt::AlignLeft);
+    }
+
+  protected:
+    void draw() override { widget_.setCaption(QString::fromStdString(control_.Caption)); }
+};
+
+class LinePeer : public PeerOf<forms::Line, QFrame> {
+  public:
+    LinePeer(forms::Line& line, QWidget& parent) : PeerOf(line, new QFrame(&parent)) {
+        widget_.setFrameShape(line.Width > line.Height ? QFrame::HLine : QFrame::VLine);
+        widget_.setFrameShadow(QFrame::Sunken);
+    }
+
+  protected:
+    void lay() override {
+        const QSize atLeast(widget_.frameWidth() + 1, widget_.frameWidth() + 1);
+        const QRect place = placeOf(control_);
+        widget_.setGeometry({place.topLeft(), place.size().expandedTo(atLeast)});
+    }
+};
+
+class ImagePeer : public PeerOf<forms::Image, QLabel> {
+  public:
+    ImagePeer(forms::Image& image, QWidget& parent) : PeerOf(image, new QLabel(&parent)) {
+        const QString file = ":/pictures/" + QString::fromStdString(image.picture) + ".png";
+        widget_.setPixmap(QPixmap(file));
+        widget_.setScaledContents(true);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::Label& label, QWidget& parent) {
+    return std::make_unique<LabelPeer>(label, parent);
+}
+
+std::unique_ptr<forms::Peer> makePeer(forms::Line& line, QWidget& parent) {
+    return std::make_unique<LinePeer>(line, parent);
+}
+
+std::unique_ptr<forms::Peer> makePeer(forms::Image& image, QWidget& parent) {
+    return std::make_unique<ImagePeer>(image, parent);
+}
+
+}  // namespace qt

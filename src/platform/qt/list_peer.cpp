@@ -1,0 +1,56 @@
+#include <QListWidget>
+#include <QSignalBlocker>
+
+#include "platform/qt/peers.h"
+#include "platform/qt/widget_peer.h"
+
+namespace qt {
+
+namespace {
+
+class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
+  public:
+    ListPeer(forms::ListBox& list, QWidget& parent) : PeerOf(list, new QListWidget(&parent)) {
+        widget_.setUniformItemSizes(true);
+        connect(&widget_, &QListWidget::itemSelectionChanged, this, [this] {
+            const int row = selectedRow();
+            act([&] {
+                if (row >= 0 && row != control_.ListIndex) control_.pick(row);
+            });
+        });
+    }
+
+  protected:
+    void draw() override {
+        const QSignalBlocker quiet(widget_);
+        while (widget_.count() > control_.ListCount())
+            delete widget_.takeItem(widget_.count() - 1);
+        for (int row = 0; row < control_.ListCount(); ++row)
+            drawRow(row);
+        if (selectedRow() == control_.ListIndex) return;
+        widget_.clearSelection();
+        if (control_.ListIndex >= 0) widget_.setCurrentRow(control_.ListIndex);
+    }
+
+  private:
+    void drawRow(int row) {
+        const QString text = QString::fromStdString(control_.List(row));
+        if (row == widget_.count()) widget_.addItem(text);
+        QListWidgetItem& item = *widget_.item(row);
+        if (item.text() != text) item.setText(text);
+        item.setToolTip(text.toHtmlEscaped());
+    }
+
+    [[nodiscard]] int selectedRow() const {
+        const auto selected = widget_.selectedItems();
+        return selected.isEmpty() ? -1 : widget_.row(selected.first());
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::ListBox& list, QWidget& parent) {
+    return std::make_unique<ListPeer>(list, parent);
+}
+
+}  // namespace qt

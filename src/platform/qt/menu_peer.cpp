@@ -1,0 +1,52 @@
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "platform/qt/peers.h"
+
+namespace qt {
+
+namespace {
+
+/// An item is an action; it opens a menu where it has items of its own.
+class MenuPeer : public QObject, public forms::Peer {
+  public:
+    MenuPeer(forms::MenuItem& item, QAction& action) : item_(item), action_(action) {
+        action.setObjectName(QString::fromStdString(item.fullName()));
+        action.setSeparator(item.Caption() == "-");
+        connect(&action, &QAction::triggered, this, [&item] { item.click(); });
+    }
+
+    void update() override {
+        action_.setText(QString::fromStdString(item_.Caption));
+        action_.setEnabled(item_.Enabled);
+        action_.setVisible(item_.Visible);
+    }
+
+  private:
+    forms::MenuItem& item_;
+    QAction& action_;
+};
+
+QAction& makeAction(const forms::MenuItem& item, QMainWindow& window) {
+    const auto* above = dynamic_cast<const forms::MenuItem*>(item.parent());
+    QWidget* place = window.menuBar();
+    if (above) place = window.findChild<QMenu*>(QString::fromStdString(above->fullName()));
+
+    auto* action = new QAction(place);
+    if (!item.children().empty()) {
+        auto* menu = new QMenu(place);
+        menu->setObjectName(QString::fromStdString(item.fullName()));
+        action->setMenu(menu);
+    }
+    place->addAction(action);
+    return *action;
+}
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::MenuItem& item, QMainWindow& window) {
+    return std::make_unique<MenuPeer>(item, makeAction(item, window));
+}
+
+}  // namespace qt

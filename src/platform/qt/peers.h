@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+
+#include "forms/controls.h"
+
+class QMainWindow;
+class QWidget;
+
+namespace qt {
+
+/// Gives every control of the form a peer with a widget inside the window, in order of tabbing.
+void buildPeers(forms::Form& form, QMainWindow& window);
+
+/// The peer of one kind of control; its widget is made inside the parent.
+std::unique_ptr<forms::Peer> makePeer(forms::Label& label, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::Line& line, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::Image& image, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::Button& button, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::CheckBox& box, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::OptionButton& option, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::TextBox& box, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::ListBox& list, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, QWidget& parent);
+
+/// These two stand in the window itself: along its bottom edge, and in its menu bar or in the
+/// menu that holds the item.
+std::unique_ptr<forms::Peer> makePeer(forms::StatusBar& bar, QMainWindow& window);
+std::unique_ptr<forms::Peer> makePeer(forms::MenuItem& item, QMainWindow& window);
+
+}  // namespace qt

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <string>
+
+#include "forms/application.h"
+
+namespace qt {
+
+/// Windows by Qt. There must be a QApplication, which outlives the toolkit; its exec() is the
+/// message loop.
+class QtToolkit : public forms::Toolkit {
+  public:
+    /// Turns a Windows path into one of the host, or back. Both in UTF-8.
+    using PathMap = std::function<std::string(const std::string&)>;
+
+    QtToolkit(PathMap toHost, PathMap toWindows);
+
+    void build(forms::Form& form) override;
+    /// Throws forms::RuntimeError if the name chosen is longer than 260 characters.
+    std::string chooseFile(forms::Form& owner, const forms::FileQuestion& question) override;
+    void quit() override;
+
+  private:
+    PathMap toHost_;
+    PathMap toWindows_;
+    QString folder_;  ///< where the last file was chosen
+};
+
+}  // namespace qt

@@ -1,0 +1,65 @@
+#include <QEvent>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "platform/qt/peers.h"
+#include "platform/qt/units.h"
+#include "platform/qt/widget_peer.h"
+
+namespace qt {
+
+namespace {
+
+/// Draws the tabs and an empty page. The panels of the form lie on the page, above it.
+class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
+  public:
+    TabPeer(forms::TabStrip& tabs, QWidget& parent) : PeerOf(tabs, new QTabWidget(&parent)) {
+        for (const auto& tab : tabs.Tabs) {
+            const int index =
+                widget_.addTab(new QWidget(&widget_), QString::fromStdString(tab.caption));
+            widget_.setTabToolTip(index, wrappingToolTip(tab.tooltip));
+        }
+        widget_.lower();
+        widget_.tabBar()->setAccessibleName(QString::fromStdString(tabs.accessibleName()));
+        parent.installEventFilter(this);
+
+        // A click on the selected tab counts too, and changes nothing that Qt would tell.
+        connect(&widget_, &QTabWidget::tabBarClicked, this, [this](int clicked) {
+            if (clicked == widget_.currentIndex()) pick(clicked);
+        });
+        connect(&widget_, &QTabWidget::currentChanged, this, [this](int current) {
+            if (current + 1 != control_.SelectedItem) pick(current);
+        });
+    }
+
+  protected:
+    void draw() override { widget_.setCurrentIndex(control_.SelectedItem - 1); }
+
+    /// The page ends where the window does, so that its edges stay in sight.
+    void lay() override {
+        const QRect place = placeOf(control_);
+        const QRect room = widget_.parentWidget()->rect().adjusted(0, 0, -place.x(), -margin);
+        const QRect seen = place & room;
+        widget_.setGeometry(seen.isEmpty() ? place : seen);
+    }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Resize) lay();
+        return false;
+    }
+
+  private:
+    static constexpr int margin = 4;
+
+    void pick(int index) {
+        act([&] { control_.pick(index + 1); });
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, QWidget& parent) {
+    return std::make_unique<TabPeer>(tabs, parent);
+}
+
+}  // namespace qt

@@ -1,0 +1,59 @@
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "platform/qt/peers.h"
+#include "platform/qt/widget_peer.h"
+
+namespace qt {
+
+namespace {
+
+class LinePeer : public PeerOf<forms::TextBox, QLineEdit> {
+  public:
+    LinePeer(forms::TextBox& box, QWidget& parent) : PeerOf(box, new QLineEdit(&parent)) {
+        widget_.setReadOnly(box.readOnly);
+        connect(&widget_, &QLineEdit::textEdited, this,
+                [this](const QString& text) { act([&] { control_.type(text.toStdString()); }); });
+    }
+
+  protected:
+    void draw() override {
+        if (!control_.Visible) return;
+        const QString text = QString::fromStdString(control_.Text);
+        // Setting a text anew would lose the cursor and the history of edits.
+        if (widget_.text() != text) widget_.setText(text);
+    }
+};
+
+/// Lines end with CRLF in the model and with a new block in the widget.
+class LinesPeer : public PeerOf<forms::TextBox, QPlainTextEdit> {
+  public:
+    LinesPeer(forms::TextBox& box, QWidget& parent) : PeerOf(box, new QPlainTextEdit(&parent)) {
+        widget_.setReadOnly(box.readOnly);
+        widget_.setTabChangesFocus(true);
+        if (box.readOnly) widget_.viewport()->setBackgroundRole(QPalette::Window);
+        connect(&widget_, &QPlainTextEdit::textChanged, this, [this] {
+            if (text() != control_.Text()) act([&] { control_.type(text()); });
+        });
+    }
+
+  protected:
+    void draw() override {
+        if (control_.Visible && text() != control_.Text())
+            widget_.setPlainText(QString::fromStdString(control_.Text));
+    }
+
+  private:
+    [[nodiscard]] std::string text() const {
+        return widget_.toPlainText().replace("\n", "\r\n").toStdString();
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::TextBox& box, QWidget& parent) {
+    if (box.multiLine) return std::make_unique<LinesPeer>(box, parent);
+    return std::make_unique<LinePeer>(box, parent);
+}
+
+}  // namespace qt

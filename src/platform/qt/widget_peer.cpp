@@ -1,0 +1,39 @@
+#include "platform/qt/widget_peer.h"
+
+#include "platform/qt/units.h"
+
+namespace qt {
+
+QString wrappingToolTip(const std::string& text) {
+    if (text.empty()) return {};
+    return "<qt>" + QString::fromStdString(text).toHtmlEscaped() + "</qt>";
+}
+
+WidgetPeer::WidgetPeer(forms::Control& control, QWidget& widget)
+    : control_(control), widget_(widget) {
+    widget.setObjectName(QString::fromStdString(control.fullName()));
+    widget.setToolTip(wrappingToolTip(control.tooltip));
+    widget.setAccessibleDescription(QString::fromStdString(control.tooltip).trimmed());
+
+    QFont font;  // only what is set here differs from the form's own font
+    if (!control.font.family.empty()) font.setFamily(QString::fromStdString(control.font.family));
+    if (control.font.points > 0) font.setPointSizeF(control.font.points);
+    if (control.font.italic) font.setItalic(true);
+    widget.setFont(font);
+}
+
+void WidgetPeer::update() {
+    lay();
+    widget_.setEnabled(control_.Enabled);
+    const QString name = QString::fromStdString(control_.accessibleName());
+    if (widget_.accessibleName() != name) widget_.setAccessibleName(name);
+    draw();
+    // What was moved out of its container is out of sight for a screen reader as well.
+    widget_.setVisible(control_.Visible && control_.Left + control_.Width > 0);
+}
+
+void WidgetPeer::lay() {
+    widget_.setGeometry(placeOf(control_));
+}
+
+}  // namespace qt
