@@ -33,6 +33,9 @@ class FakeRuntime : public core::Runtime {
     std::map<std::string, File> files;
     std::map<std::string, std::string> shortNames;  ///< of paths that exist
     std::map<std::string, std::string> settings;    ///< by key
+    std::map<std::string, std::vector<std::string>> tree = {{"c:\\", {"nwb"}}, {"c:\\nwb", {}}};
+    std::map<std::string, std::map<std::string, RegistryValue>> registry;
+    int keysOpen = 0;
     std::vector<Box> boxes;
     std::vector<std::string> shells;  ///< commands started, each behind its style and a blank
     Answer answer = Answer::Yes;
@@ -98,6 +101,24 @@ class FakeRuntime : public core::Runtime {
     std::string GetShortPathName(const std::string& path) override {
         return shortNames.contains(path) ? shortNames[path] : "";
     }
+    std::vector<std::string> drives() override { return {"c:", "d:", "e:"}; }
+    std::string currentFolder() override { return "c:\\nwb"; }
+    std::vector<std::string> folders(const std::string& path) override {
+        if (!tree.contains(path)) throw core::RuntimeError("Cannot open " + path);
+        return tree[path];
+    }
+    std::optional<RegistryKey> RegOpenKeyEx(std::uint32_t root, const std::string& name,
+                                            std::uint32_t access) override {
+        if (root != 0x80000002 || access != 0x2003F || !registry.contains(name)) return {};
+        ++keysOpen;
+        return reinterpret_cast<RegistryKey>(&registry[name]);
+    }
+    std::optional<RegistryValue> RegQueryValueEx(RegistryKey key,
+                                                 const std::string& name) override {
+        const auto& values = *reinterpret_cast<std::map<std::string, RegistryValue>*>(key);
+        return values.contains(name) ? std::optional(values.at(name)) : std::nullopt;
+    }
+    void RegCloseKey(RegistryKey) override { --keysOpen; }
 
   private:
     void step(const std::string& operation) {

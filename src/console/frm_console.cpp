@@ -3,6 +3,9 @@
 #include <charconv>
 #include <cmath>
 
+#include "dialogs/frm_include_list.h"
+#include "dialogs/locations_dialog.h"
+
 namespace console {
 
 namespace {
@@ -44,11 +47,13 @@ frmConsole::frmConsole(forms::Application& application, core::Program& program)
             .keyPreview = true}),
       program_(program) {
     connectFilePickers();
+    compile.btnModifyIncludes.setHandler([this] { btnModifyIncludes_Click(); });
 }
 
 void frmConsole::Form_Load() {
     placeWindow();
     tbsOptions.SelectedItem = program_.state.StartTab;
+    help.fitToPaths();
     compile.chooseViewer();
     fillFromState();
     compile.UpdateCmdline();
@@ -86,10 +91,14 @@ void frmConsole::fillFromState() {
 
     play.optPlayer(state.PlayerChoice).Value = true;
 
-    compile.lstInclude.Clear();
-    for (const std::string& folder : state.IncludeFolders) {
+    fillWithFolders(compile.lstInclude);
+}
+
+void frmConsole::fillWithFolders(forms::ListBox& list) {
+    list.Clear();
+    for (const std::string& folder : program_.state.IncludeFolders) {
         if (folder.empty()) break;
-        compile.lstInclude.AddItem(folder);
+        list.AddItem(folder);
     }
 }
 
@@ -133,6 +142,21 @@ void frmConsole::Form_KeyDown(int keyCode, int shift) {
         default:
             break;
     }
+}
+
+void frmConsole::mnuOptionsPrograms_Click() {
+    application().load<dialogs::frmSettings>(program_).ShowModal(*this);
+}
+
+void frmConsole::mnuOptionsOther_Click() {
+    application().load<dialogs::frmSettings2>(program_).ShowModal(*this);
+}
+
+void frmConsole::btnModifyIncludes_Click() {
+    auto& dialog = application().load<dialogs::frmIncludeList>(program_, compile.lstInclude);
+    fillWithFolders(dialog.List1);
+    dialog.ShowModal(*this);
+    compile.UpdateCmdline();
 }
 
 void frmConsole::tbsOptions_Click() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/module1.h"
+#include "docs/help_menu.h"
 #include "forms/form.h"
 #include "tools/compile_panel.h"
 #include "tools/edit_panel.h"
@@ -21,6 +22,9 @@ class frmConsole : public forms::Form {
 
   private:
     void mnuFileExit_Click() { Unload(); }
+    void mnuOptionsPrograms_Click();
+    void mnuOptionsOther_Click();
+    void btnModifyIncludes_Click();
     void tbsOptions_Click();
 
     void connectFilePickers();
@@ -29,6 +33,7 @@ class frmConsole : public forms::Form {
     void storePlace();
     void fillFromState();
     void storeToState();
+    void fillWithFolders(forms::ListBox& list);
 
     core::Program& program_;
     tools::CommandScript script_{program_.runtime};
@@ -38,6 +43,17 @@ class frmConsole : public forms::Form {
     forms::MenuItem mnuFileExit{
         mnuFile,
         {.name = "mnuFileExit", .caption = "E&xit", .event = [this] { mnuFileExit_Click(); }}};
+
+    forms::MenuItem mnuOptions{*this, {.name = "mnuOptions", .caption = "Settin&gs"}};
+    forms::MenuItem mnuOptionsPrograms{mnuOptions,
+                                       {.name = "mnuOptionsPrograms",
+                                        .caption = "&Kelm Programs ...",
+                                        .event = [this] { mnuOptionsPrograms_Click(); }}};
+    forms::MenuItem mnuOptionsOther{
+        mnuOptions, {.name = "mnuOptionsOther", .caption = "&Other Programs ...", .event = [this] {
+                         mnuOptionsOther_Click();
+                     }}};
+    docs::HelpMenu help{program_, *this};
 
     // The captions carry the blanks that set the width of the tabs.
     forms::TabStrip tbsOptions{

@@ -12,6 +12,7 @@ namespace core {
 
 /// Number of slots for include folders. A list ends in an empty slot, so it holds one folder less.
 inline constexpr int includeSlots = 21;
+inline constexpr int mostIncludes = includeSlots - 1;
 
 /// The one record of shared state. Whoever needs a field reads it at that moment; nobody is told
 /// of a change. An empty text stands for a field that nothing has set.

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "forms/application.h"
+#include "forms/disk.h"
 
 namespace core {
 
@@ -12,7 +15,7 @@ using forms::RuntimeError;
 
 /// All that the program asks of its platform. Texts are UTF-8, paths are Windows paths. An
 /// operation that fails throws RuntimeError with the system's own text. One thread calls.
-class Runtime {
+class Runtime : public forms::Disk {
   public:
     enum class OpenMode { Input, Output };
     enum class Answer { Ok, Yes, No };
@@ -27,7 +30,12 @@ class Runtime {
     static constexpr int normalFocus = 1;
     static constexpr int maximisedFocus = 3;
 
-    virtual ~Runtime() = default;
+    /// A value of the registry, read into at most 1024 bytes.
+    struct RegistryValue {
+        std::uint32_t type;
+        std::string bytes;
+    };
+    using RegistryKey = std::uintptr_t;
 
     /// The folder of the program, without a backslash at its end.
     virtual std::string AppPath() = 0;
@@ -70,6 +78,15 @@ class Runtime {
 
     /// The path with the short form of every part; empty if it names nothing that exists.
     virtual std::string GetShortPathName(const std::string& path) = 0;
+
+    /// Opens a key of the registry below the root; nothing if it does not exist, may not be opened
+    /// with the access asked for, or the system has no registry.
+    virtual std::optional<RegistryKey> RegOpenKeyEx(std::uint32_t root, const std::string& name,
+                                                    std::uint32_t access) = 0;
+    /// Reads a value of an open key; nothing if it cannot be read or is longer than 1024 bytes.
+    virtual std::optional<RegistryValue> RegQueryValueEx(RegistryKey key,
+                                                         const std::string& name) = 0;
+    virtual void RegCloseKey(RegistryKey key) = 0;
 };
 
 }  // namespace core

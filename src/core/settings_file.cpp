@@ -94,7 +94,7 @@ void readNumbers(Runtime& runtime, AppState& state) {
 }
 
 void readFolders(Runtime& runtime, AppState& state) {
-    for (int slot = 0; slot + 1 < includeSlots && !runtime.rtcEndOfFile(); ++slot) {
+    for (int slot = 0; slot < mostIncludes && !runtime.rtcEndOfFile(); ++slot) {
         state.IncludeFolders[slot] = runtime.vbaInputFile();
     }
 }

@@ -35,6 +35,7 @@ struct Definition {
     std::string caption = {};
     std::string text = {};
     std::string tooltip = {};
+    std::string spoken = {};  ///< what a screen reader calls it, where no caption tells
     Place place = {};
     bool ticked = false;  ///< a check box or an option button that starts selected
     bool visible = true;
@@ -68,6 +69,7 @@ class Control {
     const std::string name;
     const int index;
     const std::string tooltip;
+    const std::string spoken;
     const Font font;
 
     Property<std::string> Caption;
@@ -82,8 +84,8 @@ class Control {
 
     /// The control's name, with its index where it belongs to an array: "optFormat(2)".
     [[nodiscard]] std::string fullName() const;
-    /// What a screen reader calls the control: its caption without "&"; without a caption that of
-    /// the label before it, and failing that its container's.
+    /// What a screen reader calls the control: the definition's own word, else its caption without
+    /// "&", else that of the label before it, and failing that its container's.
     [[nodiscard]] std::string accessibleName() const;
     /// The letter, in upper case, that reaches the control together with Alt, or 0.
     [[nodiscard]] char mnemonic() const;
@@ -102,6 +104,8 @@ class Control {
 
     /// A user's click on the control, or its mnemonic.
     void click();
+    /// True if Enter works on the control while it has the focus, and not on the default button.
+    [[nodiscard]] virtual bool takesEnter() const { return false; }
 
     /// Carries out what a changed property sets off. Only properties call it.
     virtual void changed(Effect effect);

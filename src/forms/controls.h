@@ -9,9 +9,13 @@
 
 #include "forms/control.h"
 
-/// The kinds of control. Each has the properties that the program uses and an entry for each
-/// thing that a user can do to it; peers and tests call the same entries.
+/// The kinds of control, but for the two in file_lists.h. Each has the properties that the program
+/// uses and an entry for each thing that a user can do to it; peers and tests call the same
+/// entries.
 namespace forms {
+
+class DriveList;
+class FolderList;
 
 class Label : public Control {
   public:
@@ -46,6 +50,7 @@ class Button : public Control {
           isDefault(definition.isDefault),
           isCancel(definition.isCancel) {}
     void accept(ControlVisitor& visitor) override;
+    [[nodiscard]] bool takesEnter() const override { return true; }
 
     const bool isDefault;
     const bool isCancel;
@@ -86,6 +91,7 @@ class TextBox : public Control {
           multiLine(definition.multiLine),
           Text(*this, definition.text, Effect::Raise) {}
     void accept(ControlVisitor& visitor) override;
+    [[nodiscard]] bool takesEnter() const override { return multiLine && !readOnly; }
 
     const bool readOnly;
     const bool multiLine;
@@ -210,19 +216,28 @@ class ControlArray {
     using Handler = std::function<void(int index)>;
 
     ControlArray(Container& parent, const std::string& name, std::vector<Definition> definitions,
-                 const Handler& handler = {}) {
-        for (Definition& definition : definitions) {
-            const int index = definition.index;
-            definition.name = name;
-            if (handler) definition.event = [handler, index] { handler(index); };
-            controls_.emplace(index, std::make_unique<Kind>(parent, std::move(definition)));
-        }
+                 const Handler& handler = {})
+        : ControlArray(name, handler) {
+        for (Definition& definition : definitions)
+            add(parent, std::move(definition));
+    }
+    /// An array whose controls lie in several containers; add gives it one after the other.
+    explicit ControlArray(std::string name, Handler handler = {})
+        : name_(std::move(name)), handler_(std::move(handler)) {}
+
+    void add(Container& parent, Definition definition) {
+        const int index = definition.index;
+        definition.name = name_;
+        if (handler_) definition.event = [this, index] { handler_(index); };
+        controls_.emplace(index, std::make_unique<Kind>(parent, std::move(definition)));
     }
 
     Kind& operator()(int index) { return *controls_.at(index); }
     [[nodiscard]] const Kind& operator()(int index) const { return *controls_.at(index); }
 
   private:
+    std::string name_;
+    Handler handler_;
     std::map<int, std::unique_ptr<Kind>> controls_;
 };
 
@@ -240,6 +255,8 @@ class ControlVisitor {
     virtual void visit(Frame& frame) = 0;
     virtual void visit(PictureBox& panel) = 0;
     virtual void visit(ListBox& list) = 0;
+    virtual void visit(DriveList& list) = 0;
+    virtual void visit(FolderList& list) = 0;
     virtual void visit(TabStrip& tabs) = 0;
     virtual void visit(StatusBar& bar) = 0;
     virtual void visit(MenuItem& item) = 0;

@@ -51,7 +51,7 @@ class SpellingPanel {
     static constexpr int paramLeft = panel::left + codesWidth + gap;
     static constexpr int outputHeight = panel::frameHeight(3) + 360;
     static constexpr int secondRow = panel::optionsTop + outputHeight + 60;
-    static constexpr int nameTop = 510;
+    static constexpr int nameTop = 570;
 
     static constexpr forms::Place belowName(int number) {
         const forms::Place row = panel::row(number, panel::width);

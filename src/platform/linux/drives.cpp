@@ -75,4 +75,11 @@ Drives::Place Drives::placeOf(std::string_view hostPath) const {
     return best;
 }
 
+std::vector<std::string> Drives::names() const {
+    std::vector<std::string> names;
+    for (const auto& [letter, folder] : folders_)
+        names.push_back(std::string{letter, ':'});
+    return names;
+}
+
 }  // namespace platform

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -20,6 +21,9 @@ class Drives {
 
     /// The folder that a letter in any case stands for, if there is such a drive.
     [[nodiscard]] std::optional<std::string> folderOf(char letter) const;
+
+    /// The drives, as "c:", in order.
+    [[nodiscard]] std::vector<std::string> names() const;
 
     struct Place {
         std::string drive;   ///< "c:"; empty if no drive reaches the place

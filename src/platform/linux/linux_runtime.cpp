@@ -216,4 +216,26 @@ void LinuxRuntime::rtcSaveSetting(const std::string& application, const std::str
     }
 }
 
+std::vector<std::string> LinuxRuntime::drives() {
+    return disk_.drives().names();
+}
+
+std::string LinuxRuntime::currentFolder() {
+    return disk_.toWindows(platform::currentFolder());
+}
+
+std::vector<std::string> LinuxRuntime::folders(const std::string& path) {
+    std::vector<std::string> names;
+    try {
+        for (const fs::directory_entry& entry : fs::directory_iterator(hostPath("open", path))) {
+            const std::string name = entry.path().filename().string();
+            std::error_code unreadable;
+            if (!name.starts_with('.') && entry.is_directory(unreadable)) names.push_back(name);
+        }
+    } catch (const fs::filesystem_error& error) {
+        fail("open", path, error.code().message());
+    }
+    return names;
+}
+
 }  // namespace platform

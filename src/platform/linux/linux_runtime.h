@@ -49,6 +49,20 @@ class LinuxRuntime : public core::Runtime {
 
     std::string GetShortPathName(const std::string& path) override { return disk_.shortPath(path); }
 
+    std::vector<std::string> drives() override;
+    std::string currentFolder() override;
+    std::vector<std::string> folders(const std::string& path) override;
+
+    // This system has no registry.
+    std::optional<RegistryKey> RegOpenKeyEx(std::uint32_t, const std::string&,
+                                            std::uint32_t) override {
+        return {};
+    }
+    std::optional<RegistryValue> RegQueryValueEx(RegistryKey, const std::string&) override {
+        return {};
+    }
+    void RegCloseKey(RegistryKey) override {}
+
     /// The disk behind the paths, for file dialogs that show the host's own.
     WindowsDisk& disk() { return disk_; }
 

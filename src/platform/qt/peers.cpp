@@ -23,6 +23,8 @@ class PeerBuilder : public forms::ControlVisitor {
     void visit(forms::Frame& frame) override { attach(frame, parentOf(frame)); }
     void visit(forms::PictureBox& panel) override { attach(panel, parentOf(panel)); }
     void visit(forms::ListBox& list) override { attach(list, parentOf(list)); }
+    void visit(forms::DriveList& list) override { attach(list, parentOf(list)); }
+    void visit(forms::FolderList& list) override { attach(list, parentOf(list)); }
     void visit(forms::TabStrip& tabs) override { attach(tabs, parentOf(tabs)); }
     void visit(forms::StatusBar& bar) override { attach(bar, window_); }
     void visit(forms::MenuItem& item) override { attach(item, window_); }

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "forms/controls.h"
+#include "forms/file_lists.h"
 
 class QMainWindow;
 class QWidget;
@@ -23,6 +24,8 @@ std::unique_ptr<forms::Peer> makePeer(forms::TextBox& box, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::ListBox& list, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::DriveList& list, QWidget& parent);
+std::unique_ptr<forms::Peer> makePeer(forms::FolderList& list, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, QWidget& parent);
 
 /// These two stand in the window itself: along its bottom edge, and in its menu bar or in the

@@ -1,0 +1,56 @@
+#include "dialogs/frm_include_add.h"
+
+#include "core/text.h"
+
+namespace dialogs {
+
+using core::Runtime;
+
+frmIncludeAdd::frmIncludeAdd(forms::Application& application, core::Program& program,
+                             forms::ListBox& list)
+    : Form(application, "frmIncludeAdd",
+           {.caption = "Add or Edit Include folder", .place = {0, 0, 5460, 3900}}),
+      program_(program),
+      list_(list) {}
+
+void frmIncludeAdd::Form_Activate() {
+    if (core::drivePart(txtFolder.Text()).empty()) return;
+
+    Runtime& runtime = program_.runtime;
+    bool told = false;
+    // A step that fails sends the list to the first drive, and the steps behind it go on from
+    // there. If that cannot be read either, the lists stay where they are.
+    const auto trapped = [&](const std::function<void()>& step) {
+        try {
+            step();
+        } catch (const core::RuntimeError&) {
+            runtime.rtcMsgBox("Folder " + txtFolder.Text() + " not found.", Runtime::okOnly);
+            try {
+                Dir1.Path = "c:\\";
+            } catch (const core::RuntimeError& error) {
+                if (!told) runtime.rtcMsgBox(error.what(), Runtime::exclamation);
+                told = true;
+            }
+        }
+    };
+
+    trapped([&] { Dir1.Path = txtFolder.Text(); });
+    const std::string folder = txtFolder.Text;  // selecting the drive rewrites the text
+    trapped([&] { Drive1.Drive = std::string(core::drivePart(folder)); });
+    trapped([&] { Dir1.Path = folder; });
+}
+
+void frmIncludeAdd::OKButton_Click() {
+    const std::string& folder = txtFolder.Text;
+    // An empty entry would end the list.
+    if (folder.find_first_not_of(' ') != std::string::npos) {
+        if (program_.state.AddingFolder) {
+            list_.AddItem(folder);
+        } else {
+            list_.setList(list_.ListIndex, folder);
+        }
+    }
+    Unload();
+}
+
+}  // namespace dialogs

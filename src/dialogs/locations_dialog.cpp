@@ -1,0 +1,151 @@
+#include "dialogs/locations_dialog.h"
+
+#include "tools/pick_file.h"
+
+namespace dialogs {
+
+using core::AppState;
+
+namespace {
+
+constexpr const char* programs = "Programs (*.exe)|*.exe|All Files (*.*)|*.*";
+constexpr const char* players = "KELM Player Programs";
+constexpr const char* manuals = "KELM Manuals";
+
+const std::vector<Location> kelmLocations = {
+    {0, "KELM Compiler", &AppState::CompilerPath, "Locate 'kelm.exe' compiler program", programs},
+    {3, "Windows", &AppState::GuiPlayerPath, "Locate 'winkrun.exe' player program", programs,
+     players},
+    {4, "Windows Console", &AppState::ConsolePlayerPath, "Locate 'krun.exe' Windows player program",
+     programs, players},
+    {1, "DOS Console", &AppState::DosPlayerPath, "Locate 'krun.exe' MSDOS player program", programs,
+     players},
+    {5, "KLex utility", &AppState::ExtractorPath, "Locate 'klex.exe' text extractor program",
+     programs},
+    {8, "HTML", &AppState::ManualHtmlPath, "Locate the KELM HTML-format manual - 'kelmTOC.html'",
+     "HTML (*.html)|*.html|All Files (*.*)|*.*", manuals},
+    {7, "Adobe PDF", &AppState::ManualPdfPath,
+     "Locate the KELM Adobe Acrobat-format manual - 'kelmmanual28.pdf'",
+     "Acrobat Files (*.pdf)|*.pdf|All Files (*.*)|*.*", manuals},
+    {6, "Tutorial", &AppState::TutorialPath, "Locate Tutorial 'contents.htm' file",
+     "HTML (*.htm)|*.htm|All Files (*.*)|*.*"},
+};
+
+const std::vector<Location> otherLocations = {
+    {0, "Web Browser", &AppState::BrowserPath,
+     "Locate web-browser or HTML viewer program - eg:IExplore.exe", programs},
+    {1, "Acrobat Reader", &AppState::AcrobatPath,
+     "Locate Adobe Acrobat Reader program - eg:acroread.exe", programs},
+    {2, "Text Editor", &AppState::EditorPath, "Locate your text editor software - eg 'PFE32.exe'",
+     programs, nullptr, true},
+    {9, "Wordprocessor", &AppState::WordProcessorPath,
+     "Locate your wordprocessor software - eg 'winword.exe'", programs},
+};
+
+// The layout, in twips. Rows in a frame keep the columns of those outside.
+constexpr int margin = 180;
+constexpr int width = 7200;
+constexpr int frameInset = 120;
+constexpr int frameTitle = 255;
+constexpr int rowHeight = 435;
+constexpr int buttonWidth = 1095;
+constexpr int buttonHeight = 375;
+
+}  // namespace
+
+LocationsDialog::LocationsDialog(forms::Application& application, core::Program& program,
+                                 const std::string& name, const std::string& caption,
+                                 std::vector<Location> locations)
+    : Form(application, name, {.caption = caption, .place = {0, 0, width, 0}}),
+      program_(program),
+      locations_(std::move(locations)) {
+    int top = margin;
+    for (auto row = locations_.begin(); row != locations_.end();) {
+        if (!row->group) {
+            if (row->ruleAbove) {
+                decoration.push_back(std::make_unique<forms::Line>(
+                    *this, forms::Definition{.name = "Line1",
+                                             .place = {margin, top, width - 2 * margin, 15}}));
+                top += margin;
+            }
+            addRow(*row++, *this, margin + frameInset, top);
+            top += rowHeight;
+            continue;
+        }
+        const auto end = std::find_if(
+            row, locations_.end(), [&](const Location& next) { return next.group != row->group; });
+        const int height = frameTitle + static_cast<int>(end - row) * rowHeight + 60;
+        auto frame = std::make_unique<forms::Frame>(
+            *this, forms::Definition{.name = row->group == players ? "Frame1" : "Frame2",
+                                     .caption = row->group,
+                                     .place = {margin, top, width - 2 * margin, height}});
+        for (int inside = frameTitle; row != end; inside += rowHeight) {
+            addRow(*row++, *frame, frameInset, inside);
+        }
+        decoration.push_back(std::move(frame));
+        top += height + 120;
+    }
+    top += 60;
+    CancelButton = std::make_unique<forms::Button>(
+        *this, forms::Definition{.name = "CancelButton",
+                                 .caption = "&Cancel",
+                                 .place = {width - 2 * (margin + buttonWidth) + 60, top,
+                                           buttonWidth, buttonHeight},
+                                 .isCancel = true,
+                                 .event = [this] { CancelButton_Click(); }});
+    OKButton = std::make_unique<forms::Button>(
+        *this,
+        forms::Definition{.name = "OKButton",
+                          .caption = "&OK",
+                          .place = {width - margin - buttonWidth, top, buttonWidth, buttonHeight},
+                          .isDefault = true,
+                          .event = [this] { OKButton_Click(); }});
+    Height.store(top + buttonHeight + margin);
+}
+
+void LocationsDialog::addRow(const Location& location, forms::Container& container, int left,
+                             int top) {
+    constexpr int labelWidth = 1500;
+    constexpr int textWidth = 4140;
+    constexpr int browseWidth = 840;
+    const int index = location.index;
+    Label1.add(
+        container,
+        {.index = index, .caption = location.label, .place = {left, top + 60, labelWidth, 225}});
+    txtFname.add(container, {.index = index, .place = {left + labelWidth, top, textWidth, 345}});
+    btnBrowse.add(container,
+                  {.index = index,
+                   .caption = "&Browse",
+                   .place = {left + labelWidth + textWidth + 90, top - 15, browseWidth, 375}});
+}
+
+void LocationsDialog::Form_Load() {
+    for (const Location& location : locations_) {
+        txtFname(location.index).Text = program_.state.*location.field;
+    }
+}
+
+void LocationsDialog::btnBrowse_Click(int index) {
+    const auto location =
+        std::find_if(locations_.begin(), locations_.end(),
+                     [&](const Location& candidate) { return candidate.index == index; });
+    tools::pickFile(CommonDialog1, location->title, location->filter, txtFname(index));
+}
+
+void LocationsDialog::OKButton_Click() {
+    for (const Location& location : locations_) {
+        program_.state.*location.field = txtFname(location.index).Text;
+    }
+    core::SaveSettings(program_);
+    Unload();
+}
+
+frmSettings::frmSettings(forms::Application& application, core::Program& program)
+    : LocationsDialog(application, program, "frmSettings",
+                      "Kelm Programs and Documenation File Locations", kelmLocations) {}
+
+frmSettings2::frmSettings2(forms::Application& application, core::Program& program)
+    : LocationsDialog(application, program, "frmSettings2", "Other Program Locations",
+                      otherLocations) {}
+
+}  // namespace dialogs

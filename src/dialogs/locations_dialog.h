@@ -1,0 +1,65 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/module1.h"
+#include "forms/form.h"
+
+namespace dialogs {
+
+/// One path that a dialog of locations edits. The index names the row's controls.
+struct Location {
+    int index;
+    const char* label;
+    std::string core::AppState::*field;
+    const char* title;            ///< of the file dialog
+    const char* filter;           ///< of the file dialog
+    const char* group = nullptr;  ///< caption of the frame around this row and its neighbours
+    bool ruleAbove = false;       ///< a line parts the row from the one before
+};
+
+/// A dialog of paths, one to a row. It works on a copy until OK, tests nothing, and saves at once.
+class LocationsDialog : public forms::Form {
+  public:
+    LocationsDialog(forms::Application& application, core::Program& program,
+                    const std::string& name, const std::string& caption,
+                    std::vector<Location> locations);
+
+    void Form_Load() override;
+
+  private:
+    void btnBrowse_Click(int index);
+    void OKButton_Click();
+    void CancelButton_Click() { Unload(); }
+
+    void addRow(const Location& location, forms::Container& container, int left, int top);
+
+    core::Program& program_;
+    const std::vector<Location> locations_;
+
+  public:
+    forms::CommonDialog CommonDialog1{*this, {.name = "CommonDialog1"}};
+    forms::ControlArray<forms::Label> Label1{"Label1"};
+    forms::ControlArray<forms::TextBox> txtFname{"txtFname"};
+    forms::ControlArray<forms::Button> btnBrowse{"btnBrowse",
+                                                 [this](int index) { btnBrowse_Click(index); }};
+    std::vector<std::unique_ptr<forms::Control>> decoration;  ///< frames and lines
+    std::unique_ptr<forms::Button> CancelButton;
+    std::unique_ptr<forms::Button> OKButton;
+};
+
+/// Where the KELM programs and documents lie.
+class frmSettings : public LocationsDialog {
+  public:
+    frmSettings(forms::Application& application, core::Program& program);
+};
+
+/// Where the programs lie that do not belong to KELM.
+class frmSettings2 : public LocationsDialog {
+  public:
+    frmSettings2(forms::Application& application, core::Program& program);
+};
+
+}  // namespace dialogs

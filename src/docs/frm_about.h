@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/module1.h"
+#include "forms/form.h"
+
+namespace docs {
+
+/// Tells about the program, and starts the system's own information program.
+class frmAbout : public forms::Form {
+  public:
+    frmAbout(forms::Application& application, core::Program& program);
+
+    void Form_Load() override;
+
+  private:
+    void cmdOK_Click() { Unload(); }
+    void cmdSysInfo_Click();
+
+    core::Program& program_;
+
+  public:
+    forms::Image picIcon{*this, {.name = "picIcon", .text = "nwbw", .place = {240, 240, 720, 720}}};
+    forms::Label lblTitle{*this,
+                          {.name = "lblTitle",
+                           .caption = "Application Title",
+                           .place = {1200, 240, 4500, 420},
+                           .font = {.points = 14}}};
+    forms::Label lblVersion{
+        *this, {.name = "lblVersion", .caption = "Version", .place = {1200, 690, 4500, 270}}};
+    forms::Label lblDescription{
+        *this,
+        {.name = "lblDescription",
+         .caption = "An MS Windows 32-bit graphical user interface for writing interactive fiction "
+                    "using the KELM Adventure Language. It runs on Windows and on Linux, and works "
+                    "with the compiler, players and text extractor that you have installed.",
+         .place = {1200, 1050, 4500, 930}}};
+    forms::Line Line1{*this, {.name = "Line1", .index = 0, .place = {240, 2115, 5460, 15}}};
+    forms::Label lblDisclaimer{
+        *this,
+        {.name = "lblDisclaimer",
+         .caption = "The KELM programs and documents are not part of this program. What each "
+                    "message means and how to cure it is told under Contents in the Help menu.",
+         .place = {240, 2265, 3960, 900}}};
+    forms::Button cmdOK{*this,
+                        {.name = "cmdOK",
+                         .caption = "OK",
+                         .place = {4305, 2265, 1395, 375},
+                         .isDefault = true,
+                         .isCancel = true,
+                         .event = [this] { cmdOK_Click(); }}};
+    forms::Button cmdSysInfo{*this,
+                             {.name = "cmdSysInfo",
+                              .caption = "&System Info...",
+                              .place = {4305, 2730, 1395, 375},
+                              .event = [this] { cmdSysInfo_Click(); }}};
+};
+
+}  // namespace docs

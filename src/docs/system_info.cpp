@@ -1,0 +1,67 @@
+#include "docs/system_info.h"
+
+namespace docs {
+
+using core::Runtime;
+
+namespace {
+
+constexpr std::uint32_t localMachine = 0x80000002;
+constexpr std::uint32_t fullAccess = 0x2003F;
+constexpr std::uint32_t regSz = 1;
+constexpr std::uint32_t regDword = 4;
+
+constexpr const char* pathKey = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
+constexpr const char* folderKey = "SOFTWARE\\Microsoft\\Shared Tools Location";
+constexpr const char* programFile = "\\MSINFO32.EXE";
+
+/// The digits of the bytes from the last to the first, without leading zeros.
+std::string hexadecimal(const std::string& bytes) {
+    constexpr const char* digits = "0123456789ABCDEF";
+    std::string text = "&h";
+    for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
+        const auto value = static_cast<unsigned char>(*byte);
+        if (value >= 0x10) text += digits[value >> 4];
+        text += digits[value & 0xF];
+    }
+    return text;
+}
+
+/// The path of the program, by the first key that the registry has; empty if none leads to it.
+std::string programPath(Runtime& runtime) {
+    std::string path;
+    if (GetKeyValue(runtime, localMachine, pathKey, "PATH", path)) return path;
+    if (!GetKeyValue(runtime, localMachine, folderKey, "MSINFO", path)) return {};
+    return runtime.rtcDir(path + programFile).empty() ? "" : path + programFile;
+}
+
+}  // namespace
+
+bool GetKeyValue(Runtime& runtime, std::uint32_t KeyRoot, const std::string& KeyName,
+                 const std::string& SubKeyRef, std::string& KeyVal) {
+    const auto key = runtime.RegOpenKeyEx(KeyRoot, KeyName, fullAccess);
+    const auto value = key ? runtime.RegQueryValueEx(*key, SubKeyRef) : std::nullopt;
+    if (!value) {
+        KeyVal.clear();
+    } else {
+        const std::string text = value->bytes.substr(0, value->bytes.find('\0'));
+        if (value->type == regSz) KeyVal = text;
+        if (value->type == regDword) KeyVal = hexadecimal(text);
+    }
+    if (key) runtime.RegCloseKey(*key);
+    return value.has_value();
+}
+
+void StartSysInfo(Runtime& runtime) {
+    try {
+        if (const std::string path = programPath(runtime); !path.empty()) {
+            runtime.rtcShell(path, Runtime::normalFocus);
+            return;
+        }
+    } catch (const core::RuntimeError&) {
+        // Told below, like a program that is not there.
+    }
+    runtime.rtcMsgBox("System Information Is Unavailable At This Time", Runtime::okOnly);
+}
+
+}  // namespace docs

@@ -1,0 +1,102 @@
+#include "forms/file_lists.h"
+
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+#include "forms/application.h"
+
+namespace forms {
+
+namespace {
+
+std::string lowered(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+/// A path as the folder list holds it: a bare drive stands for its root, and only a root ends in a
+/// backslash.
+std::string folderPath(std::string path) {
+    while (path.size() > 3 && path.back() == '\\')
+        path.pop_back();
+    if (path.size() == 2 && path[1] == ':') path += '\\';
+    return path;
+}
+
+}  // namespace
+
+DriveList::DriveList(Container& parent, Definition definition, Disk& disk)
+    : Control(&parent, std::move(definition)),
+      drives_(disk.drives()),
+      drive_(lowered(disk.currentFolder().substr(0, 2))) {}
+
+void DriveList::select(const std::string& drive) {
+    const std::string selected = lowered(drive);
+    if (selected == drive_) return;
+    if (std::find(drives_.begin(), drives_.end(), selected) == drives_.end()) {
+        throw RuntimeError("There is no drive " + drive);
+    }
+    const std::string before = std::exchange(drive_, selected);
+    try {
+        changed(Effect::Raise);
+    } catch (const RuntimeError&) {
+        drive_ = before;  // a drive that the handler could not use is not kept
+        draw();
+        throw;
+    }
+}
+
+void DriveList::pick(int index) {
+    act([&] { select(drives_.at(index)); });
+}
+
+FolderList::FolderList(Container& parent, Definition definition, Disk& disk)
+    : Control(&parent, std::move(definition)), disk_(disk) {
+    fill(folderPath(disk.currentFolder()));
+}
+
+void FolderList::open(const std::string& path) {
+    const std::string opened = folderPath(path);
+    if (opened == path_) return;
+    fill(opened);
+    changed(Effect::Raise);
+}
+
+void FolderList::fill(const std::string& path) {
+    std::vector<std::string> inside = disk_.folders(path);
+    std::sort(inside.begin(), inside.end(), [](const std::string& one, const std::string& other) {
+        return lowered(one) < lowered(other);
+    });
+
+    rows_.clear();
+    for (std::size_t end = 2; end != std::string::npos;) {
+        const std::size_t start = rows_.empty() ? 0 : end + 1;
+        end = path.find('\\', start);
+        const std::string name = path.substr(start, end - start);
+        if (name.empty()) break;
+        rows_.push_back({rows_.empty() ? name + "\\" : name, static_cast<int>(rows_.size()),
+                         folderPath(path.substr(0, end))});
+    }
+    path_ = path;
+    openRow_ = static_cast<int>(rows_.size()) - 1;
+    const std::string stem = path.ends_with('\\') ? path : path + '\\';
+    for (const std::string& name : inside)
+        rows_.push_back({name, openRow_ + 1, stem + name});
+    draw();
+}
+
+void FolderList::choose(int row) {
+    if (row >= 0 && row < static_cast<int>(rows_.size()))
+        act([&] { open(std::string(rows_[row].path)); });
+}
+
+void DriveList::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void FolderList::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+}  // namespace forms

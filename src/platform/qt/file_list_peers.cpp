@@ -1,0 +1,84 @@
+#include <QComboBox>
+#include <QHeaderView>
+#include <QStyle>
+#include <QTreeWidget>
+#include <vector>
+
+#include "platform/qt/peers.h"
+#include "platform/qt/widget_peer.h"
+
+namespace qt {
+
+namespace {
+
+class DrivePeer : public PeerOf<forms::DriveList, QComboBox> {
+  public:
+    DrivePeer(forms::DriveList& list, QWidget& parent) : PeerOf(list, new QComboBox(&parent)) {
+        const QIcon icon = widget_.style()->standardIcon(QStyle::SP_DriveHDIcon);
+        for (const std::string& drive : list.drives())
+            widget_.addItem(icon, QString::fromStdString(drive));
+        connect(&widget_, &QComboBox::activated, this,
+                [this](int index) { act([&] { control_.pick(index); }); });
+    }
+
+  protected:
+    void draw() override {
+        widget_.setCurrentIndex(widget_.findText(QString::fromStdString(control_.Drive)));
+    }
+};
+
+/// Each folder on the way to the open one stands inside the one before, and those that the open
+/// folder holds stand inside that.
+class FolderPeer : public PeerOf<forms::FolderList, QTreeWidget> {
+  public:
+    FolderPeer(forms::FolderList& list, QWidget& parent) : PeerOf(list, new QTreeWidget(&parent)) {
+        widget_.header()->hide();
+        widget_.setRootIsDecorated(false);
+        widget_.setItemsExpandable(false);
+        widget_.setIndentation(widget_.indentation() / 2);
+        connect(&widget_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
+            const int row = item->data(0, Qt::UserRole).toInt();
+            act([&] { control_.choose(row); });
+        });
+    }
+
+  protected:
+    void draw() override {
+        if (drawn_ == control_.Path()) return;  // the user may be moving among the rows
+        drawn_ = control_.Path();
+        widget_.clear();
+        std::vector<QTreeWidgetItem*> above{widget_.invisibleRootItem()};
+        for (int row = 0; row < static_cast<int>(control_.rows().size()); ++row) {
+            above.resize(control_.rows()[row].depth + 1);
+            above.push_back(drawRow(row, *above.back()));
+        }
+        widget_.expandAll();
+        widget_.scrollToItem(widget_.currentItem(), QAbstractItemView::PositionAtCenter);
+    }
+
+  private:
+    QTreeWidgetItem* drawRow(int row, QTreeWidgetItem& above) {
+        auto* item = new QTreeWidgetItem(&above);
+        const bool open = row <= control_.openRow();
+        item->setText(0, QString::fromStdString(control_.rows()[row].name));
+        item->setIcon(0, widget_.style()->standardIcon(open ? QStyle::SP_DirOpenIcon
+                                                            : QStyle::SP_DirClosedIcon));
+        item->setData(0, Qt::UserRole, row);
+        if (row == control_.openRow()) widget_.setCurrentItem(item);
+        return item;
+    }
+
+    std::string drawn_;
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::DriveList& list, QWidget& parent) {
+    return std::make_unique<DrivePeer>(list, parent);
+}
+
+std::unique_ptr<forms::Peer> makePeer(forms::FolderList& list, QWidget& parent) {
+    return std::make_unique<FolderPeer>(list, parent);
+}
+
+}  // namespace qt
