@@ -75,18 +75,18 @@ TEST_F(Disk, MapsPathsToTheHost) {
 }
 
 TEST_F(Disk, MapsHostPathsToTheNearestDrive) {
-    write(c / "a\\b/x.kel");
+    write(c / "a\\b/x\ndel\".kel");
     fs::create_directory_symlink(d, home / "shortcut");
     const std::pair<fs::path, std::string> cases[] = {
         {c / "my games/x.kel", "c:\\my games\\x.kel"},
         {d, "d:\\"},
         {home / "shortcut/x.kel", "d:\\x.kel"},
-        {c / "a\\b/x.kel", "c:\\A_B~1\\x.kel"},
+        {c / "a\\b/x\ndel\".kel", "c:\\A_B~1\\X_DEL_~1.KEL"},
         {"/usr/bin", "z:\\usr\\bin"},
     };
     for (const auto& [host, path] : cases)
         EXPECT_EQ(disk.toWindows(host), path) << host;
-    EXPECT_EQ(disk.toHost(disk.toWindows(c / "a\\b/x.kel")), c / "a\\b/x.kel");
+    EXPECT_EQ(disk.toHost("c:\\a_b~1\\x_del_~1.kel"), c / "a\\b/x\ndel\".kel");
 }
 
 TEST_F(LinuxDesktop, TakesTheDrivesOfTheWinePrefixOrMakesItsOwn) {
@@ -148,7 +148,7 @@ TEST(ShortNames, AreUniqueLegalFoundAgainAndStayAsTheyAre) {
     const auto pick = [&](int below) { return static_cast<int>(random() % below); };
     const std::string letters[] = {"a", "A", "b", "~", "1", "2", " ", ".", "é", "+", "abcdefg"};
     const std::string extensions[] = {"", ".kel", ".KEL", ".lis", ".kelm", ".k l"};
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 60; ++round) {
         std::vector<std::string> names;
         std::map<std::string, std::string> before;
         for (int size = 1; size < 40; ++size) {

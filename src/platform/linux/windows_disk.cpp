@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -23,6 +24,15 @@ std::string withoutSlash(std::string path) {
     while (path.ends_with('/'))
         path.pop_back();
     return path;
+}
+
+/// False if the name holds what no Windows path can hold, or what would end a line or a quoted text
+/// of a script; its short name holds nothing of the kind.
+bool fitsWindows(std::string_view name) {
+    return std::none_of(name.begin(), name.end(), [](char c) {
+        constexpr std::string_view reserved = "\\:*?\"<>|";
+        return static_cast<unsigned char>(c) < 0x20 || reserved.find(c) != std::string_view::npos;
+    });
 }
 
 void leave(std::string& host, const std::string& root) {
@@ -137,9 +147,8 @@ std::string WindowsDisk::toWindows(const std::string& hostPath) {
     std::string host = place.folder;
     std::string result = place.drive;
     for (const fs::path& step : fs::path(chosen.substr(host.size())).relative_path()) {
-        // A backslash in a name of the host would part it; the short name has none.
         const std::string name = step.string();
-        Folder* names = name.find('\\') != std::string::npos ? list(host) : nullptr;
+        Folder* names = fitsWindows(name) ? nullptr : list(host);
         result += '\\';
         result += names != nullptr ? names->shortFor(name) : name;
         host += '/' + name;
