@@ -26,6 +26,7 @@ class ButtonPeer : public ClickPeer<forms::Button, QPushButton> {
   public:
     ButtonPeer(forms::Button& button, QWidget& parent) : ClickPeer(button, parent) {
         widget_.setDefault(button.isDefault);
+        widget_.setAutoDefault(true);  // Enter presses it while it has the focus
     }
 };
 

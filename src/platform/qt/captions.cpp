@@ -45,8 +45,14 @@ bool fits(const QAbstractButton& button) {
 }
 
 bool fits(const QGroupBox& box) {
-    const int sides = 8;  // the title is set in from the frame's corners
-    return textSize(box, box.title()).width() + 2 * sides <= box.width();
+    QStyleOptionGroupBox option;
+    option.initFrom(&box);
+    option.text = box.title();
+    option.textAlignment = box.alignment();
+    option.subControls = QStyle::SC_GroupBoxFrame | QStyle::SC_GroupBoxLabel;
+    const QRect title =
+        box.style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, &box);
+    return textSize(box, box.title()).width() <= title.width() && box.rect().contains(title);
 }
 
 bool fits(const QLineEdit& line) {

@@ -1,5 +1,4 @@
 #include <QGroupBox>
-#include <QGuiApplication>
 #include <QMouseEvent>
 
 #include "forms/form.h"
@@ -16,7 +15,7 @@ class FramePeer : public PeerOf<forms::Frame, QWidget> {
         : PeerOf(frame, frame.Caption().empty() ? new QWidget(&parent) : new QGroupBox(&parent)) {
         widget_.installEventFilter(this);
         if (frame.form().style.background == forms::FormStyle::noColour) return;
-        widget_.setPalette(QGuiApplication::palette());
+        widget_.setBackgroundRole(QPalette::Base);
         widget_.setAutoFillBackground(true);
     }
 

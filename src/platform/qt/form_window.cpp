@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QLayout>
 #include <QMenuBar>
+#include <QProxyStyle>
 #include <QScreen>
 #include <QWindow>
 
@@ -23,6 +25,31 @@ Qt::WindowFlags windowFlags(const forms::FormStyle& style) {
            Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 }
 
+/// Makes the items of a menu bar as high as the bar is.
+class MenuBarStyle : public QProxyStyle {
+  public:
+    explicit MenuBarStyle(QMenuBar& bar) : bar_(bar) { setParent(&bar); }
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override {
+        const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        if (type != CT_MenuBarItem) return size;
+        const int edges = pixelMetric(PM_MenuBarPanelWidth, option, widget) +
+                          pixelMetric(PM_MenuBarVMargin, option, widget);
+        return {size.width(), bar_.height() - 2 * edges};
+    }
+
+  private:
+    const QMenuBar& bar_;
+};
+
+/// The same height with every style, so that the places of the form's controls can be foreseen.
+void layMenuBar(QMenuBar& bar) {
+    bar.setNativeMenuBar(false);
+    bar.setFixedHeight(pixels(menuBarHeight));
+    bar.setStyle(new MenuBarStyle(bar));
+}
+
 bool hasMenu(const forms::Form& form) {
     const auto& children = form.children();
     return std::any_of(children.begin(), children.end(), [](const forms::Control* control) {
@@ -37,19 +64,19 @@ FormWindow::FormWindow(forms::Form& form)
     window_.setObjectName(QString::fromStdString(form.name));
     auto* client = new QWidget(&window_);
     window_.setCentralWidget(client);
-    if (hasMenu(form)) {
-        window_.menuBar()->setNativeMenuBar(false);
-        window_.menuBar()->setFixedHeight(pixels(menuBarHeight));
-    }
+    if (hasMenu(form)) layMenuBar(*window_.menuBar());
     if (form.style.background != forms::FormStyle::noColour) {
-        client->setPalette(QPalette(QColor::fromRgb(form.style.background)));
+        QPalette palette;
+        palette.setColor(QPalette::Window, QColor::fromRgb(form.style.background));
+        client->setPalette(palette);
         client->setAutoFillBackground(true);
     }
+    update();
+    window_.layout()->activate();
     buildPeers(form, window_);
     fitFont(window_);
     keyboard_ = std::make_unique<Keyboard>(form, window_);
     window_.installEventFilter(this);
-    update();
 }
 
 /// The window may be delivering the event whose handler ended the form.

@@ -86,7 +86,7 @@ bool Keyboard::keyPressed(const QKeyEvent& key) {
     switch (key.key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            return pressEnter(key);
+            return !controlTakesEnter() && (key.isAutoRepeat() || form_.pressDefault());
         case Qt::Key_Escape:
             return key.isAutoRepeat() || form_.pressCancel();
         default:
@@ -94,16 +94,9 @@ bool Keyboard::keyPressed(const QKeyEvent& key) {
     }
 }
 
-bool Keyboard::pressEnter(const QKeyEvent& key) {
-    forms::Control* focused = controlOf(window_.focusWidget());
-    const auto* text = dynamic_cast<const forms::TextBox*>(focused);
-    if (text && text->multiLine && !text->readOnly) return false;
-    if (key.isAutoRepeat()) return true;
-    if (dynamic_cast<const forms::Button*>(focused)) {
-        focused->click();
-        return true;
-    }
-    return form_.pressDefault();
+bool Keyboard::controlTakesEnter() {
+    const forms::Control* focused = controlOf(window_.focusWidget());
+    return focused && focused->takesEnter();
 }
 
 forms::Control* Keyboard::mnemonicTarget(const QKeyEvent& key) {

@@ -25,7 +25,7 @@ class Keyboard : public QObject {
 
   private:
     bool keyPressed(const QKeyEvent& key);
-    bool pressEnter(const QKeyEvent& key);
+    bool controlTakesEnter();
     forms::Control* mnemonicTarget(const QKeyEvent& key);
     void leave(forms::Control& left);
     bool focusFirstIn(forms::Container& container);
