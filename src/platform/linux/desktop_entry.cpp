@@ -34,15 +34,14 @@ QStringList defaultsFiles() {
         names.append(desktop + "-mimeapps.list");
     names.append("mimeapps.list");
 
-    const auto config = QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation);
-    const auto data = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
     QStringList files;
-    for (const QString& folder : config)
-        for (const QString& name : names)
-            files.append(folder + '/' + name);
-    for (const QString& folder : data)
-        for (const QString& name : names)
-            files.append(folder + "/applications/" + name);
+    for (const auto place :
+         {QStandardPaths::GenericConfigLocation, QStandardPaths::ApplicationsLocation}) {
+        for (const QString& folder : QStandardPaths::standardLocations(place)) {
+            for (const QString& name : names)
+                files.append(folder + '/' + name);
+        }
+    }
     return files;
 }
 

@@ -42,6 +42,7 @@ class SpawnSetup {
 /// The texts as the null-ended array of pointers that the system asks for.
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);

@@ -21,9 +21,8 @@ Kind kindOf(const std::string& program) {
     std::ifstream file(program, std::ios::binary);
     // One that may be executed but not read can only be a program of the host.
     if (!file) return access(program.c_str(), X_OK) == 0 ? Kind::Host : Kind::Unknown;
-    char start[4] = {};
-    file.read(start, sizeof start);
-    const std::string_view text(start, sizeof start);
+    std::string text(4, '\0');
+    file.read(text.data(), 4);
     if (text ==
             "\x7f"
             "ELF" ||

@@ -1,9 +1,9 @@
 #include "platform/linux/terminal.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
-#include <iterator>
 #include <string_view>
 #include <system_error>
 
@@ -24,24 +24,29 @@ struct Form {
     std::string_view maximised;  ///< empty if the terminal has no such option
 };
 
-constexpr Form forms[] = {
-    {"xterm", "-e", "-maximized"},          {"lxterm", "-e", "-maximized"},
-    {"uxterm", "-e", "-maximized"},         {"konsole", "-e", ""},
-    {"gnome-terminal", "--", "--maximize"}, {"xfce4-terminal", "-x", "--maximize"},
-    {"mate-terminal", "-x", "--maximize"},  {"terminator", "-x", "--maximise"},
-    {"kitty", "", "--start-as=maximized"},  {"foot", "", "--maximized"},
+constexpr auto forms = std::to_array<Form>({
+    {"xterm", "-e", "-maximized"},
+    {"lxterm", "-e", "-maximized"},
+    {"uxterm", "-e", "-maximized"},
+    {"konsole", "-e", ""},
+    {"gnome-terminal", "--", "--maximize"},
+    {"xfce4-terminal", "-x", "--maximize"},
+    {"mate-terminal", "-x", "--maximize"},
+    {"terminator", "-x", "--maximise"},
+    {"kitty", "", "--start-as=maximized"},
+    {"foot", "", "--maximized"},
     {"xdg-terminal-exec", "", ""},
-};
+});
 constexpr Form commonForm = {"", "-e", ""};
 
-constexpr const char* terminals[] = {"xdg-terminal-exec", "x-terminal-emulator", "xterm",
-                                     "konsole",           "gnome-terminal",      "xfce4-terminal"};
+constexpr std::array terminals = {"xdg-terminal-exec", "x-terminal-emulator", "xterm",
+                                  "konsole",           "gnome-terminal",      "xfce4-terminal"};
 
 const Form* formNamed(const fs::path& program) {
-    const auto* form = std::find_if(std::begin(forms), std::end(forms), [&](const Form& known) {
+    const auto* form = std::find_if(forms.begin(), forms.end(), [&](const Form& known) {
         return known.name == program.filename().string();
     });
-    return form == std::end(forms) ? nullptr : form;
+    return form == forms.end() ? nullptr : form;
 }
 
 /// The form by the program's own name, else by that of the program it is a link to.

@@ -1,5 +1,6 @@
 #include "platform/linux/text_editor.h"
 
+#include <array>
 #include <cstdlib>
 #include <optional>
 
@@ -11,7 +12,7 @@ namespace platform {
 
 namespace {
 
-constexpr const char* editorsWithWindows[] = {
+constexpr std::array editorsWithWindows = {
     "gnome-text-editor", "gedit",   "kate",    "kwrite", "mousepad", "xed", "pluma",
     "featherpad",        "l3afpad", "leafpad",
 };
@@ -34,7 +35,8 @@ Invocation textEditor(const std::string& file) {
     if (auto program = defaultProgram("text/plain", file)) return *program;
     for (const char* name : editorsWithWindows)
         if (auto program = editor(name, file, false)) return *program;
-    const char* const commands[] = {std::getenv("VISUAL"), std::getenv("EDITOR"), "editor"};
+    const std::array<const char*, 3> commands = {std::getenv("VISUAL"), std::getenv("EDITOR"),
+                                                 "editor"};
     for (const char* command : commands) {
         if (command == nullptr) continue;
         if (auto program = editor(command, file, true)) return *program;
