@@ -194,7 +194,7 @@ void LinuxRuntime::startScript(const std::string& path, bool maximised) {
     if (access(interpreter.c_str(), X_OK) != 0) {
         fail("start", path, "the program nwbw-batch is missing in " + programFolder_);
     }
-    const std::string folder = currentFolder();
+    const std::string folder = platform::currentFolder();
     startDetached(inTerminal({interpreter, script, folder.empty() ? "/" : folder}, maximised));
 }
 
