@@ -8,7 +8,7 @@ using Steps = std::vector<Step>;
 using Texts = std::vector<std::string>;
 
 const std::string console = "The Norvane Workbench";
-const std::string terminal = "xterm";
+const std::string terminal = "nwbw-batch";
 const std::string games = "c:\\my games";
 const std::string cave = games + "\\cave";
 const std::string quest = games + "\\wizardquest";
@@ -60,12 +60,15 @@ Steps press(const std::string& keys, const std::string& why) {
     return {{"Press " + keys + ": " + why, Press{keys}}};
 }
 
+/// From the action button of a panel back to the box of the panel's file.
+Steps fromButtonToFile() {
+    return press("Shift+Tab", "Browse") + press("Shift+Tab", "the file's box");
+}
+
 /// From the first option of a panel back to the box of the panel's file.
-Steps backToFile() {
-    Steps steps;
-    for (const char* place : {"the hide box", "the action button", "Browse", "the file's box"})
-        steps = steps + press("Shift+Tab", place);
-    return steps;
+Steps fromOptionToFile() {
+    return press("Shift+Tab", "the hide box") + press("Shift+Tab", "the action button") +
+           fromButtonToFile();
 }
 
 /// The editor has come up with the file; looks at how it was called and closes it.
@@ -110,7 +113,7 @@ Steps box(const std::string& title, const std::string& keys) {
 
 Scene start() {
     return {"The start",
-            {{"The splash comes up", Appear{"nwbw"}},
+            {{"The splash comes up", Appear{console}},
              {"Press a key, which sends it away", Press{"space"}},
              {"The console comes up on the Compile tab", Appear{console}}}};
 }
@@ -119,7 +122,7 @@ Scene compileByMouse() {
     return {"Compile, with the mouse",
             click("the file's box", "txtFname") + fill(cave + ".kel") + click("Debug", "chkDebug") +
                 click("Compile", "btnCompile") + calledCompiler({"cave", "-Debug"}) +
-                seenInEditor(notepad, "cave.lis", "cave.lis") +
+                seenInEditor(notepad, "cave.lis", cave + ".lis") +
                 wroteCompile("cave -Debug", "notepad cave.lis") + left(cave + ".kcd", caveTexts)};
 }
 
@@ -131,11 +134,12 @@ Scene compileByKeyboard() {
     return {"Compile a name of more than eight letters, with the keyboard",
             press("Alt+E", "the listing in my editor") + press("Tab", "the next option") +
                 press("space", "all of the source in the listing") + press("Alt+P", "packed") +
-                backToFile() + fill(games + "\\dragon.kel") +
+                fromOptionToFile() + fill(games + "\\dragon.kel") +
                 press("Alt+C", "compile a file that is not there") + box(console, "Return") +
-                fill(quest + ".kel") + press("Alt+C", "compile") + call + listing + commands +
-                left(quest + ".kcd", questTexts) + press("Alt+C", "compile again") +
-                box("Game newer than Source", "Alt+Y") + call + listing};
+                fromButtonToFile() + fill(quest + ".kel") + press("Alt+C", "compile") + call +
+                listing + commands + left(quest + ".kcd", questTexts) +
+                press("Alt+C", "compile again") + box("Game newer than Source", "Alt+Y") + call +
+                listing};
 }
 
 Scene playByMouse() {
@@ -155,7 +159,7 @@ Scene playByKeyboard() {
     return {"Replay with the MSDOS player, with the keyboard",
             press("Alt+E", "no recording") + press("Alt+T", "no trace") + press("Alt+R", "replay") +
                 press("Tab", "the log's box") + fill("cave.log") +
-                press("Alt+M", "the MSDOS player") + backToFile() + fill(quest + ".kcd") +
+                press("Alt+M", "the MSDOS player") + fromOptionToFile() + fill(quest + ".kcd") +
                 press("Alt+P", "play") + called(dosKrun, {"wizardquest"}, {"look", "quit"}) +
                 wrote({quoted(dosKrun) + " WIZARD~1 < cave.log"})};
 }
@@ -181,7 +185,7 @@ Scene spellingByKeyboard() {
         "Spelling, with the keyboard",
         press("Alt+R", "format with the codes") + press("Alt+U", "upper case words") +
             press("Alt+D", "line numbers again") + press("Alt+C", "the default name") +
-            backToFile() + fill(cave + ".kel") + press("Alt+E", "extract") +
+            fromOptionToFile() + fill(cave + ".kel") + press("Alt+E", "extract") +
             called(klex, {"cave", "-FF", "-PC"}) + seenInEditor(winword, "cave.txt", "cave.txt") +
             wrote({quoted(klex) + " cave -FF -PC", quoted(winword) + "  cave.txt"}) +
             press("Alt+E", "extract again, over a file that is there") + box(console, "Return") +
@@ -199,7 +203,7 @@ Scene editByMouse() {
 
 Scene editByKeyboard() {
     return {"Edit with Notepad, with the keyboard",
-            press("Alt+N", "Notepad") + backToFile() + fill(cave + ".kel") +
+            press("Alt+N", "Notepad") + fromOptionToFile() + fill(cave + ".kel") +
                 press("Alt+E", "edit") + seenInEditor(notepad, "cave.kel", cave + ".kel")};
 }
 

@@ -12,19 +12,26 @@
 
 namespace {
 
-/// Makes the tour's processes independent of where it is called.
-void settleEnvironment() {
+namespace fs = std::filesystem;
+
+/// Makes the tour's processes independent of where it is called. `runtime` is a new folder for
+/// what they need while they run.
+void settleEnvironment(const fs::path& runtime) {
+    fs::create_directory(runtime);
+    fs::permissions(runtime, fs::perms::owner_all);
+    setenv("XDG_RUNTIME_DIR", fs::absolute(runtime).c_str(), 1);
     setenv("LC_ALL", "C.UTF-8", 1);
-    setenv("TERMINAL", "xterm", 1);
+    setenv("TERMINAL", "xterm -fa \"Liberation Mono\" -fs 10", 1);
     for (const char* name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_QPA_PLATFORMTHEME",
                              "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR", "XDG_CURRENT_DESKTOP"})
         unsetenv(name);
 }
 
-void takeTour(const std::filesystem::path& project, const std::filesystem::path& build) {
-    const std::filesystem::path folder = project / "build" / "tour";
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
+void takeTour(const fs::path& project, const fs::path& build) {
+    const fs::path folder = project / "build" / "tour";
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+    settleEnvironment(folder / "runtime");
 
     const tour::Demo demo(folder / "demo", project, build);
     const tour::Display display;
@@ -47,7 +54,6 @@ int main(int argumentCount, char** arguments) {
         std::cerr << "tour PROJECT_FOLDER BUILD_FOLDER\n";
         return 2;
     }
-    settleEnvironment();
     tour::adoptOrphans();
     int code = 0;
     try {
