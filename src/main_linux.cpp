@@ -9,8 +9,6 @@
 int main(int argc, char** argv) {
     QApplication qt(argc, argv);
     QApplication::setApplicationName("nwbw");
-    QApplication::setApplicationDisplayName(core::appTitle);
-    QApplication::setQuitOnLastWindowClosed(false);  // the last form ends the program
 
     platform::LinuxRuntime runtime(qt::messageBox);
     qt::QtToolkit toolkit(

@@ -13,12 +13,13 @@ class MenuPeer : public QObject, public forms::Peer {
   public:
     MenuPeer(forms::MenuItem& item, QAction& action) : item_(item), action_(action) {
         action.setObjectName(QString::fromStdString(item.fullName()));
-        action.setSeparator(item.Caption() == "-");
         connect(&action, &QAction::triggered, this, [&item] { item.click(); });
     }
 
     void update() override {
-        action_.setText(QString::fromStdString(item_.Caption));
+        const bool separator = item_.Caption() == "-";
+        action_.setSeparator(separator);
+        action_.setText(separator ? QString() : QString::fromStdString(item_.Caption));
         action_.setEnabled(item_.Enabled);
         action_.setVisible(item_.Visible);
     }

@@ -33,8 +33,7 @@ core::Runtime::Answer messageBox(const std::string& text, int flags, const std::
     QMessageBox box(windowInUse());
     box.setTextFormat(Qt::PlainText);
     box.setText(breakable(QString::fromStdString(text)));
-    box.setWindowTitle(title.empty() ? QGuiApplication::applicationDisplayName()
-                                     : QString::fromStdString(title));
+    box.setWindowTitle(QString::fromStdString(title));
     const bool question = (flags & Runtime::yesNo) != 0;
     box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
     if (flags & Runtime::exclamation) box.setIcon(QMessageBox::Warning);

@@ -6,8 +6,8 @@
 
 namespace qt {
 
-/// Shows a modal box above the active window and waits: core::Runtime::rtcMsgBox for windows. An
-/// empty title stands for the application's display name.
+/// Shows a modal box above the active window and waits, as core::Runtime::rtcMsgBox has
+/// it, but with a title in any case.
 core::Runtime::Answer messageBox(const std::string& text, int flags, const std::string& title);
 
 }  // namespace qt

@@ -9,6 +9,11 @@
 #include "platform/qt/file_filter.h"
 #include "platform/qt/form_window.h"
 
+/// A static library's resources are not linked in by themselves.
+static void linkPictures() {
+    Q_INIT_RESOURCE(pictures);
+}
+
 namespace qt {
 
 namespace {
@@ -31,12 +36,20 @@ OfferedName offeredName(const std::string& text) {
     return {match.captured(1), match.captured(2)};
 }
 
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QString(":/pictures/nwbw-%1.png").arg(size));
+    return icon;
+}
+
 }  // namespace
 
 QtToolkit::QtToolkit(PathMap toHost, PathMap toWindows)
     : toHost_(std::move(toHost)), toWindows_(std::move(toWindows)), folder_(QDir::homePath()) {
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setWindowIcon(QIcon(":/pictures/nwbw.png"));
+    linkPictures();
+    QApplication::setWindowIcon(programIcon());
 }
 
 void QtToolkit::build(forms::Form& form) {
