@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <map>
 #include <set>
@@ -12,6 +14,7 @@
 #include "core/runtime.h"
 #include "docs/frm_splash.h"
 #include "forms/form.h"
+#include "pages.h"
 
 /// The program without a window and without a disk, for the tests.
 namespace model {
@@ -83,6 +86,9 @@ class FakeRuntime : public core::Runtime {
     }
     Answer rtcMsgBox(const std::string& text, int flags, const std::string& title) override {
         boxes.push_back({text, flags, title});
+        if (flags != exclamation) {
+            EXPECT_TRUE(pages::explains(text)) << text;
+        }
         if (whileBoxIsOpen) whileBoxIsOpen();
         return answer;
     }
@@ -133,6 +139,7 @@ class FakeRuntime : public core::Runtime {
 class FakeToolkit : public forms::Toolkit {
   public:
     std::deque<std::function<void(forms::Form&)>> users;
+    std::function<void(forms::Form&)> anyUser;  ///< works every modal form behind those
     std::string fileChosen;
     forms::FileQuestion fileAsked;
     bool ended = false;
@@ -157,6 +164,8 @@ class FakeToolkit : public forms::Toolkit {
                 const auto user = toolkit_.users.front();
                 toolkit_.users.pop_front();
                 user(form_);
+            } else if (toolkit_.anyUser) {
+                toolkit_.anyUser(form_);
             }
             form_.close();
         }

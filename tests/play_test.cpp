@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <array>
 #include <random>
 
-#include "model.h"
+#include "rules.h"
 
 using namespace model;
 
@@ -31,41 +30,6 @@ struct Play : testing::Test {
         }
         return std::to_string(panel.player()) + std::to_string(record) +
                (panel.chkPlayback.Value ? "B" : "-") + (panel.chkKbug.Value ? "A" : "-");
-    }
-
-    /// What must hold in every state: which choices go together, what is enabled, and the text.
-    void expectRules() {
-        const int player = panel.player();
-        const bool recording1 = panel.optRecord(1).Value;
-        const bool recording2 = panel.optRecord(2).Value;
-        const bool replay = panel.chkPlayback.Value;
-        const bool debug = panel.chkKbug.Value;
-        ASSERT_EQ(panel.optRecord(0).Value + recording1 + recording2, 1);
-        ASSERT_EQ(panel.optPlayer(0).Value + panel.optPlayer(1).Value + panel.optPlayer(2).Value,
-                  1);
-        ASSERT_TRUE(!recording1 || player == 1);
-        ASSERT_TRUE(!recording2 || player == 2);
-        ASSERT_FALSE(replay && (player == 0 || debug || recording2));
-        ASSERT_FALSE(debug && recording1);
-        ASSERT_EQ(panel.optPlayer(0).Enabled, panel.optRecord(0).Value && !replay);
-        ASSERT_EQ(panel.optPlayer(1).Enabled, !recording2);
-        ASSERT_EQ(panel.optPlayer(2).Enabled, !recording1);
-        ASSERT_EQ(panel.optRecord(1).Enabled, !debug);
-        ASSERT_EQ(panel.optRecord(2).Enabled, !replay);
-        ASSERT_EQ(panel.chkKbug.Enabled, !replay);
-        for (forms::Control* control : {static_cast<forms::Control*>(&panel.labLogfile),
-                                        static_cast<forms::Control*>(&panel.txtLogfile),
-                                        static_cast<forms::Control*>(&panel.btnBrowselog)}) {
-            ASSERT_EQ(control->Enabled, replay);
-        }
-        const std::string path[] = {state.GuiPlayerPath, state.ConsolePlayerPath,
-                                    state.DosPlayerPath};
-        ASSERT_TRUE(panel.txtCmdlineP.Text().ends_with(
-            "\"" + path[player] + "\" " + std::string(debug ? " -d" : "") +
-            (panel.chkTrace.Value ? " -t" : "") + (panel.chkSingle.Value ? " -s" : "") +
-            (recording1 || recording2 ? " -L" : "") +
-            (replay ? " < " + panel.txtLogfile.Text() : "") + "\r\n"))
-            << panel.txtCmdlineP.Text();
     }
 
     std::array<std::function<void()>, 8> actions() {
@@ -102,7 +66,7 @@ TEST_F(Play, EveryActionFromEveryStateLeadsWhereTheTableSays) {
         act[action]();
         const int next = table[now - 1].next[action];
         ASSERT_EQ(choices(), table[next - 1].choices) << "S" << now << " by action " << action;
-        expectRules();
+        rules::expectPlay(panel, state);
         if (!std::exchange(taken[now - 1][action], true)) --left;
         now = next;
     }

@@ -1,5 +1,7 @@
 #include "dialogs/locations_dialog.h"
 
+#include <algorithm>
+
 #include "tools/pick_file.h"
 
 namespace dialogs {
@@ -61,46 +63,41 @@ LocationsDialog::LocationsDialog(forms::Application& application, core::Program&
       locations_(std::move(locations)) {
     int top = margin;
     for (auto row = locations_.begin(); row != locations_.end();) {
-        if (!row->group) {
-            if (row->ruleAbove) {
-                decoration.push_back(std::make_unique<forms::Line>(
-                    *this, forms::Definition{.name = "Line1",
-                                             .place = {margin, top, width - 2 * margin, 15}}));
-                top += margin;
-            }
+        const auto groupEnd = std::find_if(row, locations_.end(), [&](const Location& other) {
+            return other.group != row->group;
+        });
+        if (row->ruleAbove) top = addRule(top);
+        if (row->group) {
+            top = addGroup({row, groupEnd}, top);
+            row = groupEnd;
+        } else {
             addRow(*row++, *this, margin + frameInset, top);
             top += rowHeight;
-            continue;
         }
-        const auto end = std::find_if(
-            row, locations_.end(), [&](const Location& next) { return next.group != row->group; });
-        const int height = frameTitle + static_cast<int>(end - row) * rowHeight + 60;
-        auto frame = std::make_unique<forms::Frame>(
-            *this, forms::Definition{.name = row->group == players ? "Frame1" : "Frame2",
-                                     .caption = row->group,
-                                     .place = {margin, top, width - 2 * margin, height}});
-        for (int inside = frameTitle; row != end; inside += rowHeight) {
-            addRow(*row++, *frame, frameInset, inside);
-        }
-        decoration.push_back(std::move(frame));
-        top += height + 120;
     }
-    top += 60;
-    CancelButton = std::make_unique<forms::Button>(
-        *this, forms::Definition{.name = "CancelButton",
-                                 .caption = "&Cancel",
-                                 .place = {width - 2 * (margin + buttonWidth) + 60, top,
-                                           buttonWidth, buttonHeight},
-                                 .isCancel = true,
-                                 .event = [this] { CancelButton_Click(); }});
-    OKButton = std::make_unique<forms::Button>(
-        *this,
-        forms::Definition{.name = "OKButton",
-                          .caption = "&OK",
-                          .place = {width - margin - buttonWidth, top, buttonWidth, buttonHeight},
-                          .isDefault = true,
-                          .event = [this] { OKButton_Click(); }});
-    Height.store(top + buttonHeight + margin);
+    addButtons(top + 60);
+    Height.store(top + 60 + buttonHeight + margin);
+}
+
+int LocationsDialog::addRule(int top) {
+    decoration_.push_back(std::make_unique<forms::Line>(
+        *this, forms::Definition{.name = "Line1", .place = {margin, top, width - 2 * margin, 15}}));
+    return top + margin;
+}
+
+int LocationsDialog::addGroup(std::span<const Location> rows, int top) {
+    const int height = frameTitle + static_cast<int>(rows.size()) * rowHeight + 60;
+    const bool first = rows.front().group == players;
+    auto frame = std::make_unique<forms::Frame>(
+        *this, forms::Definition{.name = first ? "Frame1" : "Frame2",
+                                 .caption = rows.front().group,
+                                 .place = {margin, top, width - 2 * margin, height}});
+    for (int inside = frameTitle; const Location& location : rows) {
+        addRow(location, *frame, frameInset, inside);
+        inside += rowHeight;
+    }
+    decoration_.push_back(std::move(frame));
+    return top + height + 120;
 }
 
 void LocationsDialog::addRow(const Location& location, forms::Container& container, int left,
@@ -117,6 +114,23 @@ void LocationsDialog::addRow(const Location& location, forms::Container& contain
                   {.index = index,
                    .caption = "&Browse",
                    .place = {left + labelWidth + textWidth + 90, top - 15, browseWidth, 375}});
+}
+
+void LocationsDialog::addButtons(int top) {
+    constexpr int right = width - margin - buttonWidth;
+    CancelButton = std::make_unique<forms::Button>(
+        *this,
+        forms::Definition{.name = "CancelButton",
+                          .caption = "&Cancel",
+                          .place = {right - buttonWidth - 120, top, buttonWidth, buttonHeight},
+                          .isCancel = true,
+                          .event = [this] { CancelButton_Click(); }});
+    OKButton = std::make_unique<forms::Button>(
+        *this, forms::Definition{.name = "OKButton",
+                                 .caption = "&OK",
+                                 .place = {right, top, buttonWidth, buttonHeight},
+                                 .isDefault = true,
+                                 .event = [this] { OKButton_Click(); }});
 }
 
 void LocationsDialog::Form_Load() {

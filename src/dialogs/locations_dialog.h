@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -34,10 +35,15 @@ class LocationsDialog : public forms::Form {
     void OKButton_Click();
     void CancelButton_Click() { Unload(); }
 
+    // These lay out the form downwards from a top, in twips; the first two give the next top.
+    int addRule(int top);
+    int addGroup(std::span<const Location> rows, int top);
     void addRow(const Location& location, forms::Container& container, int left, int top);
+    void addButtons(int top);
 
     core::Program& program_;
     const std::vector<Location> locations_;
+    std::vector<std::unique_ptr<forms::Control>> decoration_;  ///< frames and lines
 
   public:
     forms::CommonDialog CommonDialog1{*this, {.name = "CommonDialog1"}};
@@ -45,7 +51,6 @@ class LocationsDialog : public forms::Form {
     forms::ControlArray<forms::TextBox> txtFname{"txtFname"};
     forms::ControlArray<forms::Button> btnBrowse{"btnBrowse",
                                                  [this](int index) { btnBrowse_Click(index); }};
-    std::vector<std::unique_ptr<forms::Control>> decoration;  ///< frames and lines
     std::unique_ptr<forms::Button> CancelButton;
     std::unique_ptr<forms::Button> OKButton;
 };

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "model.h"
+
+/// What must hold for the console after every action of a user, told from what the user sees.
+namespace rules {
+
+using forms::Control;
+using model::lines;
+
+inline std::string lead(const std::string& fileText) {
+    std::string lead;
+    std::string rest = fileText;
+    if (rest.size() > 1 && rest[1] == ':') {
+        lead += rest.substr(0, 2) + "\r\n";
+        rest = rest.substr(2);
+    }
+    const auto folder = rest.rfind('\\');
+    if (folder != std::string::npos) lead += "cd \"" + rest.substr(0, folder + 1) + "\"\r\n";
+    return lead;
+}
+
+/// The stem of a name that needs no short form.
+inline std::string stem(const std::string& fileText) {
+    std::string name = fileText.substr(fileText.find_last_of("\\:") + 1);
+    name = name.substr(0, name.rfind('.'));
+    return name.size() > 8 ? "" : name;
+}
+
+inline void expectPlay(tools::PlayPanel& panel, const core::AppState& state) {
+    const int player = panel.player();
+    const bool recording1 = panel.optRecord(1).Value;
+    const bool recording2 = panel.optRecord(2).Value;
+    const bool replay = panel.chkPlayback.Value;
+    const bool debug = panel.chkKbug.Value;
+    ASSERT_EQ(panel.optRecord(0).Value + recording1 + recording2, 1);
+    ASSERT_EQ(panel.optPlayer(0).Value + panel.optPlayer(1).Value + panel.optPlayer(2).Value, 1);
+    ASSERT_TRUE(!recording1 || player == 1);
+    ASSERT_TRUE(!recording2 || player == 2);
+    ASSERT_FALSE(replay && (player == 0 || debug || recording2));
+    ASSERT_FALSE(debug && recording1);
+    ASSERT_EQ(panel.optPlayer(0).Enabled, panel.optRecord(0).Value && !replay);
+    ASSERT_EQ(panel.optPlayer(1).Enabled, !recording2);
+    ASSERT_EQ(panel.optPlayer(2).Enabled, !recording1);
+    ASSERT_EQ(panel.optRecord(1).Enabled, !debug);
+    ASSERT_EQ(panel.optRecord(2).Enabled, !replay);
+    ASSERT_EQ(panel.chkKbug.Enabled, !replay);
+    for (const Control* control :
+         std::array<const Control*, 3>{&panel.labLogfile, &panel.txtLogfile, &panel.btnBrowselog}) {
+        ASSERT_EQ(control->Enabled, replay);
+    }
+    const std::string paths[] = {state.GuiPlayerPath, state.ConsolePlayerPath, state.DosPlayerPath};
+    ASSERT_EQ(panel.txtCmdlineP.Text(),
+              lead(panel.txtFnameP.Text) + "\"" + paths[player] + "\" " +
+                  stem(panel.txtFnameP.Text) + (debug ? " -d" : "") +
+                  (panel.chkTrace.Value ? " -t" : "") + (panel.chkSingle.Value ? " -s" : "") +
+                  (recording1 || recording2 ? " -L" : "") +
+                  (replay ? " < " + panel.txtLogfile.Text() : "") + "\r\n");
+}
+
+inline void expectCompile(tools::CompilePanel& panel, const core::AppState& state) {
+    std::string tool = "\"" + state.CompilerPath + "\"";
+    for (int i = 0; i < panel.lstInclude.ListCount(); ++i)
+        tool += " -Include \"\"";
+    const std::string name = stem(panel.txtFname.Text);
+    tool += " " + name + (panel.optFormat(2).Value ? " -Pack" : "") +
+            (panel.chkDebug.Value ? " -Debug" : "") + (panel.chkFullsource.Value ? " -Full" : "") +
+            (panel.optCharset(1).Value   ? " -CharSet ISO"
+             : panel.optCharset(2).Value ? " -CharSet Mac"
+                                         : "") +
+            " -List -Height 0";
+    const std::string text = panel.txtCmdline.Text;
+    const std::string start = lead(panel.txtFname.Text) + tool + "\r\n";
+    ASSERT_TRUE(text.starts_with(start)) << text << start;
+    const std::string viewer = text.substr(start.size());
+    ASSERT_EQ(viewer.starts_with("notepad "), panel.optEditor(3).Value);
+    ASSERT_TRUE(viewer.ends_with(" " + name + ".lis\r\nexit\r\n")) << text;
+}
+
+inline void expectSpelling(tools::SpellingPanel& panel, const core::AppState& state) {
+    const char* codes = panel.optCodes(0).Value   ? " -FF"
+                        : panel.optCodes(1).Value ? " -FD"
+                                                  : " -FR";
+    const char* param = panel.optParam(0).Value   ? " -PC"
+                        : panel.optParam(1).Value ? " -PQ"
+                        : panel.optParam(2).Value ? " -PD"
+                                                  : " -PR";
+    const bool named = panel.chkOutputfile.Value;
+    const std::string name = stem(panel.txtFnameS.Text);
+    const std::string output = named ? panel.txtFnameO.Text() : name + ".txt";
+    std::string text = lead(panel.txtFnameS.Text) + "\"" + state.ExtractorPath + "\" " + name +
+                       (panel.chkOverwrite.Value ? " -OO" : "") + codes + param +
+                       (panel.chkLineNum.Value ? " -NL" : "") + (named ? "  -OF" + output : "") +
+                       "\r\n";
+    if (panel.chkAutoOpen.Value) text += "\"" + state.WordProcessorPath + "\"  " + output + "\r\n";
+    ASSERT_EQ(panel.txtCmdlineS.Text(), text);
+    ASSERT_EQ(panel.txtFnameO.Visible, named);
+    ASSERT_EQ(panel.lblDefname.Visible, !named);
+}
+
+inline void expectConsole(console::frmConsole& form) {
+    for (int i = 0; i < 4; ++i) {
+        const bool inUse = i + 1 == form.tbsOptions.SelectedItem;
+        ASSERT_EQ(form.picOptions(i).Enabled, inUse);
+        ASSERT_EQ(form.picOptions(i).Left, inUse ? 210 : -20000);
+    }
+    ASSERT_EQ(form.edit.fraEditor.Visible, form.edit.chkHideE.Value == 0);
+    ASSERT_EQ(form.compile.fraCharset.Visible, form.compile.chkHideC.Value == 0);
+    ASSERT_EQ(form.play.fraPlayback.Visible, form.play.chkHideP.Value == 0);
+    ASSERT_EQ(form.spelling.chkLineNum.Visible, form.spelling.chkHideS.Value == 0);
+    for (const char* hidden : {"txtCmdline", "txtCmdlineP", "txtCmdlineS"}) {
+        ASSERT_FALSE(form.find(hidden)->Visible);
+    }
+}
+
+}  // namespace rules

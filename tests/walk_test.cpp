@@ -1,0 +1,120 @@
+#include <random>
+
+#include "core/settings_file.h"
+#include "forms/file_lists.h"
+#include "rules.h"
+
+using namespace model;
+
+namespace {
+
+/// A user who does anything that the topmost form lets one do.
+class Walker : public forms::ControlVisitor {
+  public:
+    explicit Walker(Desk& desk) : desk_(desk) {}
+
+    int actions = 0;
+
+    void step(forms::Form& form) {
+        ++actions;
+        const auto controls = form.allControls();
+        switch (any(12)) {
+            case 0:
+                form.keyDown(9, any(8));
+                break;
+            case 1:
+                form.pressDefault();
+                break;
+            case 2:
+                if (&form != desk_.form) form.pressCancel();
+                break;
+            default:
+                controls[any(controls.size())]->accept(*this);
+        }
+    }
+
+    std::size_t any(std::size_t count) { return random_() % count; }
+
+    void visit(forms::Label&) override {}
+    void visit(forms::Line&) override {}
+    void visit(forms::Image&) override {}
+    void visit(forms::Frame&) override {}
+    void visit(forms::PictureBox&) override {}
+    void visit(forms::StatusBar&) override {}
+    void visit(forms::Button& button) override {
+        desk_.toolkit.fileChosen = any(2) ? names_[any(names_.size())] : "";
+        desk_.runtime.answer = any(2) ? core::Runtime::Answer::Yes : core::Runtime::Answer::No;
+        button.click();
+    }
+    void visit(forms::CheckBox& box) override { box.click(); }
+    void visit(forms::OptionButton& option) override { option.click(); }
+    void visit(forms::TextBox& box) override { box.type(names_[any(names_.size())]); }
+    void visit(forms::ListBox& list) override {
+        if (list.ListCount() > 0) list.pick(static_cast<int>(any(list.ListCount())));
+    }
+    void visit(forms::DriveList& list) override { list.pick(static_cast<int>(any(3))); }
+    void visit(forms::FolderList& list) override { list.choose(static_cast<int>(any(4))); }
+    void visit(forms::TabStrip& tabs) override { tabs.pick(1 + static_cast<int>(any(4))); }
+    void visit(forms::MenuItem& item) override {
+        if (item.name != "mnuFileExit") item.click();
+    }
+
+  private:
+    Desk& desk_;
+    std::mt19937 random_{1};
+    const std::vector<std::string> names_ = {"",
+                                             "c:\\games\\cave.kel",
+                                             "cave.kcd",
+                                             "d:\\tool.exe",
+                                             "d:quest.kelm",
+                                             "c:\\nosuch\\x.exe",
+                                             "  ",
+                                             "a,b\"c.log",
+                                             "much too long.kel"};
+};
+
+TEST(Walk, FiftyThousandActionsOverAllFormsKeepEveryRule) {
+    Desk desk;
+    for (const char* file : {"c:\\games\\cave.kel", "c:\\games\\cave.kcd", "d:\\tool.exe",
+                             "d:quest.kelm", "cave.kcd"}) {
+        desk.runtime.files[file];
+    }
+    desk.runtime.tree["d:\\"] = {};  // e: cannot be read
+    auto& form = desk.open();
+    auto& state = desk.program.state;
+    Walker walker(desk);
+    int modals = 0;
+    int deepest = 0;
+    desk.toolkit.anyUser = [&](forms::Form& modal) {
+        ++modals;
+        deepest = std::max(deepest, desk.application.Count());
+        for (int steps = 0; steps < 40 && !modal.unloaded(); ++steps)
+            walker.step(modal);
+    };
+    while (walker.actions < 50000) {
+        const int before = modals;
+        walker.step(form);
+        if (modals != before) {  // paths reach the texts with the next rebuild
+            form.compile.UpdateCmdline();
+            form.play.UpdateCmdlineP();
+            form.spelling.UpdateCmdlineS();
+        }
+        ASSERT_EQ(desk.application.Count(), 1);
+        rules::expectConsole(form);
+        rules::expectCompile(form.compile, state);
+        rules::expectPlay(form.play, state);
+        rules::expectSpelling(form.spelling, state);
+        ASSERT_LE(form.compile.lstInclude.ListCount(), core::mostIncludes);
+        ASSERT_EQ(state.IncludeFolders[core::mostIncludes], "");
+        if (HasFatalFailure()) return;
+    }
+    EXPECT_GT(modals, 500);
+    EXPECT_EQ(deepest, 3);
+    EXPECT_GT(desk.runtime.shells.size(), 100u);
+    form.close();
+    state = {};
+    core::LoadSettings(desk.program);
+    EXPECT_EQ(state.StartTab, form.tbsOptions.SelectedItem);
+}
+
+}  // namespace
