@@ -113,7 +113,7 @@ Steps box(const std::string& title, const std::string& keys) {
 
 Scene start() {
     return {"The start",
-            {{"The splash comes up", Appear{console}},
+            {{"The splash comes up", Appear{"nwbw"}},
              {"Press a key, which sends it away", Press{"space"}},
              {"The console comes up on the Compile tab", Appear{console}}}};
 }
