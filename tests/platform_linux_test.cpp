@@ -86,6 +86,7 @@ TEST_F(Disk, MapsHostPathsToTheNearestDrive) {
     };
     for (const auto& [host, path] : cases)
         EXPECT_EQ(disk.toWindows(host), path) << host;
+    EXPECT_TRUE(disk.toWindows(d.string() + "2").starts_with("z:\\"));
     EXPECT_EQ(disk.toHost("c:\\a_b~1\\x_del_~1.kel"), c / "a\\b/x\ndel\".kel");
 }
 
@@ -183,9 +184,10 @@ TEST(ShortNames, KeepToEightCharactersWhenManyCompete) {
     std::vector<std::string> names;
     for (int i = 10'000; i < 20'200; ++i)
         names.push_back("chapter" + std::to_string(i) + ".kel");
+    names.push_back("chapte~3.txt");
     const ShortNames shortNames(names, [](const auto&) { return 0; });
     const std::pair<int, const char*> cases[] = {
-        {0, "CHAPTE~1.KEL"}, {9, "CHAPT~10.KEL"}, {99, "CHAP~100.KEL"}, {9999, "CH~10000.KEL"}};
+        {1, "CHAPTE~2.KEL"}, {2, "CHAPTE~4.KEL"}, {98, "CHAP~100.KEL"}, {9998, "CH~10000.KEL"}};
     for (const auto& [index, shortName] : cases)
         EXPECT_EQ(shortNames.shortFor(names[index]), shortName);
 }
