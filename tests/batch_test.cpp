@@ -184,7 +184,8 @@ TEST_F(Batch, TellsWhatIsMissing) {
 
 TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
     write(home / "mimeapps.list", "[Default Applications]\ntext/plain=no.desktop;ed.desktop;\n");
-    write(home / "applications/ed.desktop", "[Desktop Entry]\nExec=ed -x %U\nTerminal=true\n");
+    write(home / "applications/ed.desktop",
+          "[Desktop Action new]\nExec=ed -new\n[Desktop Entry]\nExec=ed -x %U\nTerminal=true\n");
     fs::copy_file(NWBW_ECHO_CHILD, home / "bin/ed");
     write(c / "wizardquest.kel");
     EXPECT_TRUE(run("Notepad my cave.lis\nnotepad WIZARD~1.lis"));
@@ -207,8 +208,8 @@ TEST_F(Batch, ShellStartsProgramsEditorsAndScripts) {
 
     fs::remove(home / "echo");
     write(c / "~kelmcon.bat", "cd \\kelm\r\ntool.exe\r\n\"c:\\kelm\\tool.exe\" ran\r\n");
-    program(home / "bin/myterm", "#!/bin/sh\nshift; exec \"$@\"\n");
-    setenv("TERMINAL", "myterm", 1);
+    program(home / "bin/uxterm", "#!/bin/sh\nshift; exec \"$@\"\n");
+    setenv("TERMINAL", "uxterm", 1);
     runtime.rtcShell("\"c:\\~kelmcon.bat\"", 1);
     EXPECT_EQ(echoedLater(), (c / "kelm").string() + "[ran]\n");
 
