@@ -7,6 +7,8 @@
 #include <QProxyStyle>
 #include <QScreen>
 #include <QWindow>
+#include <algorithm>
+#include <cmath>
 
 #include "platform/qt/captions.h"
 #include "platform/qt/peers.h"
@@ -123,6 +125,7 @@ void FormWindow::refresh() {
 
 void FormWindow::update() {
     window_.setWindowTitle(QString::fromStdString(form_.Caption));
+    given_ = {form_.Left, form_.Top, form_.Width, form_.Height};
     const QSize size(pixels(form_.Width), pixels(form_.Height));
     if (!form_.style.sizable) window_.setFixedSize(size);
     if (window_.size() != size) window_.resize(size);
@@ -158,18 +161,21 @@ bool FormWindow::eventFilter(QObject* /*watched*/, QEvent* event) {
     }
 }
 
-/// Tells the form where its window is. A length in twips stays as it is while it comes to the same
-/// number of pixels, so that storing and restoring a window does not make it drift.
+/// Tells the form where its window is. A length that the program gave stands while the window has
+/// it in pixels, so that storing and restoring a window does not make it drift. Where a pixel is
+/// no whole number of the screen's dots, Qt itself may round a window's place by one.
 void FormWindow::report() {
     if (!window_.isVisible()) return;
-    const auto keep = [](int known, int seen) {
-        return pixels(known) == seen ? known : twips(seen);
+    const double dots = window_.devicePixelRatioF();
+    const int tolerance = dots == std::floor(dots) ? 0 : 1;
+    const auto keep = [tolerance](int given, int seen) {
+        return std::abs(pixels(given) - seen) <= tolerance ? given : twips(seen);
     };
     auto state = forms::WindowState::Normal;
     if (window_.isMaximized()) state = forms::WindowState::Maximised;
     if (window_.isMinimized()) state = forms::WindowState::Minimised;
-    form_.moved({keep(form_.Left, window_.x()), keep(form_.Top, window_.y()),
-                 keep(form_.Width, window_.width()), keep(form_.Height, window_.height())},
+    form_.moved({keep(given_.left, window_.x()), keep(given_.top, window_.y()),
+                 keep(given_.width, window_.width()), keep(given_.height, window_.height())},
                 state);
 }
 

@@ -36,6 +36,7 @@ class FormWindow : public QObject, public forms::WindowPeer {
 
     forms::Form& form_;
     QMainWindow& window_;
+    forms::Place given_;  ///< the place that the program gave the window last
     std::unique_ptr<Keyboard> keyboard_;
     QPointer<QWidget> owner_;
     QPointer<QEventLoop> modal_;
