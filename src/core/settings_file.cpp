@@ -142,7 +142,7 @@ std::string stored(std::string text) {
 }
 
 std::string stored(int value) {
-    return " " + std::to_string(value) + " ";
+    return ' ' + std::to_string(value) + ' ';
 }
 
 void writeFields(Runtime& runtime, const AppState& state) {
