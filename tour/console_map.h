@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "model.h"
+#include "console/frm_console.h"
+#include "no_platform.h"
 
 namespace tour {
 
@@ -15,15 +16,16 @@ struct Spot {
 /// Knows the places of the console's controls from the console's own form.
 class ConsoleMap {
   public:
-    ConsoleMap() : console_(desk_.open()) {}
-
     /// A spot on the control, near its left edge, as if its panel were in use. The control goes by
     /// its full name, as in "optFormat(2)". Throws std::runtime_error if there is none.
     [[nodiscard]] Spot find(const std::string& control);
 
   private:
-    model::Desk desk_;
-    console::frmConsole& console_;
+    NoRuntime runtime_;
+    NoToolkit toolkit_;
+    forms::Application application_{toolkit_, [](const std::string&) {}};
+    core::Program program_{runtime_, application_, {}};
+    console::frmConsole console_{application_, program_};
 };
 
 }  // namespace tour
