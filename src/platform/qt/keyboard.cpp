@@ -44,6 +44,11 @@ int characterOf(const QKeyEvent& key) {
     return none ? 0 : key.text().at(0).unicode();
 }
 
+/// A text field would take the letter as typed.
+bool isVoidMnemonic(const QKeyEvent& key) {
+    return key.modifiers() & Qt::AltModifier && !key.text().isEmpty() && key.text().at(0).isPrint();
+}
+
 }  // namespace
 
 Keyboard::Keyboard(forms::Form& form, QMainWindow& window) : form_(form), window_(window) {
@@ -90,7 +95,7 @@ bool Keyboard::keyPressed(const QKeyEvent& key) {
         case Qt::Key_Escape:
             return key.isAutoRepeat() || form_.pressCancel();
         default:
-            return isTab(key) && key.modifiers() & Qt::ControlModifier;
+            return (isTab(key) && key.modifiers() & Qt::ControlModifier) || isVoidMnemonic(key);
     }
 }
 
@@ -132,6 +137,8 @@ void Keyboard::leave(forms::Control& left) {
         if (gone->usable() || !form_.usable()) return;
         while (!gone->parent()->usable())
             gone = gone->parent();
+        const forms::Control* focused = controlOf(window_.focusWidget());
+        if (focused && focused->usable() && focused->parent() != gone->parent()) return;
         for (forms::Control* sibling : gone->parent()->children()) {
             auto* other = dynamic_cast<forms::Container*>(sibling);
             if (other && other->usable() && focusFirstIn(*other)) return;

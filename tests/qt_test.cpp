@@ -1,0 +1,401 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <set>
+
+#include "console/frm_console.h"
+#include "dialogs/frm_include_add.h"
+#include "dialogs/frm_include_list.h"
+#include "dialogs/locations_dialog.h"
+#include "docs/frm_about.h"
+#include "docs/frm_splash.h"
+#include "platform/linux/linux_runtime.h"
+#include "platform/qt/captions.h"
+#include "platform/qt/file_filter.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/message_box.h"
+#include "platform/qt/qt_toolkit.h"
+
+namespace {
+
+using namespace forms;
+
+QString name(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QMainWindow& windowOf(Form& form) {
+    return dynamic_cast<qt::FormWindow&>(*form.window()).widget();
+}
+
+/// One control of each kind that a user works, on two panels. Notes what its handlers hear.
+struct Sample : Form {
+    Sample(Application& application, std::string& heard)
+        : Form(application, "Sample",
+               {.caption = "Sample",
+                .place = {1000, 1000, 6500, 5000},
+                .sizable = true,
+                .centred = false,
+                .keyPreview = true}),
+          heard(heard) {}
+    void Form_KeyDown(int keyCode, int shift) override {
+        if (keyCode == 9 && shift == ctrlMask) tabs.SelectedItem = 3 - tabs.SelectedItem;
+    }
+    void Form_KeyPress(int keyAscii) override { heard += "<" + std::to_string(keyAscii) + ">"; }
+    void Form_Activate() override { heard += "[active]"; }
+    void tabs_Click() {
+        heard += "tab" + std::to_string(tabs.SelectedItem) + " ";
+        for (int i = 0; i < 2; ++i) {
+            panels(i).Left = i + 1 == tabs.SelectedItem ? 200 : -20000;
+            panels(i).Enabled = i + 1 == tabs.SelectedItem;
+        }
+    }
+    /// A definition whose handler notes the control's name.
+    Definition define(const std::string& name, const std::string& caption, Place place,
+                      bool isDefault = false, bool isCancel = false) {
+        return {.name = name,
+                .caption = caption,
+                .place = place,
+                .isDefault = isDefault,
+                .isCancel = isCancel,
+                .event = [this, name] { heard += name + " "; }};
+    }
+
+    std::string& heard;
+    std::function<void()> onRun = [] {};
+    MenuItem mnuFile{*this, define("mnuFile", "&File", {})};
+    MenuItem mnuExit{mnuFile, define("mnuExit", "E&xit", {})};
+    TabStrip tabs{
+        *this,
+        {.name = "tabs", .place = {100, 100, 6000, 4000}, .event = [this] { tabs_Click(); }},
+        {{" One ", "first"}, {" Two ", "second"}}};
+    ControlArray<PictureBox> panels{*this,
+                                    "panels",
+                                    {{.index = 0, .place = {200, 600, 5700, 3300}},
+                                     {.index = 1, .place = {200, 600, 5700, 3300}}}};
+    Label lblName{panels(0), define("lblName", "File", {0, 0, 1500, 300})};
+    TextBox txtName{panels(0), define("txtName", "", {0, 300, 3000, 345})};
+    Button btnRun{
+        panels(0),
+        {.name = "btnRun", .caption = "&Run", .place = {3100, 300, 900, 375}, .event = [this] {
+             heard += "btnRun ";
+             onRun();
+         }}};
+    CheckBox chkDebug{panels(0), define("chkDebug", "&Debug", {0, 700, 1500, 300})};
+    Frame fraKind{panels(0), define("fraKind", "Kind", {0, 1100, 3000, 1500})};
+    Label lblInside{fraKind, define("lblInside", "Inside", {1500, 300, 1200, 300})};
+    ControlArray<OptionButton> optKind{
+        fraKind,
+        "optKind",
+        {{.index = 0, .caption = "Plai&n", .place = {120, 360, 1200, 300}, .ticked = true},
+         {.index = 2, .caption = "&Packed", .place = {120, 720, 1200, 300}}},
+        [this](int i) { heard += "kind" + std::to_string(i) + " "; }};
+    TextBox txtLines{panels(1),
+                     {.name = "txtLines",
+                      .text = "a\r\nb\r\n",
+                      .place = {0, 300, 3000, 900},
+                      .readOnly = true,
+                      .multiLine = true}};
+    ListBox lstFolders{panels(1), define("lstFolders", "", {0, 1300, 3000, 900})};
+    Button btnOk{panels(1), define("btnOk", "&OK", {3100, 300, 900, 375}, true)};
+    Button btnCancel{*this, define("btnCancel", "Cancel", {4500, 4200, 900, 330}, false, true)};
+};
+
+struct Windows : testing::Test {
+    std::string told;
+    std::string heard;
+    qt::QtToolkit toolkit{[this](const std::string& path) { return host + path.substr(2); },
+                          [](const std::string& path) { return "c:" + path; }};
+    Application application{toolkit, [this](const std::string& text) { told += text; }};
+    std::string host;
+    Sample* form = nullptr;
+    QMainWindow* window = nullptr;
+
+    void SetUp() override {
+        form = &application.load<Sample>(heard);
+        form->tabs.SelectedItem = 1;
+        form->Show();
+        window = &windowOf(*form);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+        EXPECT_EQ(std::exchange(heard, ""), "tab1 [active]");
+    }
+    void TearDown() override {
+        // The message loop ends with the last form.
+        QTimer::singleShot(0, [this] {
+            if (application.Count() > 0)
+                form->close();
+            else
+                QCoreApplication::exit();
+        });
+        QApplication::exec();
+    }
+    template <typename Kind = QWidget>
+    Kind& widget(const Control& control) {
+        return *window->findChild<Kind*>(name(control.fullName()));
+    }
+    /// Strikes a key where the focus is; gives the handlers heard and the control then in focus.
+    std::string strike(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QWidget* focused = window->focusWidget();
+        QTest::keyClick(focused ? focused : window, key, modifiers);
+        QCoreApplication::processEvents();
+        return std::exchange(heard, "") + "@" + window->focusWidget()->objectName().toStdString();
+    }
+};
+
+TEST_F(Windows, KeysReachTheFormThenTheModel) {
+    const Control& text = form->txtName;
+    const Control& run = form->btnRun;
+    const struct {
+        const Control& focus;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        std::string expected;
+    } rows[] = {
+        {text, Qt::Key_A, {}, "<97>txtName @txtName"},
+        {text, Qt::Key_Backspace, {}, "<8>txtName @txtName"},
+        {text, Qt::Key_F5, {}, "@txtName"},
+        {text, Qt::Key_Tab, {}, "@btnRun"},
+        {text, Qt::Key_Return, {}, "<13>@txtName"},  // the default button is on the other panel
+        {text, Qt::Key_Escape, {}, "<27>btnCancel @txtName"},
+        {run, Qt::Key_Enter, {}, "<13>btnRun @btnRun"},
+        {run, Qt::Key_Space, {}, "<32>btnRun @btnRun"},
+        {text, Qt::Key_R, Qt::AltModifier, "btnRun @btnRun"},
+        {text, Qt::Key_D, Qt::AltModifier, "chkDebug @chkDebug"},
+        {text, Qt::Key_P, Qt::AltModifier, "kind2 @optKind(2)"},
+        {form->optKind(2), Qt::Key_Up, {}, "kind0 @optKind(0)"},
+        {text, Qt::Key_O, Qt::AltModifier, "@txtName"},  // on the other panel
+        {text, Qt::Key_Tab, Qt::ControlModifier, "tab2 @txtLines"},
+        {form->txtLines, Qt::Key_Return, {}, "<13>btnOk @txtLines"},
+        {form->txtLines, Qt::Key_O, Qt::AltModifier, "btnOk @btnOk"},
+        {form->txtLines, Qt::Key_Tab, Qt::ControlModifier, "tab1 @txtName"},
+    };
+    for (const auto& row : rows) {
+        widget(row.focus).setFocus();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(strike(row.key, row.modifiers), row.expected)
+            << row.focus.fullName() << " " << QKeySequence(row.key).toString().toStdString();
+    }
+}
+
+TEST_F(Windows, AnUnclaimedMnemonicOpensTheMenu) {
+    QTest::keyClick(&widget(form->txtName), Qt::Key_F, Qt::AltModifier);
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_TRUE(menu);
+    QTest::keyClick(menu, Qt::Key_X);
+    EXPECT_EQ(heard, "mnuExit ");
+}
+
+TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
+    auto& first = widget<QRadioButton>(form->optKind(0));
+    auto& second = widget<QRadioButton>(form->optKind(2));
+    QTest::mouseClick(&second, Qt::LeftButton, {}, {8, second.height() / 2});
+    EXPECT_EQ(std::exchange(heard, ""), "kind2 ");
+    EXPECT_TRUE(!form->optKind(0).Value && !first.isChecked() && second.isChecked());
+    form->optKind(2).Value = false;
+    EXPECT_FALSE(first.isChecked() || second.isChecked());
+
+    form->onRun = [] { throw RuntimeError("Disk full"); };
+    QTest::mouseClick(&widget(form->btnRun), Qt::LeftButton);
+    EXPECT_EQ(told, "Disk full");
+    EXPECT_EQ(std::exchange(heard, ""), "btnRun ");
+
+    auto& line = widget<QLineEdit>(form->txtName);
+    QTest::keyClicks(&line, "cave");
+    line.setCursorPosition(2);
+    QTest::keyClick(&line, Qt::Key_X);
+    EXPECT_EQ(form->txtName.Text(), "caxve");
+    EXPECT_EQ(line.cursorPosition(), 3);
+    form->txtName.Text = "new";
+    EXPECT_EQ(line.text(), "new");
+    heard.clear();
+
+    auto& frame = widget(form->fraKind);
+    QTest::mouseClick(&widget(form->lblInside), Qt::LeftButton);
+    EXPECT_EQ(heard, "");
+    QTest::mouseClick(&frame, Qt::LeftButton, {}, {frame.width() - 5, frame.height() - 5});
+    EXPECT_EQ(std::exchange(heard, ""), "fraKind ");
+
+    QTabBar* bar = widget<QTabWidget>(form->tabs).tabBar();
+    for (const std::string expected : {"tab2 ", "tab2 "}) {  // also where it is selected already
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+        EXPECT_EQ(std::exchange(heard, ""), expected);
+    }
+    EXPECT_FALSE(widget(form->panels(0)).isVisible());
+    for (const std::string folder : {"c:\\a", "c:\\b"})
+        form->lstFolders.AddItem(folder);
+    widget(form->lstFolders).setFocus();
+    EXPECT_EQ(form->lstFolders.ListIndex, -1);
+    EXPECT_EQ(strike(Qt::Key_Down), "lstFolders @lstFolders");
+    EXPECT_EQ(form->lstFolders.ListIndex, 1);
+}
+
+/// A dialog of the test's own; closes by its button.
+struct Dialog : Form {
+    explicit Dialog(Application& application)
+        : Form(application, "Dialog", {.caption = "Dialog", .place = {0, 0, 3000, 1500}}) {}
+    Button OKButton{*this,
+                    {.name = "OKButton",
+                     .caption = "OK",
+                     .place = {900, 400, 900, 375},
+                     .isDefault = true,
+                     .event = [this] { Unload(); }}};
+};
+
+TEST_F(Windows, AModalDialogBlocksUntilItIsUnloaded) {
+    for (const bool byKey : {true, false}) {
+        QPointer<QWidget> shown;
+        form->onRun = [&] {
+            auto& dialog = application.load<Dialog>();
+            shown = &windowOf(dialog);
+            QTimer::singleShot(0, [&] {
+                EXPECT_TRUE(QTest::qWaitForWindowActive(shown));
+                EXPECT_EQ(QApplication::activeModalWidget(), shown);
+                const QPoint off = shown->geometry().center() - window->geometry().center();
+                EXPECT_LE(off.manhattanLength(), 10) << "centred on its owner, but for the frame";
+                if (byKey)
+                    QTest::keyClick(shown->focusWidget(), Qt::Key_Return);
+                else
+                    shown->close();
+            });
+            dialog.ShowModal(*form);
+            heard += "back ";
+        };
+        QTest::mouseClick(&widget(form->btnRun), Qt::LeftButton);
+        EXPECT_EQ(application.Count(), 1);
+        EXPECT_EQ(std::exchange(heard, ""), "btnRun [active]back ");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_FALSE(shown);
+    }
+}
+
+TEST_F(Windows, AFormMayEndInsideItsOwnEvents) {
+    form->onRun = [this] { form->Unload(); };
+    widget(form->btnRun).setFocus();
+    QPointer<QWidget> gone = window;
+    QTest::keyClick(&widget(form->btnRun), Qt::Key_Return);
+    EXPECT_EQ(application.Count(), 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(gone);
+}
+
+TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
+    const auto place = [this] {
+        return std::vector<int>{form->Left, form->Top, form->Width, form->Height};
+    };
+    QCoreApplication::processEvents();
+    EXPECT_EQ(place(), (std::vector<int>{1000, 1000, 6500, 5000}));
+    EXPECT_EQ(QRect(window->pos(), window->size()), QRect(67, 67, 433, 333));
+    window->resize(500, 400);
+    window->move(40, 30);
+    EXPECT_EQ(place(), (std::vector<int>{600, 450, 7500, 6000}));
+    form->Left = -20000;
+    EXPECT_EQ(window->x(), -1333);
+    EXPECT_EQ(place(), (std::vector<int>{-20000, 450, 7500, 6000}));
+    window->showMinimized();
+    EXPECT_EQ(form->WindowState, WindowState::Minimised);
+}
+
+TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
+    const QTemporaryDir folder;
+    host = folder.path().toStdString();
+    ASSERT_TRUE(QDir(folder.path()).mkdir("games"));
+    const struct {
+        std::string offered, shown;
+    } rows[] = {{"c:/games/new.kel", "new.kel"}, {"a|b?", ""}, {std::string(261, 'x'), ""}};
+    for (const auto& row : rows) {
+        QTimer::singleShot(0, [&] {
+            auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+            auto* edit = dialog->findChild<QLineEdit*>();
+            EXPECT_EQ(edit->text().toStdString(), row.shown);
+            EXPECT_EQ(dialog->directory(), QDir(folder.path() + "/games"));  // stays the last one
+            edit->setText("other.kel");
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        EXPECT_EQ(toolkit.chooseFile(*form, {"Select", "Source (*.kel)|*.kel", row.offered}),
+                  "c:" + host + "/games/other.kel");
+    }
+    EXPECT_EQ(qt::nameFilters("Source (*.kel)|*.kel|All Files (*.*)|*.*"),
+              (QStringList{"Source (*.kel) (*.[kK][eE][lL])", "All Files (*.*) (*)"}));
+}
+
+TEST_F(Windows, AMessageBoxAnswers) {
+    using core::Runtime;
+    const struct {
+        int flags;
+        Qt::Key key;
+        Runtime::Answer answer;
+    } rows[] = {{Runtime::okOnly, Qt::Key_Escape, Runtime::Answer::Ok},
+                {Runtime::exclamation, Qt::Key_Return, Runtime::Answer::Ok},
+                {Runtime::yesNo, Qt::Key_Return, Runtime::Answer::Yes},
+                {Runtime::yesNo, Qt::Key_Escape, Runtime::Answer::No}};
+    for (const auto& row : rows) {
+        QTimer::singleShot(0, [&] {
+            auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+            EXPECT_EQ(box->parentWidget(), window);
+            EXPECT_LT(box->width(), 800);
+            EXPECT_EQ(box->icon() == QMessageBox::Warning, row.flags == Runtime::exclamation);
+            QTest::keyClick(box, row.key);
+        });
+        std::string path = "<b>c:";
+        for (int i = 0; i < 30; ++i)
+            path += "\\folder";
+        EXPECT_EQ(qt::messageBox(path + " not found", row.flags, "Title"), row.answer);
+    }
+}
+
+/// Every caption can be read, and every control can be found and is named to a screen reader.
+void expectReadable(Form& form) {
+    std::set<std::string> names;
+    for (Control* control : form.allControls()) {
+        EXPECT_TRUE(names.insert(control->fullName()).second) << control->fullName();
+        auto* widget =
+            windowOf(form).centralWidget()->findChild<QWidget*>(name(control->fullName()));
+        if (!widget) continue;  // menu items and the like
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << form.name << " " << control->fullName();
+        EXPECT_TRUE(qt::captionFits(*widget)) << form.name << " " << control->fullName();
+    }
+}
+
+TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", home.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    platform::LinuxRuntime runtime(qt::messageBox);
+    core::Program program{runtime, application, {}};
+    auto& console = application.load<console::frmConsole>(program);
+    auto& list = console.compile.lstInclude;
+    const std::vector<Form*> all = {form,
+                                    &console,
+                                    &application.load<docs::frmSplash>([] {}),
+                                    &application.load<docs::frmAbout>(program),
+                                    &application.load<dialogs::frmSettings>(program),
+                                    &application.load<dialogs::frmSettings2>(program),
+                                    &application.load<dialogs::frmIncludeList>(program, list),
+                                    &application.load<dialogs::frmIncludeAdd>(program, list)};
+    for (Form* each : all)
+        expectReadable(*each);
+    form->btnRun.Caption = "A caption that does not fit";
+    EXPECT_FALSE(qt::captionFits(widget(form->btnRun)));
+    for (Form* each : all)
+        each->Unload();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
