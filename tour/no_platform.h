@@ -9,6 +9,7 @@ namespace tour {
 class NoRuntime : public core::Runtime {
   public:
     std::string AppPath() override { return {}; }
+    std::string currentFolder() override { return {}; }
     std::string rtcDir(const std::string&) override { return {}; }
     std::chrono::system_clock::time_point rtcFileDateTime(const std::string&) override {
         return {};
