@@ -10,6 +10,8 @@ class NoRuntime : public core::Runtime {
   public:
     std::string AppPath() override { return {}; }
     std::string currentFolder() override { return {}; }
+    std::vector<std::string> drives() override { return {}; }
+    std::vector<std::string> folders(const std::string&) override { return {}; }
     std::string rtcDir(const std::string&) override { return {}; }
     std::chrono::system_clock::time_point rtcFileDateTime(const std::string&) override {
         return {};
