@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "dialogs/frm_include_add.h"
 #include "dialogs/frm_include_list.h"
 #include "dialogs/locations_dialog.h"
@@ -26,80 +24,59 @@ struct Dialogs : testing::Test {
         toolkit.users.emplace_back(
             [user](forms::Form& shown) { user(dynamic_cast<Kind&>(shown)); });
     }
-    std::vector<std::string> folders() {
-        std::vector<std::string> list;
-        for (int i = 0; i < form.compile.lstInclude.ListCount(); ++i) {
-            list.push_back(form.compile.lstInclude.List(i));
-        }
-        return list;
-    }
-    std::vector<std::string> boxes() {
-        std::vector<std::string> texts;
+    /// The boxes shown since the last call, each as its flags and its text.
+    std::string boxes() {
+        std::string texts;
         for (const auto& box : std::exchange(runtime.boxes, {})) {
-            texts.push_back(std::to_string(box.flags) + " " + box.text);
+            texts += std::to_string(box.flags) + " " + box.text + "|";
         }
         return texts;
     }
 };
 
 TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
-    const struct {
-        forms::MenuItem& item;
-        std::string caption;
-        std::map<int, std::string AppState::*> fields;
-    } dialogs[] = {{form.mnuOptionsPrograms,
-                    "Kelm Programs and Documenation File Locations",
-                    {{0, &AppState::CompilerPath},
-                     {3, &AppState::GuiPlayerPath},
-                     {4, &AppState::ConsolePlayerPath},
-                     {1, &AppState::DosPlayerPath},
-                     {5, &AppState::ExtractorPath},
-                     {8, &AppState::ManualHtmlPath},
-                     {7, &AppState::ManualPdfPath},
-                     {6, &AppState::TutorialPath}}},
-                   {form.mnuOptionsOther,
-                    "Other Program Locations",
-                    {{0, &AppState::BrowserPath},
-                     {1, &AppState::AcrobatPath},
-                     {2, &AppState::EditorPath},
-                     {9, &AppState::WordProcessorPath}}}};
-    for (const auto& dialog : dialogs) {
-        using Dialog = dialogs::LocationsDialog;
-        const auto typeAll = [&](Dialog& shown) {
-            EXPECT_EQ(shown.Caption(), dialog.caption);
-            for (const auto& [index, field] : dialog.fields) {
-                EXPECT_EQ(shown.txtFname(index).Text(), state.*field);
-                shown.txtFname(index).type("c:\\" + std::to_string(index));
-            }
-        };
-        for (const auto& leave : {std::function<void(Dialog&)>([](Dialog& d) { d.pressCancel(); }),
-                                  std::function<void(Dialog&)>([](Dialog& d) { d.close(); })}) {
+    using Dialog = dialogs::LocationsDialog;
+    using Fields = std::map<int, std::string AppState::*>;
+    const Fields kelm = {{0, &AppState::CompilerPath},      {3, &AppState::GuiPlayerPath},
+                         {4, &AppState::ConsolePlayerPath}, {1, &AppState::DosPlayerPath},
+                         {5, &AppState::ExtractorPath},     {8, &AppState::ManualHtmlPath},
+                         {7, &AppState::ManualPdfPath},     {6, &AppState::TutorialPath}};
+    const Fields others = {{0, &AppState::BrowserPath},
+                           {1, &AppState::AcrobatPath},
+                           {2, &AppState::EditorPath},
+                           {9, &AppState::WordProcessorPath}};
+    const std::vector<std::function<void(Dialog&)>> ways = {
+        [](Dialog& shown) { shown.pressCancel(); }, [](Dialog& shown) { shown.close(); },
+        [](Dialog& shown) { shown.pressDefault(); }};
+    for (const auto& [item, fields] :
+         {std::pair(&form.mnuOptionsPrograms, kelm), std::pair(&form.mnuOptionsOther, others)}) {
+        for (const auto& leave : ways) {
+            const bool kept = &leave == &ways.back();
             nextDialog<Dialog>([&](Dialog& shown) {
-                typeAll(shown);
+                EXPECT_EQ(shown.Caption(), fields.size() == 4
+                                               ? "Other Program Locations"
+                                               : "Kelm Programs and Documenation File Locations");
+                for (const auto& [index, field] : fields) {
+                    EXPECT_EQ(shown.txtFname(index).Text(), state.*field);
+                    shown.txtFname(index).type(std::to_string(index));
+                }
                 leave(shown);
+                EXPECT_TRUE(shown.unloaded());
             });
-            dialog.item.click();
-            for (const auto& [index, field] : dialog.fields)
-                EXPECT_EQ(state.*field, "");
-            EXPECT_FALSE(runtime.files.contains(ini));
+            item->click();
+            for (const auto& [index, field] : fields) {
+                EXPECT_EQ(state.*field, kept ? std::to_string(index) : "");
+            }
+            EXPECT_EQ(runtime.files.erase(ini), kept);
         }
-        nextDialog<Dialog>([&](Dialog& shown) {
-            typeAll(shown);
-            shown.pressDefault();
-            EXPECT_TRUE(shown.unloaded());
-        });
-        dialog.item.click();
-        for (const auto& [index, field] : dialog.fields) {
-            EXPECT_EQ(state.*field, "c:\\" + std::to_string(index));
-        }
-        EXPECT_EQ(runtime.files.erase(ini), 1u);
     }
     EXPECT_FALSE(form.help.mnuHelpManual.Enabled) << "settled at the next start";
 }
 
 TEST_F(Dialogs, EveryBrowseButtonAsksInItsOwnWordsAndFillsItsOwnBox) {
-    const std::string all = "|All Files (*.*)|*.*";
-    const std::string programs = "Programs (*.exe)|*.exe" + all;
+    const std::string programs = "Programs (*.exe)|*.exe";
+    const std::string source = "Source File (*.kel)|*.kel";
+    const std::string sourceTitle = "Select source code file";
     const auto press = [&](forms::Form& shown, const std::string& button, const std::string& box,
                            const std::string& title, const std::string& filter) {
         auto& text = dynamic_cast<forms::TextBox&>(*shown.find(box));
@@ -108,180 +85,154 @@ TEST_F(Dialogs, EveryBrowseButtonAsksInItsOwnWordsAndFillsItsOwnBox) {
             toolkit.fileChosen = chosen;
             shown.find(button)->click();
             EXPECT_EQ(toolkit.fileAsked.title, title);
-            EXPECT_EQ(toolkit.fileAsked.filter, filter);
+            EXPECT_EQ(toolkit.fileAsked.filter, filter + "|All Files (*.*)|*.*");
             EXPECT_EQ(toolkit.fileAsked.name, "c:\\old." + box);
             EXPECT_EQ(text.Text(), chosen.empty() ? "c:\\old." + box : chosen);
         }
     };
-    const std::string source = "Source File (*.kel)|*.kel";
-    const std::string sourceTitle = "Select source code file";
-    press(form, "btnBrowseE", "txtFnameE", sourceTitle,
-          source + "|Included Source File (*.i)|*.i" + all);
+    press(form, "btnBrowseE", "txtFnameE", sourceTitle, source + "|Included Source File (*.i)|*.i");
     form.tbsOptions.pick(2);
-    press(form, "btnBrowse", "txtFname", sourceTitle, source + all);
+    press(form, "btnBrowse", "txtFname", sourceTitle, source);
     form.tbsOptions.pick(3);
-    press(form, "btnBrowseP", "txtFnameP", "Select game file",
-          "Game ('Kcode') File (*.kcd)|*.kcd" + all);
+    press(form, "btnBrowseP", "txtFnameP", "Select game file", "Game ('Kcode') File (*.kcd)|*.kcd");
     form.play.chkPlayback.click();
-    press(form, "btnBrowselog", "txtLogfile", "Select command-log file",
-          "Log File (*.log)|*.log" + all);
+    press(form, "btnBrowselog", "txtLogfile", "Select command-log file", "Log File (*.log)|*.log");
     form.tbsOptions.pick(4);
-    press(form, "btnBrowseS", "txtFnameS", sourceTitle, source + all);
+    press(form, "btnBrowseS", "txtFnameS", sourceTitle, source);
     form.spelling.chkOutputfile.click();
-    press(form, "btnBrowseO", "txtFnameO", "Select text file", "Source File (*.txt)|*.txt" + all);
+    press(form, "btnBrowseO", "txtFnameO", "Select text file", "Source File (*.txt)|*.txt");
 
-    const auto row = [&](forms::Form& shown, int index, const std::string& title,
+    const auto row = [&](forms::Form& shown, const std::string& index, const std::string& title,
                          const std::string& filter) {
-        const std::string number = "(" + std::to_string(index) + ")";
-        press(shown, "btnBrowse" + number, "txtFname" + number, title, filter);
+        press(shown, "btnBrowse(" + index + ")", "txtFname(" + index + ")", "Locate " + title,
+              filter);
     };
     nextDialog<dialogs::frmSettings>([&](auto& shown) {
-        row(shown, 0, "Locate 'kelm.exe' compiler program", programs);
-        row(shown, 3, "Locate 'winkrun.exe' player program", programs);
-        row(shown, 4, "Locate 'krun.exe' Windows player program", programs);
-        row(shown, 1, "Locate 'krun.exe' MSDOS player program", programs);
-        row(shown, 5, "Locate 'klex.exe' text extractor program", programs);
-        row(shown, 8, "Locate the KELM HTML-format manual - 'kelmTOC.html'",
-            "HTML (*.html)|*.html" + all);
-        row(shown, 7, "Locate the KELM Adobe Acrobat-format manual - 'kelmmanual28.pdf'",
-            "Acrobat Files (*.pdf)|*.pdf" + all);
-        row(shown, 6, "Locate Tutorial 'contents.htm' file", "HTML (*.htm)|*.htm" + all);
+        row(shown, "0", "'kelm.exe' compiler program", programs);
+        row(shown, "3", "'winkrun.exe' player program", programs);
+        row(shown, "4", "'krun.exe' Windows player program", programs);
+        row(shown, "1", "'krun.exe' MSDOS player program", programs);
+        row(shown, "5", "'klex.exe' text extractor program", programs);
+        row(shown, "8", "the KELM HTML-format manual - 'kelmTOC.html'", "HTML (*.html)|*.html");
+        row(shown, "7", "the KELM Adobe Acrobat-format manual - 'kelmmanual28.pdf'",
+            "Acrobat Files (*.pdf)|*.pdf");
+        row(shown, "6", "Tutorial 'contents.htm' file", "HTML (*.htm)|*.htm");
     });
     form.mnuOptionsPrograms.click();
     nextDialog<dialogs::frmSettings2>([&](auto& shown) {
-        row(shown, 0, "Locate web-browser or HTML viewer program - eg:IExplore.exe", programs);
-        row(shown, 1, "Locate Adobe Acrobat Reader program - eg:acroread.exe", programs);
-        row(shown, 2, "Locate your text editor software - eg 'PFE32.exe'", programs);
-        row(shown, 9, "Locate your wordprocessor software - eg 'winword.exe'", programs);
+        row(shown, "0", "web-browser or HTML viewer program - eg:IExplore.exe", programs);
+        row(shown, "1", "Adobe Acrobat Reader program - eg:acroread.exe", programs);
+        row(shown, "2", "your text editor software - eg 'PFE32.exe'", programs);
+        row(shown, "9", "your wordprocessor software - eg 'winword.exe'", programs);
     });
     form.mnuOptionsOther.click();
-    EXPECT_TRUE(toolkit.users.empty());
 }
 
 TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
     using List = dialogs::frmIncludeList;
-    using Add = dialogs::frmIncludeAdd;
     form.tbsOptions.pick(2);
     state.IncludeFolders = {"a", "b", "c", "d", "e"};
-    const auto typeFolder = [&](const std::string& folder, const std::string& caption) {
-        nextDialog<Add>([=](Add& add) {
-            EXPECT_EQ(add.Caption(), caption);
-            add.txtFolder.type(folder);
-            add.pressDefault();
+    const auto add = [&](forms::Button& button, const std::string& folder) {
+        nextDialog<dialogs::frmIncludeAdd>([=, &button](auto& shown) {
+            EXPECT_EQ(shown.Caption(), button.name == "btnAdd"
+                                           ? "Select folder to add to search list"
+                                           : "Edit folder name");
+            shown.txtFolder.type(folder);
+            shown.pressDefault();
         });
+        button.click();
     };
-    const std::string adding = "Select folder to add to search list";
     nextDialog<List>([&](List& list) {
-        EXPECT_EQ(list.List1.ListIndex, -1);
-        EXPECT_FALSE(list.btnChange.Enabled || list.btnDelete.Enabled || list.btnUp.Enabled);
+        const auto remove = [&](int index) {
+            list.List1.pick(index);
+            list.btnDelete.click();
+            EXPECT_FALSE(list.btnChange.Enabled || list.btnDelete.Enabled || list.btnUp.Enabled);
+        };
         list.List1.pick(4);
         list.btnDown.click();
         list.btnUp.click();
         EXPECT_EQ(list.List1.List(3) + list.List1.List(4), "ed");
         EXPECT_EQ(list.List1.ListIndex, 3);
-        list.btnDelete.click();
-        EXPECT_FALSE(list.btnDelete.Enabled);
-        list.List1.pick(0);
-        list.btnUp.click();
-        list.btnDelete.click();
-        list.List1.pick(0);
-        list.btnDelete.click();
-        list.List1.pick(1);
-        list.btnDelete.click();
-        typeFolder("c:\\n w", adding);
-        list.btnAdd.click();
+        for (int index : {3, 0, 0, 1})
+            remove(index);
+        add(list.btnAdd, "c:\\n w");
         EXPECT_EQ(list.List1.ListIndex, 1);
-        typeFolder("changed", "Edit folder name");
         list.List1.pick(0);
-        list.btnChange.click();
-        typeFolder("  ", adding);
-        list.btnAdd.click();
+        add(list.btnChange, "changed");
+        add(list.btnAdd, "  ");
         list.pressDefault();
     });
     form.compile.btnModifyIncludes.click();
-    EXPECT_EQ(folders(), (std::vector<std::string>{"changed", "c:\\n w"}));
     EXPECT_EQ(state.IncludeFolders[2] + state.IncludeFolders[3], "d") << "only the end is marked";
-    EXPECT_TRUE(runtime.files[ini].text.ends_with(lines({"changed", "c:\\n w"})));
-    EXPECT_NE(form.compile.txtCmdline.Text().find(" -Include \"\" -Include \"\" "),
+    EXPECT_TRUE(runtime.files[ini].text.ends_with(lines("|changed|c:\\n w")));
+    EXPECT_EQ(form.compile.lstInclude.List(0) + form.compile.lstInclude.List(1), "changedc:\\n w");
+    EXPECT_NE(form.compile.txtCmdline.Text().find("\"\" -Include \"\" -Include \"\" "),
               std::string::npos);
 
-    const auto before = runtime.files;
+    runtime.files.clear();
     nextDialog<List>([&](List& list) {
-        for (int i = 2; i < core::mostIncludes; ++i) {
-            typeFolder("f", adding);
-            list.btnAdd.click();
-        }
-        EXPECT_EQ(boxes(), std::vector<std::string>{});
+        for (int i = 2; i < core::mostIncludes; ++i)
+            add(list.btnAdd, "f");
+        EXPECT_EQ(boxes(), "");
         list.btnAdd.click();
-        EXPECT_EQ(boxes(),
-                  std::vector<std::string>{"0 The search list is full. It can hold 20 folders."});
+        EXPECT_EQ(boxes(), "0 The search list is full. It can hold 20 folders.|");
         list.pressCancel();
     });
     form.compile.btnModifyIncludes.click();
-    EXPECT_EQ(folders().size(), 2u);
-    EXPECT_EQ(runtime.files.at(ini).text, before.at(ini).text);
+    EXPECT_EQ(form.compile.lstInclude.ListCount(), 2);
+    EXPECT_TRUE(runtime.files.empty());
 }
 
 TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
-    runtime.tree = {{"c:\\", {"nwb", "Games"}}, {"c:\\nwb", {"b", "A"}}, {"c:\\nwb\\A", {}},
-                    {"c:\\Games", {}},          {"d:\\", {"lib"}},       {"d:\\lib", {}}};
-    const struct {
-        std::string folder, path, drive, text;
-        std::vector<std::string> boxes;
-    } cases[] = {
-        {"", "c:\\nwb", "c:", "", {}},
-        {"games\\lib", "c:\\nwb", "c:", "games\\lib", {}},
-        {"c:\\Games", "c:\\Games", "c:", "c:\\Games", {}},
-        {"D:\\lib", "D:\\lib", "d:", "D:\\lib", {}},
-        {"d:\\nosuch", "c:\\", "c:", "c:\\", {"0 Folder d:\\nosuch not found."}},
-        {"e:\\x", "c:\\", "c:", "c:\\", {"0 Folder e:\\x not found."}},
-    };
-    runtime.tree["D:\\lib"] = {};
-    state.IncludeFolders = {"entry"};
+    using Add = dialogs::frmIncludeAdd;
     form.tbsOptions.pick(2);
-    for (const auto& c : cases) {
-        state.IncludeFolders[0] = c.folder.empty() ? "entry" : c.folder;
-        nextDialog<dialogs::frmIncludeList>([&](dialogs::frmIncludeList& list) {
-            nextDialog<dialogs::frmIncludeAdd>([&](dialogs::frmIncludeAdd& add) {
-                EXPECT_EQ(add.Dir1.Path(), c.path);
-                EXPECT_EQ(add.Drive1.Drive(), c.drive);
-                EXPECT_EQ(add.txtFolder.Text(), c.text);
-                EXPECT_EQ(boxes(), c.boxes) << c.folder;
-            });
+    runtime.tree = {{R"(c:\)", {"nwb", "Games"}}, {R"(c:\nwb)", {"b", "A"}}, {R"(c:\nwb\A)", {}},
+                    {R"(c:\Games)", {}},          {R"(d:\)", {"lib"}},       {R"(D:\lib)", {}}};
+    const auto edit = [&](const std::string& folder, const std::function<void(Add&)>& user) {
+        state.IncludeFolders = {folder.empty() ? "entry" : folder};
+        nextDialog<dialogs::frmIncludeList>([&](auto& list) {
+            nextDialog<Add>(user);
             list.List1.pick(0);
-            (c.folder.empty() ? list.btnAdd : list.btnChange).click();
+            (folder.empty() ? list.btnAdd : list.btnChange).click();
         });
         form.compile.btnModifyIncludes.click();
-    }
-
-    nextDialog<dialogs::frmIncludeList>([&](dialogs::frmIncludeList& list) {
-        nextDialog<dialogs::frmIncludeAdd>([&](dialogs::frmIncludeAdd& add) {
-            std::string names;
-            for (const auto& row : add.Dir1.rows()) {
-                names += std::string(row.depth, '>') + row.name + " ";
-            }
-            EXPECT_EQ(names, "c:\\ >nwb >>A >>b ");
-            add.Dir1.choose(2);
-            EXPECT_EQ(add.txtFolder.Text(), "c:\\nwb\\A");
-            add.Drive1.pick(2);
-            EXPECT_EQ(boxes(), std::vector<std::string>{"48 Cannot open e:\\"});
-            EXPECT_EQ(add.Drive1.Drive() + add.Dir1.Path(), "c:c:\\nwb\\A");
-            add.Drive1.pick(1);
-            EXPECT_EQ(add.txtFolder.Text(), "d:\\");
+    };
+    const struct {
+        std::string folder, path, text, boxes;
+    } cases[] = {
+        {"", R"(c:\nwb)", "", ""},
+        {R"(games\lib)", R"(c:\nwb)", R"(games\lib)", ""},
+        {R"(c:\Games)", R"(c:\Games)", R"(c:\Games)", ""},
+        {R"(D:\lib)", R"(D:\lib)", R"(D:\lib)", ""},
+        {R"(d:\nosuch)", R"(c:\)", R"(c:\)", R"(0 Folder d:\nosuch not found.|)"},
+        {R"(e:\x)", R"(c:\)", R"(c:\)", R"(0 Folder e:\x not found.|)"},
+    };
+    for (const auto& c : cases) {
+        edit(c.folder, [&](Add& add) {
+            EXPECT_EQ(add.Dir1.Path(), c.path);
+            EXPECT_EQ(add.Drive1.Drive(), c.path[0] == 'D' ? "d:" : "c:");
+            EXPECT_EQ(add.txtFolder.Text(), c.text);
+            EXPECT_EQ(boxes(), c.boxes) << c.folder;
         });
-        list.btnAdd.click();
+    }
+    edit("", [&](Add& add) {
+        std::string names;
+        for (const auto& row : add.Dir1.rows())
+            names += std::string(row.depth, '>') + row.name;
+        EXPECT_EQ(names, R"(c:\>nwb>>A>>b)");
+        add.Dir1.choose(2);
+        EXPECT_EQ(add.txtFolder.Text(), R"(c:\nwb\A)");
+        add.Drive1.pick(2);
+        EXPECT_EQ(boxes(), R"(48 Cannot open e:\|)");
+        EXPECT_EQ(add.Drive1.Drive() + add.Dir1.Path(), R"(c:c:\nwb\A)");
+        add.Drive1.pick(1);
+        EXPECT_EQ(add.txtFolder.Text(), R"(d:\)");
     });
-    form.compile.btnModifyIncludes.click();
-
-    runtime.tree.erase("c:\\");
-    state.IncludeFolders[0] = "d:\\nosuch";
-    nextDialog<dialogs::frmIncludeList>([&](dialogs::frmIncludeList& list) {
-        list.List1.pick(0);
-        list.btnChange.click();
-    });
-    form.compile.btnModifyIncludes.click();
-    const auto told = boxes();
-    EXPECT_EQ(std::count(told.begin(), told.end(), "48 Cannot open c:\\"), 1);
+    runtime.tree.erase(R"(c:\)");
+    edit(R"(d:\nosuch)", [](Add&) {});
+    const std::string told = boxes();
+    EXPECT_NE(told.find(R"(48 Cannot open c:\)"), std::string::npos);
+    EXPECT_EQ(told.find(R"(48 Cannot open c:\)"), told.rfind("48 "));
 }
 
 TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
@@ -290,33 +241,28 @@ TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
     state.TutorialPath = "t.htm";
     form.help.fitToPaths();
     auto& help = form.help;
-    const struct {
-        forms::MenuItem& item;
-        std::string viewer, document;
-    } entries[] = {{help.mnuHelpStart, "b.exe", "c:\\nwb\\GettingStarted.htm"},
-                   {help.mnuHelpContents, "b.exe", "c:\\nwb\\default.htm"},
-                   {help.mnuHelpTutorial, "b.exe", "t.htm"},
-                   {help.mnuHelpManual, "b.exe", "m.html"},
-                   {help.mnuHelpManPDF, "a.exe", "m.pdf"},
-                   {help.mnuHelpExample, "b.exe", "c:\\nwb\\examples.htm"},
-                   {help.mnuHelpLibrary, "b.exe", "c:\\nwb\\UsingStd-iLibraryContents.htm"},
-                   {help.mnuHelpPFE, "b.exe", "c:\\nwb\\SettingUpPFEContents.htm"},
-                   {help.mnuHelpBeta, "b.exe", "c:\\nwb\\credits.htm"}};
-    for (const auto& entry : entries) {
+    const std::pair<forms::MenuItem*, std::string> documents[] = {
+        {&help.mnuHelpStart, R"(c:\nwb\GettingStarted.htm)"},
+        {&help.mnuHelpContents, R"(c:\nwb\default.htm)"},
+        {&help.mnuHelpTutorial, "t.htm"},
+        {&help.mnuHelpManual, "m.html"},
+        {&help.mnuHelpManPDF, "m.pdf"},
+        {&help.mnuHelpExample, R"(c:\nwb\examples.htm)"},
+        {&help.mnuHelpLibrary, R"(c:\nwb\UsingStd-iLibraryContents.htm)"},
+        {&help.mnuHelpPFE, R"(c:\nwb\SettingUpPFEContents.htm)"},
+        {&help.mnuHelpBeta, R"(c:\nwb\credits.htm)"}};
+    for (const auto& [item, document] : documents) {
+        const bool pdf = document == "m.pdf";
         state.BrowserPath = state.AcrobatPath = "";
-        entry.item.click();
-        const std::string name =
-            entry.viewer == "b.exe" ? "Web Browser program " : "Acrobat Reader program ";
-        EXPECT_EQ(boxes(), std::vector<std::string>{
-                               "0 " + name +
-                               " not found. Please correct program location in Settings menu."});
-        state.BrowserPath = "b.exe";
-        state.AcrobatPath = "a.exe";
-        runtime.files[entry.viewer];
-        runtime.shells.clear();
-        entry.item.click();
-        EXPECT_EQ(runtime.shells, std::vector<std::string>{"1 \"" + entry.viewer + "\" \"" +
-                                                           entry.document + "\""});
+        item->click();
+        EXPECT_EQ(boxes(), std::string(pdf ? "0 Acrobat Reader" : "0 Web Browser") +
+                               " program  not found. Please correct program location in Settings "
+                               "menu.|");
+        runtime.files[state.BrowserPath = "b.exe"];
+        runtime.files[state.AcrobatPath = "a.exe"];
+        item->click();
+        EXPECT_EQ(runtime.shells.back(),
+                  std::string(pdf ? R"(1 "a.exe" ")" : R"(1 "b.exe" ")") + document + "\"");
     }
     state.TutorialPath.clear();
     help.fitToPaths();
@@ -324,9 +270,9 @@ TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
 }
 
 TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
-    const std::string path = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
-    const std::string location = "SOFTWARE\\Microsoft\\Shared Tools Location";
-    const auto press = [&]() -> std::string {
+    auto& path = runtime.registry[R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)"];
+    auto& folder = runtime.registry[R"(SOFTWARE\Microsoft\Shared Tools Location)"];
+    const auto press = [&] {
         nextDialog<docs::frmAbout>([](docs::frmAbout& about) {
             EXPECT_EQ(about.lblVersion.Caption(), "Version 1.0.0");
             EXPECT_EQ(about.lblTitle.Caption(), "The Norvane Workbench");
@@ -336,25 +282,26 @@ TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
         runtime.shells.clear();
         form.help.mnuHelpAbout.click();
         EXPECT_EQ(runtime.keysOpen, 0);
-        const auto told = boxes();
-        return runtime.shells.empty() ? told.at(0) : runtime.shells[0];
+        return boxes() + (runtime.shells.empty() ? "" : runtime.shells[0]);
     };
-    const std::string unavailable = "0 System Information Is Unavailable At This Time";
+    const std::string unavailable = "0 System Information Is Unavailable At This Time|";
     EXPECT_EQ(press(), unavailable);
-    runtime.registry[location]["MSINFO"] = {1, std::string("d:\\tools\0junk", 13)};
+    folder["MSINFO"] = {1, std::string("d:\\tools\0junk", 13)};
     EXPECT_EQ(press(), unavailable);
-    runtime.files["d:\\tools\\MSINFO32.EXE"];
-    EXPECT_EQ(press(), "1 d:\\tools\\MSINFO32.EXE");
-    runtime.registry[path]["PATH"] = {1, "c:\\info.exe"};
-    EXPECT_EQ(press(), "1 c:\\info.exe");
-    runtime.registry[path]["PATH"] = {3, "c:\\info.exe"};
-    EXPECT_EQ(press(), unavailable) << "the second key is not tried";
+    runtime.files[R"(d:\tools\MSINFO32.EXE)"];
+    EXPECT_EQ(press(), R"(1 d:\tools\MSINFO32.EXE)");
+    path["PATH"] = {1, R"(c:\info.exe)"};
+    EXPECT_EQ(press(), R"(1 c:\info.exe)");
 
-    runtime.registry[path]["N"] = {4, std::string("\x05\x01\x00\x00", 4)};
+    const std::string key = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
+    path["N"] = {4, std::string("\x05\x01\x00\x00", 4)};
+    path["B"] = {3, "bytes"};
     std::string value = "before";
-    EXPECT_TRUE(docs::GetKeyValue(runtime, 0x80000002, path, "N", value));
+    EXPECT_TRUE(docs::GetKeyValue(runtime, 0x80000002, key, "B", value));
+    EXPECT_EQ(value, "before");
+    EXPECT_TRUE(docs::GetKeyValue(runtime, 0x80000002, key, "N", value));
     EXPECT_EQ(value, "&h15");
-    EXPECT_FALSE(docs::GetKeyValue(runtime, 0x80000002, path, "nosuch", value));
+    EXPECT_FALSE(docs::GetKeyValue(runtime, 0x80000002, key, "nosuch", value));
     EXPECT_EQ(value, "");
 }
 

@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <map>
+#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -198,12 +199,9 @@ struct Desk {
     }
 };
 
-/// A text of several lines, each ended by CRLF.
-inline std::string lines(const std::vector<std::string>& texts) {
-    std::string all;
-    for (const std::string& text : texts)
-        all += text + "\r\n";
-    return all;
+/// A text of several lines, each ended by CRLF, from one with "|" between the lines.
+inline std::string lines(const std::string& texts) {
+    return std::regex_replace(texts, std::regex("\\|"), "\r\n") + "\r\n";
 }
 
 }  // namespace model

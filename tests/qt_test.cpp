@@ -387,8 +387,8 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         expectReadable(*each);
     form->btnRun.Caption = "A caption that does not fit";
     EXPECT_FALSE(qt::captionFits(widget(form->btnRun)));
-    for (Form* each : all)
-        each->Unload();
+    while (application.Count() > 1)
+        application.Forms(application.Count() - 1).Unload();
 }
 
 }  // namespace

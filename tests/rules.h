@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <array>
 
 #include "model.h"
@@ -10,7 +8,6 @@
 namespace rules {
 
 using forms::Control;
-using model::lines;
 
 inline std::string lead(const std::string& fileText) {
     std::string lead;

@@ -174,12 +174,12 @@ class CompilePanel {
         {.name = "lstInclude",
          .tooltip = "(Optional) List of file folders to search for any $included source files not "
                     "in same folder as the source file",
-         .place = {120, 300, 1725, 780}}};
+         .place = {120, 330, 1725, 780}}};
     forms::Button btnModifyIncludes{fraIncludes,
                                     {.name = "btnModifyIncludes",
                                      .caption = "&Modify",
                                      .tooltip = "Add, remove or change file folders listed",
-                                     .place = {1920, 285, 810, 375}}};
+                                     .place = {1920, 315, 810, 375}}};
 
     forms::Label lblCmdline{fraSample2,
                             {.name = "lblCmdline",

@@ -30,12 +30,12 @@ inline constexpr int rowHeight = 270;
 
 /// Height of a frame with so many rows.
 constexpr int frameHeight(int rows) {
-    return 360 + rows * rowHeight;
+    return 390 + rows * rowHeight;
 }
 
 /// Place of a row inside a frame of the given width, counted from 0.
 constexpr forms::Place row(int number, int frameWidth) {
-    return {120, 285 + number * rowHeight, frameWidth - 180, rowHeight};
+    return {120, 315 + number * rowHeight, frameWidth - 180, rowHeight};
 }
 
 inline constexpr const char* browseCaption = "&Browse";

@@ -190,14 +190,14 @@ class PlayPanel {
     forms::Label labLogfile{fraPlayback,
                             {.name = "labLogfile",
                              .caption = "Log file",
-                             .place = {120, 660, 810, 225},
+                             .place = {120, 690, 810, 225},
                              .enabled = false}};
     forms::TextBox txtLogfile{
         fraPlayback,
         {.name = "txtLogfile",
          .text = "mygame12.log",
          .tooltip = "Name of a previously recorded \"Player's Commands\" log file to playback",
-         .place = {960, 600, 3840, 345},
+         .place = {960, 630, 3840, 345},
          .enabled = false,
          .event = [this] { txtLogfile_Change(); }}};
     forms::Button btnBrowselog{
@@ -205,7 +205,7 @@ class PlayPanel {
         {.name = "btnBrowselog",
          .caption = "Bro&wse",
          .tooltip = "open a file-browse dialog box to select desired command log file",
-         .place = {4890, 585, 840, 375},
+         .place = {4890, 615, 840, 375},
          .enabled = false}};
 
     forms::Label lblCmdlineP{fraSample3,

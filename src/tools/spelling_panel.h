@@ -51,7 +51,7 @@ class SpellingPanel {
     static constexpr int paramLeft = panel::left + codesWidth + gap;
     static constexpr int outputHeight = panel::frameHeight(3) + 360;
     static constexpr int secondRow = panel::optionsTop + outputHeight + 60;
-    static constexpr int nameTop = 570;
+    static constexpr int nameTop = 600;
 
     static constexpr forms::Place belowName(int number) {
         const forms::Place row = panel::row(number, panel::width);
@@ -213,7 +213,7 @@ class SpellingPanel {
          .caption = "&Don't show line numbers in output file",
          .tooltip = "Don't list the sourcecode line number for each paragraph onleft side of "
                     "output file",
-         .place = {240, secondRow + panel::frameHeight(4) + 60, 4500, panel::rowHeight},
+         .place = {240, secondRow + panel::frameHeight(4) + 45, 4500, panel::rowHeight},
          .visible = false,
          .event = [this] { chkLineNum_Click(); }}};
 
