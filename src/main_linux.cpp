@@ -11,9 +11,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("nwbw");
 
     platform::LinuxRuntime runtime(qt::messageBox);
-    qt::QtToolkit toolkit(
-        [&](const std::string& path) { return runtime.disk().toHost(path); },
-        [&](const std::string& path) { return runtime.disk().toWindows(path); });
+    qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
+                          [&](const std::string& path) { return runtime.disk().toWindows(path); });
     console::Workbench workbench(runtime, toolkit);
     workbench.start();
     return QApplication::exec();
