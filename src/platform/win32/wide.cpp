@@ -1,0 +1,24 @@
+#include "platform/win32/wide.h"
+
+#include <windows.h>
+
+namespace platform {
+
+std::wstring wide(std::string_view text) {
+    const int size = static_cast<int>(text.size());
+    std::wstring result(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, text.data(), size, result.data(),
+                        static_cast<int>(result.size()));
+    return result;
+}
+
+std::string narrow(std::wstring_view text) {
+    const int size = static_cast<int>(text.size());
+    std::string result(
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), size, result.data(),
+                        static_cast<int>(result.size()), nullptr, nullptr);
+    return result;
+}
+
+}  // namespace platform
