@@ -273,7 +273,7 @@ TEST_F(Windows, AModalDialogBlocksUntilItIsUnloaded) {
         };
         QTest::mouseClick(&widget(form->btnRun), Qt::LeftButton);
         EXPECT_EQ(application.Count(), 1);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == window; }));
         EXPECT_TRUE(heard == "btnRun [active]back " || heard == "btnRun back [active]") << heard;
         heard.clear();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
