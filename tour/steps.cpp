@@ -21,8 +21,9 @@ const std::string editor = "c:\\kelm\\editor\\editor.exe";
 const std::string winword = "c:\\office\\winword.exe";
 const std::string notepad = "notepad";
 
-const std::string include = "c:\\kelm\\standard library";
-const std::string shortInclude = "c:\\kelm\\STANDA~1";
+const std::string library = "c:\\kelm\\standard library";
+const std::string shortLibrary = "c:\\kelm\\STANDA~1";
+const std::string shortGames = "c:\\MYGAME~1";
 
 const std::string caveTexts =
     "You stand before a cave. A path leads down into the dark.\n"
@@ -46,6 +47,8 @@ Steps operator+(Steps first, const Steps& more) {
     first.insert(first.end(), more.begin(), more.end());
     return first;
 }
+
+const Step backToConsole{"Go back to the console", Appear{console}};
 
 /// Puts a text in the place of the one in the box that has the keys.
 Steps fill(const std::string& text) {
@@ -77,7 +80,7 @@ Steps seenInEditor(const std::string& program, const std::string& file,
     return {{"The editor comes up", Appear{file + " - Practice Editor"}},
             {"It was called so", Call{program, games, {argument}}},
             {"Close the editor", Close{}},
-            {"Go back to the console", Appear{console}}};
+            backToConsole};
 }
 
 /// The script of a panel: its commands run in the folder of the games.
@@ -88,7 +91,7 @@ Steps wrote(const Texts& commands, const Texts& tail = {""}) {
 
 Steps wroteCompile(const std::string& options, const std::string& viewer) {
     return wrote(
-        {quoted(kelm) + " -Include " + quoted(shortInclude) + " " + options + " -List -Height 0",
+        {quoted(kelm) + " -Include " + quoted(shortLibrary) + " " + options + " -List -Height 0",
          viewer, "exit"},
         {"", "", "pause", "", "", "exit", ""});
 }
@@ -97,8 +100,8 @@ Steps called(const std::string& program, const Texts& arguments, const Texts& in
     return {{"The tool was called so", Call{program, games, arguments, input}}};
 }
 
-Steps calledCompiler(const Texts& options) {
-    return called(kelm, Texts{"-Include", include} + options + Texts{"-List", "-Height", "0"});
+Steps calledCompiler(const Texts& arguments) {
+    return called(kelm, Texts{"-Include", library} + arguments + Texts{"-List", "-Height", "0"});
 }
 
 Steps left(const std::string& file, const std::string& text) {
@@ -108,7 +111,7 @@ Steps left(const std::string& file, const std::string& text) {
 /// A box comes up and is answered by a key.
 Steps box(const std::string& title, const std::string& keys) {
     return Steps{{"A box comes up", Appear{title}}} + press(keys, "the answer") +
-           Steps{{"The box goes", Vanish{}}, {"Go back to the console", Appear{console}}};
+           Steps{{"The box goes", Vanish{}}, backToConsole};
 }
 
 Scene start() {
@@ -126,10 +129,28 @@ Scene compileByMouse() {
                 wroteCompile("cave -Debug", "notepad cave.lis") + left(cave + ".kcd", caveTexts)};
 }
 
+Scene dialogs() {
+    const Step list{"The list of include folders comes up", Appear{"Include File search list"}};
+    return {
+        "The dialogs, with the keyboard",
+        press("Alt+M", "modify the include folders") + Steps{list} + press("Alt+A", "add one") +
+            Steps{{"The folder dialog comes up", Appear{"Select folder to add to search list"}}} +
+            fill(games) + press("Return", "OK") + Steps{list} + press("Alt+C", "close") +
+            Steps{backToConsole} + press("Alt+G", "the Settings menu") +
+            press("O", "the locations of other programs") +
+            Steps{{"The dialog comes up", Appear{"Other Program Locations"}}} +
+            press("Escape", "cancel") + Steps{backToConsole} + press("Alt+H", "the Help menu") +
+            press("A", "About") +
+            Steps{{"The About box comes up", Appear{"About the Norvane Workbench"}}} +
+            press("Return", "OK") + Steps{backToConsole}};
+}
+
 Scene compileByKeyboard() {
     const Steps commands =
-        wroteCompile("WIZARD~1 -Pack -Debug -Full", quoted(editor) + " WIZARD~1.lis");
-    const Steps call = calledCompiler({"wizardquest", "-Pack", "-Debug", "-Full"});
+        wroteCompile("-Include " + quoted(shortGames) + " WIZARD~1 -Pack -Debug -Full",
+                     quoted(editor) + " WIZARD~1.lis");
+    const Steps call =
+        calledCompiler({"-Include", games, "wizardquest", "-Pack", "-Debug", "-Full"});
     const Steps listing = seenInEditor(editor, "wizardquest.lis", "wizardquest.lis");
     return {"Compile a name of more than eight letters, with the keyboard",
             press("Alt+E", "the listing in my editor") + press("Tab", "the next option") +
@@ -150,7 +171,7 @@ Scene playByMouse() {
                 Steps{{"The player's terminal comes up", Appear{terminal}},
                       {"Play a little", Type{"look\nquit\n"}},
                       {"The terminal goes", Vanish{}},
-                      {"Go back to the console", Appear{console}}} +
+                      backToConsole} +
                 called(krun, {"cave", "-t", "-L"}, {"look", "quit"}) +
                 wrote({quoted(krun) + " cave -t -L"}) + left(cave + ".log", "look\nquit\n")};
 }
@@ -208,14 +229,14 @@ Scene editByKeyboard() {
 }
 
 Scene end() {
-    return {"The end",
-            press("Alt+F", "the File menu") + press("X", "Exit") +
-                Steps{{"The program ends", End{}}} +
-                left("nwbw.ini", "'1.0 Norvane Workbench'\n" + kelm +
-                                     "\nc:\\kelm\\programs\\winkrun.exe\n" + krun + "\n" + dosKrun +
-                                     "\n" + klex + "\n" + editor + "\n" + winword + "\n\n\n\n\n\n" +
-                                     cave + ".kel\n" + quest + ".kel\n" + quest + ".kcd\n" + cave +
-                                     ".kel\n 0 \n 0 \n 0 \n 0 \n 2 \n 1 \n" + include + "\n")};
+    return {
+        "The end",
+        press("Alt+F", "the File menu") + press("X", "Exit") + Steps{{"The program ends", End{}}} +
+            left("nwbw.ini",
+                 "'1.0 Norvane Workbench'\n" + kelm + "\nc:\\kelm\\programs\\winkrun.exe\n" + krun +
+                     "\n" + dosKrun + "\n" + klex + "\n" + editor + "\n" + winword +
+                     "\n\n\n\n\n\n" + cave + ".kel\n" + quest + ".kel\n" + quest + ".kcd\n" + cave +
+                     ".kel\n 0 \n 0 \n 0 \n 0 \n 2 \n 1 \n" + library + "\n" + games + "\n")};
 }
 
 }  // namespace
@@ -223,6 +244,7 @@ Scene end() {
 std::vector<Scene> scenes() {
     return {start(),
             compileByMouse(),
+            dialogs(),
             compileByKeyboard(),
             playByMouse(),
             playByKeyboard(),
