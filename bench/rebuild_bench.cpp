@@ -1,5 +1,5 @@
-// What one keystroke in a file name costs the platform: the short path of the source, in a folder
-// of many files, and of 20 include folders.
+// What one keystroke in the name of the source costs: the rebuild of the compile commands, with the
+// short paths of the source, in a folder of many files, and of 20 include folders.
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
@@ -12,6 +12,7 @@
 #include <thread>
 #include <vector>
 
+#include "console/frm_console.h"
 #include "platform/linux/linux_runtime.h"
 
 namespace {
@@ -68,6 +69,49 @@ BENCHMARK(shortPathsOfOneKeystroke)
     ->Arg(1'000)
     ->Arg(10'000)
     ->Unit(benchmark::kMicrosecond);
+
+/// Windows that show nothing.
+class NoWindows : public forms::Toolkit {
+  public:
+    void build(forms::Form& /*form*/) override {}
+    std::string chooseFile(forms::Form& /*owner*/, const forms::FileQuestion&) override {
+        return {};
+    }
+    void quit() override {}
+};
+
+void keystroke(benchmark::State& state, std::size_t includes) {
+    const Home home(state.range(0));
+    platform::LinuxRuntime runtime(nullptr);
+    NoWindows windows;
+    forms::Application application(windows, nullptr);
+    core::Program program{runtime, application, {}};
+    program.state.CompilerPath = "c:\\kelm\\programs\\kelm.exe";
+    program.state.StartTab = 2;
+    std::copy_n(home.paths.begin() + 1, includes, program.state.IncludeFolders.begin());
+    auto& panel = application.load<console::frmConsole>(program).compile;
+    // Typed and deleted again, as a user does at the end of a name.
+    const std::string& name = home.paths.front();
+    bool whole = false;
+    for (auto _ : state)
+        panel.txtFname.type((whole = !whole) ? name : name.substr(0, name.size() - 1));
+    panel.txtFname.type(name);
+    if (panel.txtCmdline.Text().find(" WI") == std::string::npos) {
+        state.SkipWithError("the command lacks the short name");
+    }
+}
+void keystrokeWithoutIncludes(benchmark::State& state) {
+    keystroke(state, 0);
+}
+void keystrokeWith20Includes(benchmark::State& state) {
+    keystroke(state, 20);
+}
+BENCHMARK(keystrokeWithoutIncludes)
+    ->Arg(10)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(keystrokeWith20Includes)->Arg(10)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 
 /// The same right after a folder has changed, when nothing that is kept can be trusted.
 void shortPathsAfterAChange(benchmark::State& state) {
