@@ -1,13 +1,13 @@
 #include "platform/win32/wide.h"
 
-#include <windows.h>
+#include "platform/win32/windows_api.h"
 
 namespace platform {
 
-std::wstring wide(std::string_view text) {
+std::wstring wide(std::string_view text, unsigned codePage) {
     const int size = static_cast<int>(text.size());
-    std::wstring result(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, text.data(), size, result.data(),
+    std::wstring result(MultiByteToWideChar(codePage, 0, text.data(), size, nullptr, 0), L'\0');
+    MultiByteToWideChar(codePage, 0, text.data(), size, result.data(),
                         static_cast<int>(result.size()));
     return result;
 }

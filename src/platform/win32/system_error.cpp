@@ -1,0 +1,28 @@
+#include "platform/win32/system_error.h"
+
+#include "core/runtime.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/windows_api.h"
+
+namespace platform {
+
+/// The system's text, in the user's language, without the line end that it comes with.
+static std::string textOf(DWORD error) {
+    wchar_t text[512];
+    const DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
+                       0, text, static_cast<DWORD>(std::size(text)), nullptr);
+    if (length == 0) return "error " + std::to_string(error);
+    const std::wstring_view whole(text, length);
+    return narrow(whole.substr(0, whole.find_last_not_of(L"\r\n ") + 1));
+}
+
+void fail(const std::string& doing, const std::string& path) {
+    fail(doing, path, GetLastError());
+}
+
+void fail(const std::string& doing, const std::string& path, unsigned long error) {
+    throw core::RuntimeError("Cannot " + doing + ' ' + path + ": " + textOf(error));
+}
+
+}  // namespace platform

@@ -1,0 +1,244 @@
+#include "platform/win32/win32_runtime.h"
+
+#include <cstring>
+
+#include "core/module1.h"
+#include "core/text.h"
+#include "platform/win32/shell.h"
+#include "platform/win32/system_error.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/windows_api.h"
+
+namespace platform {
+
+using core::RuntimeError;
+
+namespace {
+
+/// The text that a call writes into a buffer of a given size. The call gives its length, or at
+/// least that size if the text does not fit.
+template <typename Call>
+std::string textFrom(const Call& call) {
+    std::wstring buffer(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD size = static_cast<DWORD>(buffer.size());
+        const DWORD length = call(buffer.data(), size);
+        if (length < size) return narrow({buffer.data(), length});
+        buffer.resize(buffer.size() * 2);
+    }
+}
+
+/// A file from before the time of UTF-8 is in the code page of the system's language.
+std::string inUtf8(const std::string& text) {
+    if (MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(),
+                            static_cast<int>(text.size()), nullptr, 0) != 0) {
+        return text;
+    }
+    DWORD codePage = CP_ACP;
+    GetLocaleInfoEx(LOCALE_NAME_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                    reinterpret_cast<wchar_t*>(&codePage), sizeof(codePage) / sizeof(wchar_t));
+    return narrow(wide(text, codePage));
+}
+
+std::wstring settingsKey(const std::string& application, const std::string& section) {
+    return wide("Software\\" + application + '\\' + section);
+}
+
+/// Goes over the names that match a pattern.
+class Listing {
+  public:
+    explicit Listing(const std::string& pattern)
+        : handle_(FindFirstFileW(wide(pattern).c_str(), &found_)),
+          valid_(handle_ != INVALID_HANDLE_VALUE) {}
+    ~Listing() {
+        if (handle_ != INVALID_HANDLE_VALUE) FindClose(handle_);
+    }
+    Listing(const Listing&) = delete;
+    Listing& operator=(const Listing&) = delete;
+
+    [[nodiscard]] bool valid() const { return valid_; }
+    void next() { valid_ = FindNextFileW(handle_, &found_) != FALSE; }
+    [[nodiscard]] std::string name() const { return narrow(found_.cFileName); }
+    [[nodiscard]] bool isFolder() const { return has(FILE_ATTRIBUTE_DIRECTORY); }
+    [[nodiscard]] bool isHidden() const { return has(FILE_ATTRIBUTE_HIDDEN); }
+
+  private:
+    [[nodiscard]] bool has(DWORD attribute) const {
+        return (found_.dwFileAttributes & attribute) != 0;
+    }
+
+    WIN32_FIND_DATAW found_ = {};
+    HANDLE handle_;
+    bool valid_;
+};
+
+}  // namespace
+
+std::string Win32Runtime::AppPath() {
+    const std::string program = textFrom(
+        [](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); });
+    return std::string(core::beforeLast(program, '\\'));
+}
+
+std::string Win32Runtime::rtcDir(const std::string& path) {
+    // The last three are further wildcards of the system.
+    if (path.find_first_of("*?<>\"") != std::string::npos) return "";
+    const Listing found(path);
+    return found.valid() && !found.isFolder() && !found.isHidden() ? found.name() : "";
+}
+
+std::chrono::system_clock::time_point Win32Runtime::rtcFileDateTime(const std::string& path) {
+    using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
+    constexpr Ticks from1601To1970(116'444'736'000'000'000);
+    WIN32_FILE_ATTRIBUTE_DATA data = {};
+    if (GetFileAttributesExW(wide(path).c_str(), GetFileExInfoStandard, &data) == FALSE) {
+        fail("find", path);
+    }
+    const FILETIME& changed = data.ftLastWriteTime;
+    const Ticks since1601(static_cast<std::int64_t>(changed.dwHighDateTime) << 32 |
+                          changed.dwLowDateTime);
+    return std::chrono::system_clock::time_point(
+        std::chrono::duration_cast<std::chrono::system_clock::duration>(since1601 -
+                                                                        from1601To1970));
+}
+
+void Win32Runtime::vbaFileOpen(const std::string& path, OpenMode mode) {
+    vbaFileClose();
+    if (mode == OpenMode::Input) {
+        input_ = core::FieldReader(inUtf8(readFile(path)));
+    } else {
+        output_ = openForOutput(path);
+        outputPath_ = path;
+    }
+}
+
+void Win32Runtime::vbaFileClose() {
+    input_ = core::FieldReader("");
+    output_.reset();
+}
+
+void Win32Runtime::vbaPrintFile(const std::string& text) {
+    if (!output_) throw RuntimeError("Cannot write: no file is open for output");
+    const std::string line = text + std::string(core::crlf);
+    DWORD written = 0;
+    if (WriteFile(output_.get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr) ==
+        FALSE) {
+        fail("write", outputPath_);
+    }
+}
+
+void Win32Runtime::vbaFileFlush() {
+    if (output_ && FlushFileBuffers(output_.get()) == FALSE) fail("write", outputPath_);
+}
+
+void Win32Runtime::rtcKillFiles(const std::string& path) {
+    if (DeleteFileW(wide(path).c_str()) == FALSE) fail("delete", path);
+}
+
+void Win32Runtime::vbaNameFile(const std::string& from, const std::string& to) {
+    if (MoveFileExW(wide(from).c_str(), wide(to).c_str(), MOVEFILE_WRITE_THROUGH) == FALSE) {
+        fail("rename " + from + " to", to);
+    }
+}
+
+core::Runtime::Answer Win32Runtime::rtcMsgBox(const std::string& text, int flags,
+                                              const std::string& title) {
+    return messageBox_(text, flags, title.empty() ? core::appTitle : title);
+}
+
+void Win32Runtime::rtcShell(const std::string& command, int windowStyle) {
+    startCommand(command, windowStyle == maximisedFocus);
+}
+
+std::string Win32Runtime::rtcGetSetting(const std::string& application, const std::string& section,
+                                        const std::string& key, const std::string& byDefault) {
+    const std::wstring place = settingsKey(application, section);
+    const std::wstring name = wide(key);
+    const auto read = [&](void* value, DWORD& size) {
+        return RegGetValueW(HKEY_CURRENT_USER, place.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr,
+                            value, &size) == ERROR_SUCCESS;
+    };
+    DWORD size = 0;
+    if (!read(nullptr, size)) return byDefault;
+    std::wstring value(size / sizeof(wchar_t), L'\0');
+    if (!read(value.data(), size)) return byDefault;
+    return narrow(value.c_str());
+}
+
+void Win32Runtime::rtcSaveSetting(const std::string& application, const std::string& section,
+                                  const std::string& key, const std::string& value) {
+    const std::wstring text = wide(value);
+    const LSTATUS result = RegSetKeyValueW(
+        HKEY_CURRENT_USER, settingsKey(application, section).c_str(), wide(key).c_str(), REG_SZ,
+        text.c_str(), static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    if (result != ERROR_SUCCESS) fail("store", key, static_cast<DWORD>(result));
+}
+
+std::string Win32Runtime::GetShortPathName(const std::string& path) {
+    return textFrom([name = wide(path)](wchar_t* buffer, DWORD size) {
+        return GetShortPathNameW(name.c_str(), buffer, size);
+    });
+}
+
+std::vector<std::string> Win32Runtime::drives() {
+    std::vector<std::string> names;
+    const DWORD present = GetLogicalDrives();
+    for (char letter = 'a'; letter <= 'z'; ++letter)
+        if ((present >> (letter - 'a') & 1) != 0) names.push_back({letter, ':'});
+    return names;
+}
+
+std::string Win32Runtime::currentFolder() {
+    return textFrom([](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); });
+}
+
+std::vector<std::string> Win32Runtime::folders(const std::string& path) {
+    std::vector<std::string> names;
+    Listing entry(path + (path.ends_with('\\') ? "*" : "\\*"));
+    // The root of an empty drive holds nothing at all.
+    if (!entry.valid() && GetLastError() != ERROR_FILE_NOT_FOUND) fail("open", path);
+    for (; entry.valid(); entry.next()) {
+        const std::string name = entry.name();
+        if (entry.isFolder() && !entry.isHidden() && name != "." && name != "..")
+            names.push_back(name);
+    }
+    return names;
+}
+
+std::optional<core::Runtime::RegistryKey> Win32Runtime::RegOpenKeyEx(std::uint32_t root,
+                                                                     const std::string& name,
+                                                                     std::uint32_t access) {
+    // The system's roots are 32-bit numbers, widened with their sign.
+    const auto parent =
+        reinterpret_cast<HKEY>(static_cast<std::intptr_t>(static_cast<std::int32_t>(root)));
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(parent, wide(name).c_str(), 0, access, &key) != ERROR_SUCCESS) return {};
+    return reinterpret_cast<RegistryKey>(key);
+}
+
+std::optional<core::Runtime::RegistryValue> Win32Runtime::RegQueryValueEx(RegistryKey key,
+                                                                          const std::string& name) {
+    constexpr std::size_t most = 1024;
+    RegistryValue value{0, std::string(most * sizeof(wchar_t), '\0')};
+    DWORD type = 0;
+    DWORD size = static_cast<DWORD>(value.bytes.size());
+    if (RegQueryValueExW(reinterpret_cast<HKEY>(key), wide(name).c_str(), nullptr, &type,
+                         reinterpret_cast<BYTE*>(value.bytes.data()), &size) != ERROR_SUCCESS) {
+        return {};
+    }
+    value.type = type;
+    value.bytes.resize(size);
+    if (type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ) {
+        std::wstring text(size / sizeof(wchar_t), L'\0');
+        std::memcpy(text.data(), value.bytes.data(), text.size() * sizeof(wchar_t));
+        value.bytes = narrow(text);
+    }
+    if (value.bytes.size() > most) return {};
+    return value;
+}
+
+void Win32Runtime::RegCloseKey(RegistryKey key) {
+    ::RegCloseKey(reinterpret_cast<HKEY>(key));
+}
+
+}  // namespace platform
