@@ -111,10 +111,11 @@ TEST(Walk, FiftyThousandActionsOverAllFormsKeepEveryRule) {
     EXPECT_GT(modals, 500);
     EXPECT_EQ(deepest, 3);
     EXPECT_GT(desk.runtime.shells.size(), 100u);
+    const int lastTab = form.tbsOptions.SelectedItem;
     form.close();
     state = {};
     core::LoadSettings(desk.program);
-    EXPECT_EQ(state.StartTab, form.tbsOptions.SelectedItem);
+    EXPECT_EQ(state.StartTab, lastTab);
 }
 
 }  // namespace
