@@ -108,4 +108,28 @@ TEST(Console, TheTabsFitTheOptionsToThePathsThatAreSet) {
     EXPECT_TRUE(form.spelling.chkAutoOpen.Enabled && !form.spelling.chkAutoOpen.Value);
 }
 
+TEST(Console, AFirstStartShowsEveryControlWhole) {
+    // What is left of 6500 by 6500 twips within a window's frame, title, menu and status bar.
+    constexpr int width = 6260;
+    constexpr int height = 5345;
+    Desk desk;
+    auto& form = desk.open();
+    for (int tab = 1; tab <= 4; ++tab) {
+        form.tbsOptions.pick(tab);
+        for (forms::Control* control : form.allControls()) {
+            if (!control->usable() || dynamic_cast<forms::PictureBox*>(control->parent()) ||
+                control->parent() == &form || dynamic_cast<forms::MenuItem*>(control)) {
+                continue;
+            }
+            int right = control->Width;
+            int bottom = control->Height;
+            for (forms::Control* c = control; c != &form; c = c->parent()) {
+                right += c->Left;
+                bottom += c->Top;
+            }
+            EXPECT_TRUE(right <= width && bottom <= height) << control->fullName();
+        }
+    }
+}
+
 }  // namespace

@@ -52,11 +52,11 @@ struct SettingsPaths {
 
 AppState defaults() {
     AppState state;
-    state.CompilerPath = "c:\\kelm\\programs\\kelm.exe";
-    state.GuiPlayerPath = "c:\\kelm\\programs\\winkrun.exe";
-    state.BrowserPath = "C:\\Program Files\\Plus!\\Microsoft Internet\\IEXPLORE.EXE";
-    state.AcrobatPath = "C:\\Program Files\\Adobe\\Acrobat 4.0\\Reader\\AcroRd32.exe";
-    state.WordProcessorPath = "C:\\Program Files\\Microsoft Office\\Office\\Winword.exe";
+    state.CompilerPath = R"(c:\kelm\programs\kelm.exe)";
+    state.GuiPlayerPath = R"(c:\kelm\programs\winkrun.exe)";
+    state.BrowserPath = R"(C:\Program Files\Plus!\Microsoft Internet\IEXPLORE.EXE)";
+    state.AcrobatPath = R"(C:\Program Files\Adobe\Acrobat 4.0\Reader\AcroRd32.exe)";
+    state.WordProcessorPath = R"(C:\Program Files\Microsoft Office\Office\Winword.exe)";
     return state;
 }
 

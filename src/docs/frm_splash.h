@@ -23,7 +23,7 @@ class frmSplash : public forms::Form {
 
     std::function<void()> openConsole_;
 
-    static constexpr forms::Font text{.family = "MS Sans Serif", .points = 9.75};
+    inline static const forms::Font text{.family = "MS Sans Serif", .points = 9.75};
 
   public:
     forms::Frame Frame1{*this,

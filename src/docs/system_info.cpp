@@ -11,16 +11,16 @@ constexpr std::uint32_t fullAccess = 0x2003F;
 constexpr std::uint32_t regSz = 1;
 constexpr std::uint32_t regDword = 4;
 
-constexpr const char* pathKey = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
-constexpr const char* folderKey = "SOFTWARE\\Microsoft\\Shared Tools Location";
+constexpr const char* pathKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
+constexpr const char* folderKey = R"(SOFTWARE\Microsoft\Shared Tools Location)";
 constexpr const char* programFile = "\\MSINFO32.EXE";
 
 /// The digits of the bytes from the last to the first, without leading zeros.
 std::string hexadecimal(const std::string& bytes) {
     constexpr const char* digits = "0123456789ABCDEF";
     std::string text = "&h";
-    for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
-        const auto value = static_cast<unsigned char>(*byte);
+    for (const char byte : std::string(bytes.rbegin(), bytes.rend())) {
+        const auto value = static_cast<unsigned char>(byte);
         if (value >= 0x10) text += digits[value >> 4];
         text += digits[value & 0xF];
     }

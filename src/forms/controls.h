@@ -19,7 +19,7 @@ class FolderList;
 
 class Label : public Control {
   public:
-    Label(Container& parent, Definition definition)
+    Label(Container& parent, const Definition& definition)
         : Control(&parent, definition), centred(definition.centred) {}
     void accept(ControlVisitor& visitor) override;
 
@@ -36,7 +36,7 @@ class Line : public Control {
 /// A picture, named by the text of its definition.
 class Image : public Control {
   public:
-    Image(Container& parent, Definition definition)
+    Image(Container& parent, const Definition& definition)
         : Control(&parent, definition), picture(definition.text) {}
     void accept(ControlVisitor& visitor) override;
 
@@ -45,7 +45,7 @@ class Image : public Control {
 
 class Button : public Control {
   public:
-    Button(Container& parent, Definition definition)
+    Button(Container& parent, const Definition& definition)
         : Control(&parent, definition),
           isDefault(definition.isDefault),
           isCancel(definition.isCancel) {}
@@ -58,7 +58,7 @@ class Button : public Control {
 
 class CheckBox : public Control {
   public:
-    CheckBox(Container& parent, Definition definition)
+    CheckBox(Container& parent, const Definition& definition)
         : Control(&parent, definition), Value(*this, definition.ticked ? 1 : 0, Effect::Raise) {}
     void accept(ControlVisitor& visitor) override;
 
@@ -72,7 +72,7 @@ class CheckBox : public Control {
 /// the others without running their handlers; clearing one runs no handler.
 class OptionButton : public Control {
   public:
-    OptionButton(Container& parent, Definition definition)
+    OptionButton(Container& parent, const Definition& definition)
         : Control(&parent, definition), Value(*this, definition.ticked, Effect::Raise) {}
     void accept(ControlVisitor& visitor) override;
     void changed(Effect effect) override;
@@ -85,7 +85,7 @@ class OptionButton : public Control {
 
 class TextBox : public Control {
   public:
-    TextBox(Container& parent, Definition definition)
+    TextBox(Container& parent, const Definition& definition)
         : Control(&parent, definition),
           readOnly(definition.readOnly),
           multiLine(definition.multiLine),
