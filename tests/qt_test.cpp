@@ -132,12 +132,8 @@ struct Windows : testing::Test {
     }
     void TearDown() override {
         // The message loop ends with the last form.
-        QTimer::singleShot(0, [this] {
-            if (application.Count() > 0)
-                form->close();
-            else
-                QCoreApplication::exit();
-        });
+        QTimer::singleShot(
+            0, [this] { application.Count() > 0 ? form->close() : QCoreApplication::exit(); });
         QApplication::exec();
     }
     template <typename Kind = QWidget>
@@ -263,10 +259,8 @@ TEST_F(Windows, AModalDialogBlocksUntilItIsUnloaded) {
                 EXPECT_EQ(QApplication::activeModalWidget(), shown);
                 const QPoint off = shown->geometry().center() - window->geometry().center();
                 EXPECT_LE(off.manhattanLength(), 10) << "centred on its owner, but for the frame";
-                if (byKey)
-                    QTest::keyClick(shown->focusWidget(), Qt::Key_Return);
-                else
-                    shown->close();
+                if (byKey) QTest::keyClick(shown->focusWidget(), Qt::Key_Return);
+                if (!byKey) shown->close();
             });
             dialog.ShowModal(*form);
             heard += "back ";

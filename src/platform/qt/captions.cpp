@@ -79,15 +79,14 @@ bool captionFits(const QWidget& widget) {
 }
 
 void fitFont(QWidget& window) {
-    const double largest = 10;
-    const double smallest = 7;
-    const double step = 0.5;
+    const int largest = 20;  // in half points
+    const int smallest = 14;
     const auto widgets = window.findChildren<QWidget*>();
     for (const QString& family : {QApplication::font().family(), QString("Liberation Sans")}) {
         QFont font = QApplication::font();
         font.setFamily(family);
-        for (double points = largest; points >= smallest; points -= step) {
-            font.setPointSizeF(points);
+        for (int halves = largest; halves >= smallest; --halves) {
+            font.setPointSizeF(halves / 2.0);
             window.setFont(font);
             if (std::all_of(widgets.begin(), widgets.end(),
                             [](const QWidget* widget) { return captionFits(*widget); }))

@@ -13,7 +13,7 @@ namespace qt {
 /// The window behind a form: the menu bar, the client area with the form's controls, and the
 /// status bar. Left and Top are those of the window with its frame, Width and Height those of the
 /// window without it.
-class FormWindow : public QObject, public forms::WindowPeer {
+class FormWindow final : public QObject, public forms::WindowPeer {
   public:
     /// Makes the window, unseen, with a peer for each of the form's controls.
     explicit FormWindow(forms::Form& form);

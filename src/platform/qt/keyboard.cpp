@@ -52,6 +52,8 @@ bool isVoidMnemonic(const QKeyEvent& key) {
 }  // namespace
 
 Keyboard::Keyboard(forms::Form& form, QMainWindow& window) : form_(form), window_(window) {
+    handlersEnded_.setSingleShot(true);
+    handlersEnded_.callOnTimeout(this, [this] { followPanel(); });
     window.installEventFilter(this);
     // Not on the menu bar, which has keys of its own.
     for (QWidget* widget : window.centralWidget()->findChildren<QWidget*>())
@@ -60,7 +62,11 @@ Keyboard::Keyboard(forms::Form& form, QMainWindow& window) : form_(form), window
 
 bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut) {
-        if (auto* control = controlOf(qobject_cast<QWidget*>(watched))) leave(*control);
+        auto* control = controlOf(qobject_cast<QWidget*>(watched));
+        if (control && !handlersEnded_.isActive()) {
+            left_ = control;
+            handlersEnded_.start(0);
+        }
         return false;
     }
     // A key that a control leaves alone is offered to its containers in turn.
@@ -129,22 +135,19 @@ bool Keyboard::focusFirstIn(forms::Container& container) {
     return false;
 }
 
-/// When the running handlers have ended: if a container went out of use together with the focus,
-/// the focus goes into the one that took its place.
-void Keyboard::leave(forms::Control& left) {
-    const auto follow = [this, &left] {
-        forms::Container* gone = left.parent();
-        if (gone->usable() || !form_.usable()) return;
-        while (!gone->parent()->usable())
-            gone = gone->parent();
-        const forms::Control* focused = controlOf(window_.focusWidget());
-        if (focused && focused->usable() && focused->parent() != gone->parent()) return;
-        for (forms::Control* sibling : gone->parent()->children()) {
-            auto* other = dynamic_cast<forms::Container*>(sibling);
-            if (other && other->usable() && focusFirstIn(*other)) return;
-        }
-    };
-    QMetaObject::invokeMethod(this, follow, Qt::QueuedConnection);
+/// If a container went out of use together with the focus, the focus goes into the one that took
+/// its place.
+void Keyboard::followPanel() {
+    forms::Container* gone = left_->parent();
+    if (gone->usable() || !form_.usable()) return;
+    while (!gone->parent()->usable())
+        gone = gone->parent();
+    const forms::Control* focused = controlOf(window_.focusWidget());
+    if (focused && focused->usable() && focused->parent() != gone->parent()) return;
+    for (forms::Control* sibling : gone->parent()->children()) {
+        auto* other = dynamic_cast<forms::Container*>(sibling);
+        if (other && other->usable() && focusFirstIn(*other)) return;
+    }
 }
 
 QWidget* Keyboard::receiver() const {

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include "forms/form.h"
 
@@ -27,7 +28,7 @@ class Keyboard : public QObject {
     bool keyPressed(const QKeyEvent& key);
     bool controlTakesEnter();
     forms::Control* mnemonicTarget(const QKeyEvent& key);
-    void leave(forms::Control& left);
+    void followPanel();
     bool focusFirstIn(forms::Container& container);
 
     [[nodiscard]] QWidget* receiver() const;
@@ -36,6 +37,8 @@ class Keyboard : public QObject {
 
     forms::Form& form_;
     QMainWindow& window_;
+    forms::Control* left_ = nullptr;  ///< the control that lost the focus
+    QTimer handlersEnded_;            ///< runs out when the running handlers have returned
 };
 
 }  // namespace qt

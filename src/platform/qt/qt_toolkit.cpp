@@ -74,7 +74,7 @@ std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion&
     if (dialog.exec() != QDialog::Accepted) return {};
 
     folder_ = dialog.directory().absolutePath();
-    const std::string chosen = toWindows_(dialog.selectedFiles().value(0).toStdString());
+    std::string chosen = toWindows_(dialog.selectedFiles().value(0).toStdString());
     if (QString::fromStdString(chosen).size() > longestName)
         throw forms::RuntimeError("The file name is longer than 260 characters: " + chosen);
     return chosen;
