@@ -1,0 +1,74 @@
+#include "platform/win32/control_peer.h"
+#include "platform/win32/peers.h"
+#include "platform/win32/units.h"
+
+namespace win32 {
+
+namespace {
+
+/// What the three kinds of button share: a caption and a click.
+template <typename Kind>
+class ClickPeer : public PeerOf<Kind> {
+  public:
+    ClickPeer(Kind& control, HWND parent, DWORD style)
+        : PeerOf<Kind>(control, parent, {L"BUTTON", style | WS_TABSTOP}) {}
+
+    void command(int notification) override {
+        if (notification == BN_CLICKED) click();
+    }
+    [[nodiscard]] bool transparent() const override { return true; }
+
+  protected:
+    void draw() override { this->drawText(this->control_.Caption); }
+    void click() {
+        this->act([this] { this->control_.click(); });
+    }
+
+    [[nodiscard]] bool fitsBeside(const Ruler& ruler, int edges) const {
+        const RECT place = placeOf(this->control_, ruler.dpi());
+        return ruler.width(this->control_.Caption) + ruler.scaled(edges) <= widthOf(place) &&
+               ruler.lineHeight() <= heightOf(place);
+    }
+};
+
+class ButtonPeer : public ClickPeer<forms::Button> {
+  public:
+    ButtonPeer(forms::Button& button, HWND parent)
+        : ClickPeer(button, parent, button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) {}
+
+    void enter() override { click(); }
+    [[nodiscard]] bool fits(const Ruler& ruler) const override { return fitsBeside(ruler, 16); }
+};
+
+/// Check boxes and options, which show their value by a mark in front of the caption.
+template <typename Kind>
+class MarkPeer : public ClickPeer<Kind> {
+  public:
+    using ClickPeer<Kind>::ClickPeer;
+
+    [[nodiscard]] bool fits(const Ruler& ruler) const override {
+        return this->fitsBeside(ruler, 19);
+    }
+
+  protected:
+    void draw() override {
+        ClickPeer<Kind>::draw();
+        this->send(BM_SETCHECK, this->control_.Value ? BST_CHECKED : BST_UNCHECKED);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::Button& button, HWND parent) {
+    return std::make_unique<ButtonPeer>(button, parent);
+}
+
+std::unique_ptr<forms::Peer> makePeer(forms::CheckBox& box, HWND parent) {
+    return std::make_unique<MarkPeer<forms::CheckBox>>(box, parent, BS_CHECKBOX);
+}
+
+std::unique_ptr<forms::Peer> makePeer(forms::OptionButton& option, HWND parent) {
+    return std::make_unique<MarkPeer<forms::OptionButton>>(option, parent, BS_AUTORADIOBUTTON);
+}
+
+}  // namespace win32

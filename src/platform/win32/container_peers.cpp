@@ -1,0 +1,102 @@
+#include "platform/win32/background.h"
+#include "platform/win32/common_controls.h"
+#include "platform/win32/control_peer.h"
+#include "platform/win32/peers.h"
+#include "platform/win32/reflection.h"
+#include "platform/win32/units.h"
+
+namespace win32 {
+
+namespace {
+
+const wchar_t* panelClass() {
+    static const wchar_t* const name = [] {
+        WNDCLASSEXW kind{};
+        kind.cbSize = sizeof kind;
+        kind.lpfnWndProc = DefWindowProcW;
+        kind.hInstance = GetModuleHandleW(nullptr);
+        kind.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
+        kind.lpszClassName = L"NorvanePanel";
+        RegisterClassExW(&kind);
+        return kind.lpszClassName;
+    }();
+    return name;
+}
+
+/// A window that holds others: hands on what they tell it, and draws the ground that they stand on.
+template <typename Kind>
+class ContainerPeer : public PeerOf<Kind> {
+  public:
+    ContainerPeer(Kind& container, HWND parent, const wchar_t* className, DWORD style = 0)
+        : PeerOf<Kind>(container, parent,
+                       {className, style | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}) {
+        SetWindowSubclass(this->window(), procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~ContainerPeer() override { RemoveWindowSubclass(this->window(), procedure, 0); }
+    ContainerPeer(const ContainerPeer&) = delete;
+    ContainerPeer& operator=(const ContainerPeer&) = delete;
+
+    [[nodiscard]] bool transparent() const override { return true; }
+
+  protected:
+    /// The left button has gone down on the container's own ground.
+    virtual void pressed() {}
+
+    void lay() override {
+        background_ = backgroundOf(this->control_);
+        ControlPeer::lay();
+    }
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second,
+                                      UINT_PTR /*id*/, DWORD_PTR peer) {
+        return reinterpret_cast<ContainerPeer*>(peer)->handle(window, message, first, second);
+    }
+
+    LRESULT handle(HWND window, UINT message, WPARAM first, LPARAM second) {
+        switch (message) {
+            case WM_NCHITTEST:
+                return HTCLIENT;  // a group box would let clicks through
+            case WM_LBUTTONDOWN:
+                pressed();
+                return 0;
+            case WM_ERASEBKGND:
+                fill(window, reinterpret_cast<HDC>(first), background_);
+                return TRUE;
+            default:
+                break;
+        }
+        if (const auto answer = reflect(message, first, second, background_)) return *answer;
+        return DefSubclassProc(window, message, first, second);
+    }
+
+    COLORREF background_ = 0;
+};
+
+class FramePeer : public ContainerPeer<forms::Frame> {
+  public:
+    FramePeer(forms::Frame& frame, HWND parent)
+        : ContainerPeer(frame, parent, frame.Caption().empty() ? panelClass() : L"BUTTON",
+                        frame.Caption().empty() ? 0 : BS_GROUPBOX) {}
+
+    [[nodiscard]] bool fits(const Ruler& ruler) const override {
+        const int edges = ruler.scaled(24);
+        return ruler.width(control_.Caption) + edges <= widthOf(placeOf(control_, ruler.dpi()));
+    }
+
+  protected:
+    void draw() override { drawText(control_.Caption); }
+    void pressed() override { control_.click(); }
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, HWND parent) {
+    return std::make_unique<FramePeer>(frame, parent);
+}
+
+std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, HWND parent) {
+    return std::make_unique<ContainerPeer<forms::PictureBox>>(panel, parent, panelClass());
+}
+
+}  // namespace win32

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <string>
+
+#include "forms/control.h"
+#include "platform/win32/drawing.h"
+#include "platform/win32/windows_api.h"
+
+namespace win32 {
+
+/// How the system makes the window of a kind of control.
+struct WindowKind {
+    const wchar_t* className;
+    DWORD style = 0;
+    DWORD extendedStyle = 0;
+};
+
+/// A peer that shows its control as one window inside that of its container. The window belongs to
+/// the form's, and may outlive the peer by the rest of the message that ended the form.
+class ControlPeer : public forms::Peer {
+  public:
+    ControlPeer(forms::Control& control, HWND parent, const WindowKind& kind);
+    ~ControlPeer() override;
+    ControlPeer(const ControlPeer&) = delete;
+    ControlPeer& operator=(const ControlPeer&) = delete;
+
+    /// The peer behind the window, or null.
+    static ControlPeer* of(HWND window);
+
+    void update() final;
+    /// Takes over the font of the form, or what the control wants instead.
+    void setFont(const LOGFONTW& formFont, HFONT shared);
+    /// True if the whole caption can be read in a font of the form.
+    [[nodiscard]] virtual bool fits(const Ruler& /*ruler*/) const { return true; }
+
+    // What the container's window hands on.
+    virtual void command(int /*notification*/) {}
+    virtual void notify(const NMHDR& /*notification*/) {}
+    virtual void drawItem(const DRAWITEMSTRUCT& /*item*/) {}
+    /// True if the control lets the background of its container through.
+    [[nodiscard]] virtual bool transparent() const { return false; }
+
+    /// True if Enter or Esc has a meaning for the window itself just now.
+    [[nodiscard]] virtual bool wantsKey(WPARAM /*key*/) const { return false; }
+    /// Enter, on a control that takes it.
+    virtual void enter() {}
+
+    /// A bar along an edge of the form takes its place away from the room.
+    virtual void takeEdge(RECT& /*room*/) {}
+    /// The room that the form's bars leave has changed.
+    virtual void fitInto(const RECT& /*room*/) {}
+
+    [[nodiscard]] forms::Control& control() const { return control_; }
+    [[nodiscard]] HWND window() const { return window_; }
+
+  protected:
+    /// Puts the window into its place.
+    virtual void lay();
+    /// Draws what the kind of control has beyond place, enabled and visible.
+    virtual void draw() {}
+
+    /// The control's caption as the window's text; unchanged text is left alone.
+    void drawText(const std::string& text);
+    /// The window's text.
+    [[nodiscard]] std::string text() const;
+    void move(const RECT& place, HWND behind = nullptr);
+    [[nodiscard]] RECT place() const;
+
+    LRESULT send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
+        return SendMessageW(window_, message, first, second);
+    }
+    LRESULT send(UINT message, WPARAM first, const std::wstring& text) const {
+        return send(message, first, reinterpret_cast<LPARAM>(text.c_str()));
+    }
+
+    /// Hands a user's action to the model, then shows what the model holds: it may have refused.
+    template <typename Action>
+    void act(const Action& action) {
+        const HWND window = window_;
+        action();
+        if (of(window) == this) update();
+    }
+
+  private:
+    forms::Control& control_;
+    HWND window_;
+    Font ownFont_;
+};
+
+/// A peer that knows its control by its kind.
+template <typename Kind>
+class PeerOf : public ControlPeer {
+  public:
+    PeerOf(Kind& control, HWND parent, const WindowKind& kind)
+        : ControlPeer(control, parent, kind), control_(control) {}
+
+  protected:
+    Kind& control_;
+};
+
+}  // namespace win32

@@ -1,0 +1,55 @@
+#include "platform/win32/file_dialog.h"
+
+#include <commdlg.h>
+// Behind the former.
+#include <cderr.h>
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/win32/wide.h"
+
+namespace win32 {
+
+namespace {
+
+constexpr std::size_t longestName = 260;
+
+/// Shows the dialog once, with the name in the buffer. Nothing if the dialog would not take it.
+std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
+                                const std::wstring& offered) {
+    const std::wstring title = platform::wide(question.title);
+    std::wstring filter = platform::wide(question.filter + "|");
+    std::replace(filter.begin(), filter.end(), L'|', L'\0');
+    std::wstring name = offered;
+    name.resize(longestName + 1);
+
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.lpstrTitle = title.c_str();
+    dialog.lpstrFilter = filter.c_str();
+    dialog.lpstrFile = name.data();
+    dialog.nMaxFile = static_cast<DWORD>(name.size());
+    dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (GetOpenFileNameW(&dialog)) return name.c_str();
+    switch (CommDlgExtendedError()) {
+        case FNERR_INVALIDFILENAME:
+            return {};
+        case FNERR_BUFFERTOOSMALL:
+            throw forms::RuntimeError("The file name is longer than 260 characters.");
+        default:
+            return L"";
+    }
+}
+
+}  // namespace
+
+std::string chooseFile(HWND owner, const forms::FileQuestion& question) {
+    std::wstring offered = platform::wide(question.name);
+    if (offered.size() > longestName) offered.clear();
+    const auto chosen = ask(owner, question, offered);
+    return platform::narrow(chosen ? *chosen : ask(owner, question, L"").value_or(L""));
+}
+
+}  // namespace win32

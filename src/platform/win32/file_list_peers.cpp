@@ -1,0 +1,91 @@
+#include <algorithm>
+
+#include "platform/win32/control_peer.h"
+#include "platform/win32/peers.h"
+#include "platform/win32/units.h"
+#include "platform/win32/wide.h"
+
+namespace win32 {
+
+namespace {
+
+class DrivePeer : public PeerOf<forms::DriveList> {
+  public:
+    DrivePeer(forms::DriveList& list, HWND parent)
+        : PeerOf(list, parent, {L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST}) {
+        for (const std::string& drive : list.drives())
+            send(CB_ADDSTRING, 0, platform::wide(drive));
+    }
+
+    void command(int notification) override {
+        if (notification == CBN_SELENDOK)
+            act([this] { control_.pick(static_cast<int>(send(CB_GETCURSEL))); });
+        if (notification == CBN_SELENDCANCEL) update();
+    }
+    [[nodiscard]] bool wantsKey(WPARAM) const override { return send(CB_GETDROPPEDSTATE) != 0; }
+
+  protected:
+    void draw() override {
+        const auto& drives = control_.drives();
+        const auto selected = std::find(drives.begin(), drives.end(), control_.Drive());
+        send(CB_SETCURSEL, selected == drives.end() ? -1 : selected - drives.begin());
+    }
+
+    /// The window's height is that of the list when it is open; the field has the control's own.
+    void lay() override {
+        constexpr int mostRows = 12;
+        RECT room = place();
+        const LRESULT rowHeight = send(CB_GETITEMHEIGHT, 0);
+        const int edges = 2 * GetSystemMetricsForDpi(SM_CYEDGE, GetDpiForWindow(window())) + 2;
+        send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), heightOf(room) - edges);
+        room.bottom += static_cast<LONG>(rowHeight * mostRows);
+        move(room);
+    }
+};
+
+/// Each row is indented by blanks, as deep as its folder lies.
+class FolderPeer : public PeerOf<forms::FolderList> {
+  public:
+    FolderPeer(forms::FolderList& list, HWND parent)
+        : PeerOf(list, parent,
+                 {L"LISTBOX", WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+                  WS_EX_CLIENTEDGE}) {}
+
+    void command(int notification) override {
+        if (notification == LBN_DBLCLK) choose();
+    }
+    void enter() override { choose(); }
+
+  protected:
+    void draw() override {
+        if (drawn_ == control_.Path()) return;  // the user may be moving among the rows
+        drawn_ = control_.Path();
+        send(WM_SETREDRAW, FALSE);
+        send(LB_RESETCONTENT);
+        for (const auto& row : control_.rows())
+            send(LB_ADDSTRING, 0, std::wstring(3 * row.depth, L' ') + platform::wide(row.name));
+        send(LB_SETCURSEL, control_.openRow());
+        send(LB_SETTOPINDEX, std::max(0, control_.openRow() - 3));
+        send(WM_SETREDRAW, TRUE);
+        InvalidateRect(window(), nullptr, TRUE);
+    }
+
+  private:
+    void choose() {
+        act([this] { control_.choose(static_cast<int>(send(LB_GETCURSEL))); });
+    }
+
+    std::string drawn_;
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::DriveList& list, HWND parent) {
+    return std::make_unique<DrivePeer>(list, parent);
+}
+
+std::unique_ptr<forms::Peer> makePeer(forms::FolderList& list, HWND parent) {
+    return std::make_unique<FolderPeer>(list, parent);
+}
+
+}  // namespace win32

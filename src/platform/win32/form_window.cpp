@@ -1,0 +1,273 @@
+#include "platform/win32/form_window.h"
+
+#include <algorithm>
+
+#include "platform/win32/background.h"
+#include "platform/win32/fit_font.h"
+#include "platform/win32/peers.h"
+#include "platform/win32/reflection.h"
+#include "platform/win32/tooltips.h"
+#include "platform/win32/units.h"
+#include "platform/win32/wide.h"
+
+namespace win32 {
+
+namespace {
+
+constexpr const wchar_t* formProperty = L"NorvaneForm";
+constexpr const wchar_t* programIcon = L"nwbw";
+
+struct Frame {
+    DWORD style;
+    DWORD extendedStyle;
+};
+
+Frame frameOf(const forms::FormStyle& style) {
+    if (style.sizable) return {WS_OVERLAPPEDWINDOW, 0};
+    if (style.bare) return {WS_POPUP | WS_DLGFRAME, WS_EX_TOOLWINDOW};
+    return {WS_POPUP | WS_CAPTION | WS_SYSMENU, WS_EX_DLGMODALFRAME};
+}
+
+HICON icon(int widthMetric, int heightMetric) {
+    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), programIcon, IMAGE_ICON,
+                                         GetSystemMetrics(widthMetric),
+                                         GetSystemMetrics(heightMetric), LR_SHARED));
+}
+
+/// Name of the window class of all forms.
+const wchar_t* formClass(WNDPROC procedure) {
+    static const wchar_t* const name = [procedure] {
+        WNDCLASSEXW kind{};
+        kind.cbSize = sizeof kind;
+        kind.lpfnWndProc = procedure;
+        kind.hInstance = GetModuleHandleW(nullptr);
+        kind.hIcon = icon(SM_CXICON, SM_CYICON);
+        kind.hIconSm = icon(SM_CXSMICON, SM_CYSMICON);
+        kind.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
+        kind.lpszClassName = L"NorvaneForm";
+        RegisterClassExW(&kind);
+        return kind.lpszClassName;
+    }();
+    return name;
+}
+
+int systemDpi() {
+    return static_cast<int>(GetDpiForSystem());
+}
+
+}  // namespace
+
+void runLoop(const std::function<bool()>& goOn) {
+    MSG message;
+    while (goOn()) {
+        if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
+            PostQuitMessage(0);  // the loops around this one end too
+            return;
+        }
+        auto* form = FormWindow::of(GetAncestor(message.hwnd, GA_ROOT));
+        if (!form || !form->keyboard().take(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        if (auto* active = FormWindow::of(GetActiveWindow())) active->keyboard().settle();
+    }
+}
+
+HWND FormWindow::makeWindow(const forms::Form& form) {
+    const Frame frame = frameOf(form.style);
+    return CreateWindowExW(frame.extendedStyle, formClass(procedure),
+                           platform::wide(form.Caption()).c_str(), frame.style | WS_CLIPCHILDREN, 0,
+                           0, 0, 0, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+}
+
+FormWindow::FormWindow(forms::Form& form)
+    : form_(form), window_(makeWindow(form)), keyboard_(form, window_) {
+    SetPropW(window_, formProperty, this);
+    peers_ = buildPeers(form, window_);
+    addTooltips(window_, peers_);
+    takeDefinedSize();
+    update();
+    restyle();
+}
+
+FormWindow::~FormWindow() {
+    RemovePropW(window_, formProperty);
+    DestroyWindow(window_);
+}
+
+FormWindow* FormWindow::of(HWND window) {
+    return static_cast<FormWindow*>(GetPropW(window, formProperty));
+}
+
+bool FormWindow::isOpen(HWND window) {
+    const FormWindow* form = of(window);
+    return form && !form->form_.unloaded();
+}
+
+/// Puts the frame around the client area that the form's definition asks for.
+void FormWindow::takeDefinedSize() {
+    const int dpi = dpiOf(window_);
+    const Frame frame = frameOf(form_.style);
+    RECT rect{0, 0, pixels(form_.Width, dpi), pixels(form_.Height, dpi)};
+    AdjustWindowRectExForDpi(&rect, frame.style, GetMenu(window_) != nullptr, frame.extendedStyle,
+                             dpi);
+    form_.moved({form_.Left, form_.Top, twips(widthOf(rect), dpi), twips(heightOf(rect), dpi)},
+                form_.WindowState);
+}
+
+void FormWindow::update() {
+    given_ = {form_.Left, form_.Top, form_.Width, form_.Height};
+    SetWindowTextW(window_, platform::wide(form_.Caption()).c_str());
+    const int dpi = dpiOf(window_);
+    SetWindowPos(window_, nullptr, pixels(form_.Left, systemDpi()), pixels(form_.Top, systemDpi()),
+                 pixels(form_.Width, dpi), pixels(form_.Height, dpi),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// Takes over the system's font and colours at the window's resolution.
+void FormWindow::restyle() {
+    background_ = backgroundOf(form_);
+    const LOGFONTW font = fittingFont(peers_, dpiOf(window_));
+    Font before = std::exchange(font_, makeFont(font));  // in use until all have the new one
+    for (ControlPeer* peer : peers_) {
+        peer->setFont(font, font_.get());
+        peer->update();
+    }
+    fitControls();
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+void FormWindow::fitControls() {
+    RECT room;
+    GetClientRect(window_, &room);
+    for (ControlPeer* peer : peers_)
+        peer->takeEdge(room);
+    for (ControlPeer* peer : peers_)
+        peer->fitInto(room);
+}
+
+void FormWindow::show() {
+    if (form_.style.centred) centre();
+    ShowWindow(window_, SW_SHOW);
+    SetForegroundWindow(window_);
+}
+
+void FormWindow::showModal(forms::Form& owner) {
+    owner_ = dynamic_cast<FormWindow&>(*owner.window()).handle();
+    SetWindowLongPtrW(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner_));
+    EnableWindow(owner_, FALSE);
+    show();
+    runLoop([window = window_] { return isOpen(window); });
+}
+
+/// The owner takes input again before the window goes, so that it becomes the active one.
+void FormWindow::hide() {
+    if (owner_) EnableWindow(owner_, TRUE);
+    ShowWindow(window_, SW_HIDE);
+}
+
+void FormWindow::refresh() {
+    RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void FormWindow::centre() {
+    RECT around;
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
+    if (owner_) GetWindowRect(owner_, &around);
+    RECT own;
+    GetWindowRect(window_, &own);
+    SetWindowPos(window_, nullptr, (around.left + around.right - widthOf(own)) / 2,
+                 (around.top + around.bottom - heightOf(own)) / 2, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// Tells the form where its window is. A length that the program gave stands while the window has
+/// it in pixels, so that storing and restoring a window does not make it drift.
+void FormWindow::report() {
+    if (!IsWindowVisible(window_)) return;
+    if (IsIconic(window_)) {
+        form_.moved({form_.Left, form_.Top, form_.Width, form_.Height},
+                    forms::WindowState::Minimised);
+        return;
+    }
+    const auto keep = [](int given, int seen, int dpi) {
+        return pixels(given, dpi) == seen ? given : twips(seen, dpi);
+    };
+    const int dpi = dpiOf(window_);
+    RECT rect;
+    GetWindowRect(window_, &rect);
+    form_.moved({keep(given_.left, rect.left, systemDpi()), keep(given_.top, rect.top, systemDpi()),
+                 keep(given_.width, widthOf(rect), dpi), keep(given_.height, heightOf(rect), dpi)},
+                IsZoomed(window_) ? forms::WindowState::Maximised : forms::WindowState::Normal);
+}
+
+void FormWindow::choose(int menuItem) {
+    const auto controls = form_.allControls();
+    const int position = menuItem - firstId;
+    if (position >= 0 && position < static_cast<int>(controls.size())) controls[position]->click();
+}
+
+/// The id of the button that Enter presses, or 0.
+int FormWindow::defaultButton() const {
+    for (const ControlPeer* peer : peers_) {
+        const auto* button = dynamic_cast<forms::Button*>(&peer->control());
+        if (button && button->isDefault && button->usable()) return GetDlgCtrlID(peer->window());
+    }
+    return 0;
+}
+
+LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    FormWindow* form = of(window);
+    return form ? form->handle(message, first, second)
+                : DefWindowProcW(window, message, first, second);
+}
+
+LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
+    const HWND window = window_;  // the form may end while it handles the message
+    if (const auto answer = reflect(message, first, second, background_)) return *answer;
+    switch (message) {
+        case WM_COMMAND:
+            if (HIWORD(first) == 0) choose(LOWORD(first));
+            return 0;
+        case WM_CLOSE:
+            report();
+            form_.close();
+            return 0;
+        case WM_ACTIVATE:
+            report();
+            if (LOWORD(first) != WA_INACTIVE) form_.activate();
+            break;
+        case WM_SETFOCUS:
+            keyboard_.settle();
+            return 0;
+        case WM_MOVE:
+            report();
+            return 0;
+        case WM_SIZE:
+            report();
+            fitControls();
+            return 0;
+        case WM_DPICHANGED: {
+            const RECT& place = *reinterpret_cast<const RECT*>(second);
+            SetWindowPos(window, nullptr, place.left, place.top, widthOf(place), heightOf(place),
+                         SWP_NOZORDER | SWP_NOACTIVATE);
+            restyle();
+            return 0;
+        }
+        case WM_THEMECHANGED:
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE:
+            restyle();
+            break;
+        case WM_ERASEBKGND:
+            fill(window, reinterpret_cast<HDC>(first), background_);
+            return TRUE;
+        case DM_GETDEFID:
+            return MAKELRESULT(defaultButton(), DC_HASDEFID);
+        default:
+            break;
+    }
+    return DefWindowProcW(window, message, first, second);
+}
+
+}  // namespace win32

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "forms/form.h"
+#include "platform/win32/control_peer.h"
+#include "platform/win32/keyboard.h"
+#include "platform/win32/windows_api.h"
+
+namespace win32 {
+
+/// Runs the message loop while the condition, asked before each message, holds, or until the
+/// program ends.
+void runLoop(const std::function<bool()>& goOn);
+
+/// The window behind a form. Left and Top are in pixels of the system's resolution, so that they
+/// name the same point wherever the window lies; all other lengths in those of its own screen.
+class FormWindow : public forms::WindowPeer {
+  public:
+    /// Makes the window, unseen, with a peer for each of the form's controls. The form's size,
+    /// until now that of its client area, becomes that of the window.
+    explicit FormWindow(forms::Form& form);
+    ~FormWindow() override;
+    FormWindow(const FormWindow&) = delete;
+    FormWindow& operator=(const FormWindow&) = delete;
+
+    void show() override;
+    void showModal(forms::Form& owner) override;
+    void hide() override;
+    void refresh() override;
+    void update() override;
+
+    /// The form's window behind a window of the system, or null.
+    static FormWindow* of(HWND window);
+    /// True while the window is that of a form that has not been unloaded.
+    static bool isOpen(HWND window);
+
+    [[nodiscard]] HWND handle() const { return window_; }
+    Keyboard& keyboard() { return keyboard_; }
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+    LRESULT handle(UINT message, WPARAM first, LPARAM second);
+    static HWND makeWindow(const forms::Form& form);
+
+    void takeDefinedSize();
+    void restyle();
+    void fitControls();
+    void centre();
+    void report();
+    void choose(int menuItem);
+    [[nodiscard]] int defaultButton() const;
+
+    forms::Form& form_;
+    HWND window_;
+    Keyboard keyboard_;
+    std::vector<ControlPeer*> peers_;
+    Font font_;
+    COLORREF background_ = 0;
+    forms::Place given_;  ///< the place that the program gave the window last
+    HWND owner_ = nullptr;
+};
+
+}  // namespace win32

@@ -1,0 +1,126 @@
+#include "platform/win32/keyboard.h"
+
+#include "forms/focus.h"
+#include "platform/win32/control_peer.h"
+#include "platform/win32/form_window.h"
+
+namespace win32 {
+
+namespace {
+
+bool isDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+int shiftState() {
+    return (isDown(VK_SHIFT) ? forms::shiftMask : 0) | (isDown(VK_CONTROL) ? forms::ctrlMask : 0) |
+           (isDown(VK_MENU) ? forms::altMask : 0);
+}
+
+ControlPeer* peerOf(const forms::Control* control) {
+    return control ? dynamic_cast<ControlPeer*>(control->peer()) : nullptr;
+}
+
+bool takesFocus(const forms::Control& control) {
+    const auto* peer = peerOf(&control);
+    return peer && GetWindowLongW(peer->window(), GWL_STYLE) & WS_TABSTOP;
+}
+
+}  // namespace
+
+bool Keyboard::take(MSG& message) {
+    switch (message.message) {
+        case WM_KEYDOWN:
+        case WM_SYSKEYDOWN:
+            return keyDown(message);
+        case WM_CHAR:
+            return !keyPress(message.wParam);
+        case WM_SYSCHAR:
+            return mnemonic(static_cast<wchar_t>(message.wParam));
+        default:
+            return false;
+    }
+}
+
+bool Keyboard::keyDown(MSG& message) {
+    const HWND window = window_;
+    form_.keyDown(static_cast<int>(message.wParam), shiftState());
+    if (!FormWindow::isOpen(window)) return true;
+    switch (message.wParam) {
+        case VK_RETURN:
+            return enter(message);
+        case VK_ESCAPE:
+            return escape();
+        case VK_TAB:
+            if (isDown(VK_CONTROL)) return true;
+            [[fallthrough]];
+        default:
+            return IsDialogMessageW(window, &message);
+    }
+}
+
+bool Keyboard::enter(const MSG& message) {
+    constexpr LPARAM repeated = 1 << 30;
+    if (message.message != WM_KEYDOWN) return false;
+    if (const auto* peer = peerOf(focused()); peer && peer->wantsKey(VK_RETURN)) return false;
+    if (!keyPress(VK_RETURN) || message.lParam & repeated) return true;
+    if (forms::Control* control = focused(); control && control->takesEnter()) {
+        peerOf(control)->enter();
+    } else {
+        form_.pressDefault();
+    }
+    return true;
+}
+
+bool Keyboard::escape() {
+    if (const auto* peer = peerOf(focused()); peer && peer->wantsKey(VK_ESCAPE)) return false;
+    if (keyPress(VK_ESCAPE)) form_.pressCancel();
+    return true;
+}
+
+bool Keyboard::keyPress(WPARAM character) {
+    const HWND window = window_;
+    form_.keyPress(static_cast<int>(character));
+    return FormWindow::isOpen(window);
+}
+
+bool Keyboard::mnemonic(wchar_t letter) {
+    constexpr wchar_t lastAscii = 0x7f;
+    if (letter <= L' ' || letter > lastAscii) return false;
+    const auto capital = static_cast<char>(letter >= L'a' && letter <= L'z' ? letter - 32 : letter);
+    forms::Control* target = form_.mnemonicTarget(capital, focused());
+    if (!target) return false;  // it may be a menu's
+    focus(*target);
+    target->click();
+    return true;
+}
+
+void Keyboard::settle() {
+    if (GetActiveWindow() != window_ || !form_.usable()) return;
+    forms::Control* now = focused();
+    if (now && now->usable()) {
+        last_ = now;
+        return;
+    }
+    if (!last_) {
+        last_ = forms::firstFocus(form_, takesFocus);
+    } else if (!last_->usable()) {
+        last_ = forms::focusAfter(*last_, takesFocus);
+    }
+    if (last_) focus(*last_);
+}
+
+forms::Control* Keyboard::focused() const {
+    for (HWND window = GetFocus(); window && window != window_; window = GetParent(window)) {
+        if (const auto* peer = ControlPeer::of(window)) return &peer->control();
+    }
+    return nullptr;
+}
+
+void Keyboard::focus(const forms::Control& control) {
+    const auto* peer = peerOf(&control);
+    if (peer && !(SendMessageW(peer->window(), WM_GETDLGCODE, 0, 0) & DLGC_STATIC))
+        SetFocus(peer->window());
+}
+
+}  // namespace win32

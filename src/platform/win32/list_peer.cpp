@@ -1,0 +1,72 @@
+#include <algorithm>
+
+#include "platform/win32/control_peer.h"
+#include "platform/win32/peers.h"
+#include "platform/win32/wide.h"
+
+namespace win32 {
+
+namespace {
+
+class ListPeer : public PeerOf<forms::ListBox> {
+  public:
+    ListPeer(forms::ListBox& list, HWND parent)
+        : PeerOf(
+              list, parent,
+              {L"LISTBOX", WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+               WS_EX_CLIENTEDGE}) {}
+
+    void command(int notification) override {
+        if (notification != LBN_SELCHANGE) return;
+        const int row = selectedRow();
+        act([&] {
+            if (row >= 0 && row != control_.ListIndex) control_.pick(row);
+        });
+    }
+
+  protected:
+    void draw() override {
+        while (count() > control_.ListCount())
+            send(LB_DELETESTRING, count() - 1);
+        for (int row = 0; row < control_.ListCount(); ++row)
+            drawRow(row);
+        if (selectedRow() != control_.ListIndex) send(LB_SETCURSEL, control_.ListIndex);
+        showWholeRows();
+    }
+
+  private:
+    void drawRow(int row) {
+        const std::wstring wanted = platform::wide(control_.List(row));
+        if (row < count()) {
+            if (rowText(row) == wanted) return;
+            send(LB_DELETESTRING, row);
+        }
+        send(LB_INSERTSTRING, row, wanted);
+    }
+
+    /// Lets the user scroll sideways where an entry is wider than the list.
+    void showWholeRows() {
+        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), 96);
+        int widest = 0;
+        for (int row = 0; row < control_.ListCount(); ++row)
+            widest = std::max(widest, ruler.width(control_.List(row)) + ruler.lineHeight() / 2);
+        send(LB_SETHORIZONTALEXTENT, widest);
+    }
+
+    [[nodiscard]] std::wstring rowText(int row) const {
+        std::wstring text(send(LB_GETTEXTLEN, row), L'\0');
+        send(LB_GETTEXT, row, text);
+        return text;
+    }
+
+    [[nodiscard]] int count() const { return static_cast<int>(send(LB_GETCOUNT)); }
+    [[nodiscard]] int selectedRow() const { return static_cast<int>(send(LB_GETCURSEL)); }
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::ListBox& list, HWND parent) {
+    return std::make_unique<ListPeer>(list, parent);
+}
+
+}  // namespace win32

@@ -1,0 +1,66 @@
+#include "forms/form.h"
+#include "platform/win32/peers.h"
+#include "platform/win32/wide.h"
+
+namespace win32 {
+
+namespace {
+
+/// An item opens a menu where it has items of its own. All menus belong to the window's bar.
+class MenuPeer : public forms::Peer {
+  public:
+    MenuPeer(forms::MenuItem& item, HWND window, int id) : item_(item), window_(window), id_(id) {
+        MENUITEMINFOW info = emptyInfo(MIIM_ID);
+        info.wID = id;
+        if (!item.children().empty()) {
+            info.fMask |= MIIM_SUBMENU;
+            info.hSubMenu = CreatePopupMenu();
+        }
+        InsertMenuItemW(around(), static_cast<UINT>(-1), TRUE, &info);
+        update();
+    }
+
+    void update() override {
+        std::wstring caption = platform::wide(item_.Caption());
+        MENUITEMINFOW info = emptyInfo(MIIM_FTYPE | MIIM_STATE);
+        info.fType = item_.Caption() == "-" ? MFT_SEPARATOR : MFT_STRING;
+        info.fState = item_.Enabled ? MFS_ENABLED : MFS_DISABLED;
+        if (info.fType == MFT_STRING) {
+            info.fMask |= MIIM_STRING;
+            info.dwTypeData = caption.data();
+        }
+        SetMenuItemInfoW(GetMenu(window_), id_, FALSE, &info);
+        if (item_.parent() == &item_.form()) DrawMenuBar(window_);
+    }
+
+  private:
+    static MENUITEMINFOW emptyInfo(UINT mask) {
+        MENUITEMINFOW info{};
+        info.cbSize = sizeof info;
+        info.fMask = mask;
+        return info;
+    }
+
+    /// The menu that the item stands in.
+    [[nodiscard]] HMENU around() const {
+        if (const auto* above = dynamic_cast<MenuPeer*>(item_.parent()->peer())) {
+            MENUITEMINFOW info = emptyInfo(MIIM_SUBMENU);
+            GetMenuItemInfoW(GetMenu(window_), above->id_, FALSE, &info);
+            return info.hSubMenu;
+        }
+        if (!GetMenu(window_)) SetMenu(window_, CreateMenu());
+        return GetMenu(window_);
+    }
+
+    forms::MenuItem& item_;
+    HWND window_;
+    int id_;
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::MenuItem& item, HWND window, int id) {
+    return std::make_unique<MenuPeer>(item, window, id);
+}
+
+}  // namespace win32

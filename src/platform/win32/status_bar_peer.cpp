@@ -1,0 +1,84 @@
+#include <vector>
+
+#include "platform/win32/common_controls.h"
+#include "platform/win32/control_peer.h"
+#include "platform/win32/peers.h"
+#include "platform/win32/units.h"
+#include "platform/win32/wide.h"
+
+namespace win32 {
+
+namespace {
+
+using Panel = forms::StatusBar::Panel;
+
+/// Today's date, or the time, in the system's short format.
+std::wstring now(Panel panel) {
+    constexpr int longest = 80;
+    wchar_t text[longest] = {};
+    if (panel == Panel::Date) {
+        GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, text, longest,
+                        nullptr);
+    } else if (panel == Panel::Time) {
+        GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, TIME_NOSECONDS, nullptr, nullptr, text, longest);
+    }
+    return text;
+}
+
+class StatusBarPeer : public PeerOf<forms::StatusBar> {
+  public:
+    StatusBarPeer(forms::StatusBar& bar, HWND parent)
+        : PeerOf(bar, parent, {STATUSCLASSNAMEW, SBARS_SIZEGRIP}), shown_(bar.Panels.size()) {
+        constexpr int everySecond = 1000;
+        SetTimer(window(), 1, everySecond, [](HWND bar, UINT, UINT_PTR, DWORD) {
+            if (auto* peer = ControlPeer::of(bar)) peer->update();
+        });
+    }
+
+    void takeEdge(RECT& room) override {
+        send(WM_SIZE);  // it finds its place by itself
+        RECT bar;
+        GetWindowRect(window(), &bar);
+        room.bottom -= heightOf(bar);
+        setParts(room.right);
+    }
+
+  protected:
+    void lay() override {}
+
+    /// A part is drawn only when its text has changed.
+    void draw() override {
+        for (std::size_t part = 0; part < shown_.size(); ++part) {
+            const std::wstring text = now(control_.Panels[part]);
+            if (text == shown_[part]) continue;
+            shown_[part] = text;
+            send(SB_SETTEXTW, part, text);
+            RECT room;
+            GetClientRect(window(), &room);
+            setParts(room.right);
+        }
+    }
+
+  private:
+    /// The texts lie along the right edge, in front of the grip; the empty panel takes the rest.
+    void setParts(int width) {
+        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpiOf(window()));
+        std::vector<int> ends(shown_.size());
+        int end = width - ruler.scaled(18);
+        for (std::size_t part = shown_.size(); part-- > 0;) {
+            ends[part] = end;
+            end -= ruler.width(platform::narrow(shown_[part])) + ruler.scaled(16);
+        }
+        send(SB_SETPARTS, ends.size(), reinterpret_cast<LPARAM>(ends.data()));
+    }
+
+    std::vector<std::wstring> shown_;
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::StatusBar& bar, HWND parent) {
+    return std::make_unique<StatusBarPeer>(bar, parent);
+}
+
+}  // namespace win32

@@ -1,0 +1,86 @@
+#include "platform/win32/common_controls.h"
+#include "platform/win32/control_peer.h"
+#include "platform/win32/peers.h"
+#include "platform/win32/units.h"
+#include "platform/win32/wide.h"
+
+namespace win32 {
+
+namespace {
+
+/// Draws the tabs and an empty page. The panels of the form lie on the page, above it.
+class TabPeer : public PeerOf<forms::TabStrip> {
+  public:
+    TabPeer(forms::TabStrip& tabs, HWND parent)
+        : PeerOf(tabs, parent, {WC_TABCONTROLW, WS_TABSTOP | TCS_TOOLTIPS}) {
+        for (int index = 0; index < static_cast<int>(tabs.Tabs.size()); ++index)
+            addTab(index, tabs.Tabs[index]);
+    }
+
+    /// A click on the selected tab counts too, and changes nothing that the window would tell.
+    void notify(const NMHDR& notification) override {
+        if (notification.code == TCN_SELCHANGE) {
+            turnedByMouse_ = GetKeyState(VK_LBUTTON) < 0;
+            pick();
+        } else if (notification.code == NM_CLICK && !std::exchange(turnedByMouse_, false)) {
+            pick();
+        }
+    }
+
+    /// The page ends where the window does, so that its edges stay in sight.
+    void fitInto(const RECT& room) override {
+        room_ = room;
+        lay();
+    }
+
+    [[nodiscard]] bool fits(const Ruler& ruler) const override {
+        int width = 0;
+        for (const auto& tab : control_.Tabs)
+            width += ruler.width(tab.caption) + ruler.scaled(14);
+        return width <= widthOf(placeOf(control_, ruler.dpi()));
+    }
+
+  protected:
+    void draw() override { send(TCM_SETCURSEL, control_.SelectedItem - 1); }
+
+    void lay() override {
+        const LONG margin = pixels(60, dpiOf(window()));
+        const RECT room{0, 0, room_.right - margin, room_.bottom - margin};
+        const RECT whole = place();
+        RECT seen{};
+        move(IntersectRect(&seen, &whole, &room) ? seen : whole, HWND_BOTTOM);
+    }
+
+  private:
+    void addTab(int index, const forms::TabStrip::Tab& tab) {
+        std::wstring caption = platform::wide(tab.caption);
+        TCITEMW item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = caption.data();
+        send(TCM_INSERTITEMW, index, reinterpret_cast<LPARAM>(&item));
+
+        std::wstring tip = platform::wide(tab.tooltip);
+        TTTOOLINFOW tool{};
+        tool.cbSize = sizeof tool;
+        tool.hwnd = window();
+        tool.uId = index;
+        tool.lpszText = tip.data();
+        SendMessageW(reinterpret_cast<HWND>(send(TCM_GETTOOLTIPS)), TTM_UPDATETIPTEXTW, 0,
+                     reinterpret_cast<LPARAM>(&tool));
+    }
+
+    void pick() {
+        act([this] { control_.pick(static_cast<int>(send(TCM_GETCURSEL)) + 1); });
+    }
+
+    RECT room_{};
+    bool turnedByMouse_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, HWND parent) {
+    return std::make_unique<TabPeer>(tabs, parent);
+}
+
+}  // namespace win32

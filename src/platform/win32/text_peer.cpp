@@ -1,0 +1,55 @@
+#include <utility>
+
+#include "platform/win32/control_peer.h"
+#include "platform/win32/peers.h"
+#include "platform/win32/units.h"
+
+namespace win32 {
+
+namespace {
+
+/// Lines end with CRLF in the model and in the window alike.
+class TextPeer : public PeerOf<forms::TextBox> {
+  public:
+    TextPeer(forms::TextBox& box, HWND parent)
+        : PeerOf(box, parent, {L"EDIT", styleOf(box), WS_EX_CLIENTEDGE}) {
+        send(EM_SETLIMITTEXT, 0);
+    }
+
+    void command(int notification) override {
+        if (notification == EN_CHANGE && !drawing_) act([this] { control_.type(text()); });
+    }
+    [[nodiscard]] bool wantsKey(WPARAM key) const override {
+        return key == VK_RETURN && control_.takesEnter();
+    }
+    [[nodiscard]] bool fits(const Ruler& ruler) const override {
+        return ruler.lineHeight() + ruler.scaled(6) <= heightOf(placeOf(control_, ruler.dpi()));
+    }
+
+  protected:
+    void draw() override {
+        if (!control_.Visible) return;
+        drawing_ = true;
+        drawText(control_.Text);
+        drawing_ = false;
+    }
+
+  private:
+    static DWORD styleOf(const forms::TextBox& box) {
+        const DWORD readOnly = box.readOnly ? ES_READONLY : 0;
+        const DWORD shape = box.multiLine
+                                ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL
+                                : ES_AUTOHSCROLL;
+        return WS_TABSTOP | readOnly | shape;
+    }
+
+    bool drawing_ = false;  ///< the change of text is the program's own
+};
+
+}  // namespace
+
+std::unique_ptr<forms::Peer> makePeer(forms::TextBox& box, HWND parent) {
+    return std::make_unique<TextPeer>(box, parent);
+}
+
+}  // namespace win32

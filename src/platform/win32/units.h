@@ -1,0 +1,38 @@
+#pragma once
+
+#include "forms/control.h"
+#include "platform/win32/windows_api.h"
+
+/// Twips of the forms and pixels of the screen, of which there are `dpi` to the inch.
+namespace win32 {
+
+inline constexpr int twipsPerInch = 1440;
+
+inline int pixels(int twips, int dpi) {
+    return MulDiv(twips, dpi, twipsPerInch);
+}
+
+inline int twips(int pixels, int dpi) {
+    return MulDiv(pixels, twipsPerInch, dpi);
+}
+
+inline int dpiOf(HWND window) {
+    return static_cast<int>(GetDpiForWindow(window));
+}
+
+/// Where a control lies in its container. Each edge is rounded by itself, so that controls which
+/// meet in twips meet on the screen.
+inline RECT placeOf(const forms::Control& control, int dpi) {
+    return {pixels(control.Left, dpi), pixels(control.Top, dpi),
+            pixels(control.Left + control.Width, dpi), pixels(control.Top + control.Height, dpi)};
+}
+
+inline int widthOf(const RECT& rect) {
+    return rect.right - rect.left;
+}
+
+inline int heightOf(const RECT& rect) {
+    return rect.bottom - rect.top;
+}
+
+}  // namespace win32
