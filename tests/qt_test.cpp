@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -69,11 +70,14 @@ struct Sample : Form {
                 .place = place,
                 .isDefault = isDefault,
                 .isCancel = isCancel,
-                .event = [this, name] { heard += name + " "; }};
+                .event = [this, name] {
+                    heard += name + " ";
+                    onEvent();
+                }};
     }
 
     std::string& heard;
-    std::function<void()> onRun = [] {};
+    std::function<void()> onEvent = [] {};
     MenuItem mnuFile{*this, define("mnuFile", "&File", {})};
     MenuItem mnuExit{mnuFile, define("mnuExit", "E&xit", {})};
     TabStrip tabs{
@@ -86,12 +90,7 @@ struct Sample : Form {
                                      {.index = 1, .place = {200, 600, 5700, 3300}}}};
     Label lblName{panels(0), define("lblName", "File", {0, 0, 1500, 300})};
     TextBox txtName{panels(0), define("txtName", "", {0, 300, 3000, 345})};
-    Button btnRun{
-        panels(0),
-        {.name = "btnRun", .caption = "&Run", .place = {3100, 300, 900, 375}, .event = [this] {
-             heard += "btnRun ";
-             onRun();
-         }}};
+    Button btnRun{panels(0), define("btnRun", "&Run", {3100, 300, 900, 375})};
     CheckBox chkDebug{panels(0), define("chkDebug", "&Debug", {0, 700, 1500, 300})};
     Frame fraKind{panels(0), define("fraKind", "Kind", {0, 1100, 3000, 1500})};
     Label lblInside{fraKind, define("lblInside", "Inside", {1500, 300, 1200, 300})};
@@ -201,10 +200,11 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     form->optKind(2).Value = false;
     EXPECT_FALSE(first.isChecked() || second.isChecked());
 
-    form->onRun = [] { throw RuntimeError("Disk full"); };
+    form->onEvent = [] { throw RuntimeError("Disk full"); };
     QTest::mouseClick(&widget(form->btnRun), Qt::LeftButton);
     EXPECT_EQ(told, "Disk full");
     EXPECT_EQ(std::exchange(heard, ""), "btnRun ");
+    form->onEvent = [] {};
 
     auto& line = widget<QLineEdit>(form->txtName);
     QTest::keyClicks(&line, "cave");
@@ -234,6 +234,9 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     EXPECT_EQ(form->lstFolders.ListIndex, -1);
     EXPECT_EQ(strike(Qt::Key_Down), "lstFolders @lstFolders");
     EXPECT_EQ(form->lstFolders.ListIndex, 1);
+    auto& list = widget<QListWidget>(form->lstFolders);
+    list.clearSelection();  // a user may do so; the model always keeps one
+    EXPECT_EQ(list.selectedItems().size(), 1);
 }
 
 /// A dialog of the test's own; closes by its button.
@@ -251,7 +254,7 @@ struct Dialog : Form {
 TEST_F(Windows, AModalDialogBlocksUntilItIsUnloaded) {
     for (const bool byKey : {true, false}) {
         QPointer<QWidget> shown;
-        form->onRun = [&] {
+        form->onEvent = [&] {
             auto& dialog = application.load<Dialog>();
             shown = &windowOf(dialog);
             QTimer::singleShot(0, [&] {
@@ -276,13 +279,17 @@ TEST_F(Windows, AModalDialogBlocksUntilItIsUnloaded) {
 }
 
 TEST_F(Windows, AFormMayEndInsideItsOwnEvents) {
-    form->onRun = [this] { form->Unload(); };
-    widget(form->btnRun).setFocus();
-    QPointer<QWidget> gone = window;
-    QTest::keyClick(&widget(form->btnRun), Qt::Key_Return);
-    EXPECT_EQ(application.Count(), 0);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_FALSE(gone);
+    for (const bool typing : {true, false}) {
+        auto& ending = typing ? *form : application.load<Sample>(heard);
+        ending.onEvent = [&] { ending.Unload(); };
+        const QPointer<QWidget> gone = &windowOf(ending);
+        const auto control = typing ? ending.txtName.fullName() : ending.btnRun.fullName();
+        QTest::keyClick(gone->findChild<QWidget*>(name(control)), Qt::Key_A);
+        if (!typing) gone->findChild<QPushButton*>(name(control))->click();
+        EXPECT_EQ(application.Count(), 0);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_FALSE(gone);
+    }
 }
 
 TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
