@@ -53,8 +53,8 @@ class PlayPanel {
     std::string PlaybackOption;
 
     static constexpr int gap = 90;
-    static constexpr int playerWidth = 1755;
-    static constexpr int modeWidth = 1815;
+    static constexpr int playerWidth = 1800;
+    static constexpr int modeWidth = 1890;
     static constexpr int recordWidth = panel::width - playerWidth - modeWidth - 2 * gap;
     static constexpr int modeLeft = panel::left + playerWidth + gap;
     static constexpr int recordLeft = modeLeft + modeWidth + gap;

@@ -46,7 +46,7 @@ class SpellingPanel {
     std::string LineNumOption;
 
     static constexpr int gap = 90;
-    static constexpr int codesWidth = 2775;
+    static constexpr int codesWidth = 2700;
     static constexpr int paramWidth = panel::width - codesWidth - gap;
     static constexpr int paramLeft = panel::left + codesWidth + gap;
     static constexpr int outputHeight = panel::frameHeight(3) + 360;
