@@ -47,7 +47,7 @@ class MarkPeer : public ClickPeer<Kind> {
     using ClickPeer<Kind>::ClickPeer;
 
     [[nodiscard]] bool fits(const Ruler& ruler) const override {
-        return this->fitsBeside(ruler, 19);
+        return this->fitsBeside(ruler, 17);
     }
 
   protected:

@@ -80,13 +80,35 @@ class FramePeer : public ContainerPeer<forms::Frame> {
                         frame.Caption().empty() ? 0 : BS_GROUPBOX) {}
 
     [[nodiscard]] bool fits(const Ruler& ruler) const override {
-        const int edges = ruler.scaled(24);
+        const int edges = ruler.scaled(18);
         return ruler.width(control_.Caption) + edges <= widthOf(placeOf(control_, ruler.dpi()));
     }
 
   protected:
     void draw() override { drawText(control_.Caption); }
     void pressed() override { control_.click(); }
+};
+
+/// The panel on a page, which ends where the page does, so that the page's edges stay in sight.
+class PanelPeer : public ContainerPeer<forms::PictureBox> {
+  public:
+    PanelPeer(forms::PictureBox& panel, HWND parent)
+        : ContainerPeer(panel, parent, panelClass()) {}
+
+    void fitInto(const RECT& room) override {
+        const LONG edge = pixels(45, dpiOf(window()));
+        room_ = {room.left, room.top, room.right - edge, room.bottom - edge};
+        lay();
+    }
+
+  protected:
+    void lay() override {
+        ContainerPeer::lay();
+        move(within(place(), room_));
+    }
+
+  private:
+    RECT room_{};
 };
 
 }  // namespace
@@ -96,7 +118,7 @@ std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, HWND parent) {
 }
 
 std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, HWND parent) {
-    return std::make_unique<ContainerPeer<forms::PictureBox>>(panel, parent, panelClass());
+    return std::make_unique<PanelPeer>(panel, parent);
 }
 
 }  // namespace win32

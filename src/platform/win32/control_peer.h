@@ -47,7 +47,7 @@ class ControlPeer : public forms::Peer {
 
     /// A bar along an edge of the form takes its place away from the room.
     virtual void takeEdge(RECT& /*room*/) {}
-    /// The room that the form's bars leave has changed.
+    /// The room that the form has for pages, beside its bars and a margin, has changed.
     virtual void fitInto(const RECT& /*room*/) {}
 
     [[nodiscard]] forms::Control& control() const { return control_; }

@@ -142,6 +142,9 @@ void FormWindow::fitControls() {
     GetClientRect(window_, &room);
     for (ControlPeer* peer : peers_)
         peer->takeEdge(room);
+    const LONG margin = pixels(60, dpiOf(window_));
+    room.right -= margin;
+    room.bottom -= margin;
     for (ControlPeer* peer : peers_)
         peer->fitInto(room);
 }

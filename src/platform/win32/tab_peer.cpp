@@ -44,11 +44,7 @@ class TabPeer : public PeerOf<forms::TabStrip> {
     void draw() override { send(TCM_SETCURSEL, control_.SelectedItem - 1); }
 
     void lay() override {
-        const LONG margin = pixels(60, dpiOf(window()));
-        const RECT room{0, 0, room_.right - margin, room_.bottom - margin};
-        const RECT whole = place();
-        RECT seen{};
-        move(IntersectRect(&seen, &whole, &room) ? seen : whole, HWND_BOTTOM);
+        move(within(place(), room_), HWND_BOTTOM);
     }
 
   private:

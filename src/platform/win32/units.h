@@ -35,4 +35,10 @@ inline int heightOf(const RECT& rect) {
     return rect.bottom - rect.top;
 }
 
+/// The part of the place that lies in the room; all of it if none does.
+inline RECT within(const RECT& place, const RECT& room) {
+    RECT seen;
+    return IntersectRect(&seen, &place, &room) ? seen : place;
+}
+
 }  // namespace win32
