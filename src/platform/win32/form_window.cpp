@@ -210,15 +210,6 @@ void FormWindow::choose(int menuItem) {
     if (position >= 0 && position < static_cast<int>(controls.size())) controls[position]->click();
 }
 
-/// The id of the button that Enter presses, or 0.
-int FormWindow::defaultButton() const {
-    for (const ControlPeer* peer : peers_) {
-        const auto* button = dynamic_cast<forms::Button*>(&peer->control());
-        if (button && button->isDefault && button->usable()) return GetDlgCtrlID(peer->window());
-    }
-    return 0;
-}
-
 LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     FormWindow* form = of(window);
     return form ? form->handle(message, first, second)
@@ -265,8 +256,6 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
         case WM_ERASEBKGND:
             fill(window, reinterpret_cast<HDC>(first), background_);
             return TRUE;
-        case DM_GETDEFID:
-            return MAKELRESULT(defaultButton(), DC_HASDEFID);
         default:
             break;
     }

@@ -50,7 +50,6 @@ class FormWindow : public forms::WindowPeer {
     void centre();
     void report();
     void choose(int menuItem);
-    [[nodiscard]] int defaultButton() const;
 
     forms::Form& form_;
     HWND window_;

@@ -97,17 +97,32 @@ bool Keyboard::mnemonic(wchar_t letter) {
 
 void Keyboard::settle() {
     if (GetActiveWindow() != window_ || !form_.usable()) return;
-    forms::Control* now = focused();
-    if (now && now->usable()) {
-        last_ = now;
-        return;
+    forms::Control* const now = focused();
+    forms::Control* const wanted = now && now->usable() ? now : heir();
+    if (wanted && wanted != now) focus(*wanted);
+    if (wanted == last_) return;
+    last_ = wanted;
+    markDefault();
+}
+
+/// The control to have the focus while none has that can be used.
+forms::Control* Keyboard::heir() const {
+    if (!last_) return forms::firstFocus(form_, takesFocus);
+    return last_->usable() ? last_ : forms::focusAfter(*last_, takesFocus);
+}
+
+/// Marks the button that Enter presses: the one with the focus, and else the form's default.
+void Keyboard::markDefault() {
+    const auto* pressed = dynamic_cast<const forms::Button*>(last_);
+    for (forms::Control* control : form_.allControls()) {
+        const auto* button = dynamic_cast<const forms::Button*>(control);
+        if (!button) continue;
+        const bool marked = pressed ? button == pressed : button->isDefault;
+        const HWND window = peerOf(button)->window();
+        const LONG style = marked ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        if ((GetWindowLongW(window, GWL_STYLE) & BS_TYPEMASK) != style)
+            SendMessageW(window, BM_SETSTYLE, style, TRUE);
     }
-    if (!last_) {
-        last_ = forms::firstFocus(form_, takesFocus);
-    } else if (!last_->usable()) {
-        last_ = forms::focusAfter(*last_, takesFocus);
-    }
-    if (last_) focus(*last_);
 }
 
 forms::Control* Keyboard::focused() const {

@@ -29,6 +29,8 @@ class Keyboard {
     bool keyPress(WPARAM character);
 
     [[nodiscard]] forms::Control* focused() const;
+    [[nodiscard]] forms::Control* heir() const;
+    void markDefault();
     static void focus(const forms::Control& control);
 
     forms::Form& form_;
