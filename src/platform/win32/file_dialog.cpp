@@ -47,7 +47,8 @@ std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
 
 std::string chooseFile(HWND owner, const forms::FileQuestion& question) {
     std::wstring offered = platform::wide(question.name);
-    if (offered.size() > longestName) offered.clear();
+    if (offered.size() > longestName || offered.find_first_of(L"<>\"|?*") != std::wstring::npos)
+        offered.clear();
     const auto chosen = ask(owner, question, offered);
     return platform::narrow(chosen ? *chosen : ask(owner, question, L"").value_or(L""));
 }
