@@ -118,36 +118,27 @@ forms::Control* Keyboard::mnemonicTarget(const QKeyEvent& key) {
 }
 
 void Keyboard::focusFirst() {
-    focusFirstIn(form_);
+    focus(forms::firstFocus(form_, takesFocus()));
 }
 
-bool Keyboard::focusFirstIn(forms::Container& container) {
-    for (forms::Control* control : container.children()) {
-        if (!control->usable()) continue;
-        QWidget* widget = widgetOf(*control);
-        if (widget && widget->focusPolicy() & Qt::TabFocus) {
-            widget->setFocus(Qt::OtherFocusReason);
-            return true;
-        }
-        auto* inner = dynamic_cast<forms::Container*>(control);
-        if (inner && focusFirstIn(*inner)) return true;
-    }
-    return false;
-}
-
-/// If a container went out of use together with the focus, the focus goes into the one that took
-/// its place.
+/// From a single control that goes out of use Qt finds on by itself. Of a panel it knows nothing:
+/// it may fall back on what stands outside all panels.
 void Keyboard::followPanel() {
-    forms::Container* gone = left_->parent();
-    if (gone->usable() || !form_.usable()) return;
-    while (!gone->parent()->usable())
-        gone = gone->parent();
+    if (left_->parent()->usable()) return;
     const forms::Control* focused = controlOf(window_.focusWidget());
-    if (focused && focused->usable() && focused->parent() != gone->parent()) return;
-    for (forms::Control* sibling : gone->parent()->children()) {
-        auto* other = dynamic_cast<forms::Container*>(sibling);
-        if (other && other->usable() && focusFirstIn(*other)) return;
-    }
+    if (focused && focused->usable() && focused->parent() != &form_) return;
+    focus(forms::focusAfter(*left_, takesFocus()));
+}
+
+void Keyboard::focus(const forms::Control* control) {
+    if (control) widgetOf(*control)->setFocus(Qt::OtherFocusReason);
+}
+
+forms::TakesFocus Keyboard::takesFocus() {
+    return [this](const forms::Control& control) {
+        const QWidget* widget = widgetOf(control);
+        return widget && widget->focusPolicy() & Qt::TabFocus;
+    };
 }
 
 QWidget* Keyboard::receiver() const {

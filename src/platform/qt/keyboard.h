@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "forms/focus.h"
 #include "forms/form.h"
 
 class QMainWindow;
@@ -29,7 +30,8 @@ class Keyboard : public QObject {
     bool controlTakesEnter();
     forms::Control* mnemonicTarget(const QKeyEvent& key);
     void followPanel();
-    bool focusFirstIn(forms::Container& container);
+    void focus(const forms::Control* control);
+    forms::TakesFocus takesFocus();
 
     [[nodiscard]] QWidget* receiver() const;
     forms::Control* controlOf(const QWidget* widget);

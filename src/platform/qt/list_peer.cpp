@@ -12,6 +12,9 @@ class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
   public:
     ListPeer(forms::ListBox& list, QWidget& parent) : PeerOf(list, new QListWidget(&parent)) {
         widget_.setUniformItemSizes(true);
+        // The middle of a long path goes; its tooltip has it whole.
+        widget_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        widget_.setTextElideMode(Qt::ElideMiddle);
         connect(&widget_, &QListWidget::itemSelectionChanged, this, [this] {
             const int row = selectedRow();
             act([&] {
