@@ -4,17 +4,9 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
-namespace fs = std::filesystem;
-
-inline std::string contentOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
+#include "helpers.h"
 
 /// A user's home of its own with drives c:, d: and z:; the current folder is the root of c:.
 class LinuxDesktop : public testing::Test {
@@ -37,10 +29,6 @@ class LinuxDesktop : public testing::Test {
         fs::remove_all(home);
     }
 
-    static void write(const fs::path& file, const std::string& text = "") {
-        fs::create_directories(file.parent_path());
-        std::ofstream(file, std::ios::binary) << text;
-    }
     static void program(const fs::path& file, const std::string& start = "#!/bin/sh\n") {
         write(file, start);
         fs::permissions(file, fs::perms::owner_all);

@@ -11,7 +11,6 @@
 
 using namespace platform;
 using core::Runtime;
-using core::RuntimeError;
 
 namespace {
 
@@ -23,26 +22,6 @@ class Disk : public LinuxDesktop {
     }
 
     WindowsDisk disk{Drives::ofUser()};
-};
-
-class RuntimeOnLinux : public LinuxDesktop {
-  protected:
-    /// The text of the error that the operation ends in; empty if it succeeds.
-    static std::string errorOf(const std::function<void()>& operation) {
-        try {
-            operation();
-        } catch (const RuntimeError& error) {
-            return error.what();
-        }
-        return "";
-    }
-
-    std::string title;
-    LinuxRuntime runtime{[this](auto&, int, const std::string& shown) {
-                             title = shown;
-                             return Runtime::Answer::Yes;
-                         },
-                         home / "programs"};
 };
 
 }  // namespace
@@ -191,51 +170,8 @@ TEST(ShortNames, KeepToEightCharactersWhenManyCompete) {
         EXPECT_EQ(shortNames.shortFor(names[index]), shortName);
 }
 
-TEST_F(RuntimeOnLinux, FindsOrdinaryFilesOnly) {
-    write(c / "games/Cave.kel");
-    write(c / "games/.hidden.kel");
-    const std::pair<const char*, const char*> cases[] = {
-        {"c:\\games\\cave.KEL", "Cave.kel"},
-        {"games\\Cave.kel", "Cave.kel"},
-        {"c:\\games", ""},
-        {"c:\\games\\.hidden.kel", ""},
-        {"c:\\games\\*.kel", ""},
-        {"c:\\games\\?ave.kel", ""},
-        {"", ""},
-        {"c:\\none\\Cave.kel", ""},
-        {"q:\\Cave.kel", ""},
-        {"c:\\games\\Cave.kel\\", ""},
-    };
-    for (const auto& [path, name] : cases)
-        EXPECT_EQ(runtime.rtcDir(path), name) << path;
-    write(home / "programs/nwbw.ini");
-    EXPECT_EQ(runtime.rtcDir(runtime.AppPath() + "\\nwbw.ini"), "nwbw.ini");
-}
-
-TEST_F(RuntimeOnLinux, WritesReadsRenamesAndDeletesFiles) {
-    runtime.vbaFileOpen("c:\\x.tmp", Runtime::OpenMode::Output);
-    runtime.vbaPrintFile("c:\\märchen, \"2\"");
-    runtime.vbaPrintFile("");
-    runtime.vbaFileFlush();
-    runtime.vbaFileOpen("c:\\X.TMP", Runtime::OpenMode::Input);
-    EXPECT_EQ(contentOf(c / "x.tmp"), "c:\\märchen, \"2\"\r\n\r\n");
-    EXPECT_EQ(runtime.vbaInputFile(), "c:\\märchen");
-    EXPECT_FALSE(runtime.rtcEndOfFile());
-    runtime.vbaFileClose();
-    runtime.vbaNameFile("c:\\x.tmp", "c:\\y.ini");
-    EXPECT_LT(runtime.rtcFileDateTime("c:\\y.ini") - std::chrono::system_clock::now(),
-              std::chrono::seconds(1));
-
-    write(c / "old.ini", "kept");
-    EXPECT_EQ(errorOf([&] { runtime.vbaNameFile("c:\\y.ini", "c:\\OLD.ini"); }),
-              "Cannot rename c:\\y.ini to c:\\OLD.ini: File exists");
-    EXPECT_EQ(contentOf(c / "old.ini"), "kept");
-    runtime.rtcKillFiles("c:\\OLD.INI");
-    EXPECT_EQ(errorOf([&] { runtime.rtcKillFiles("c:\\old.ini"); }),
-              "Cannot delete c:\\old.ini: No such file or directory");
-}
-
-TEST_F(RuntimeOnLinux, TellsWhatCannotBeWritten) {
+TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
+    LinuxRuntime runtime(nullptr);
     const auto open = [&](const char* path) {
         return errorOf([&] { runtime.vbaFileOpen(path, Runtime::OpenMode::Output); });
     };
@@ -254,17 +190,6 @@ TEST_F(RuntimeOnLinux, TellsWhatCannotBeWritten) {
     runtime.vbaPrintFile("x");
     EXPECT_EQ(errorOf([&] { runtime.vbaFileClose(); }), full);
     EXPECT_EQ(open("c:\\x"), "");
-}
-
-TEST_F(RuntimeOnLinux, StoresSettingsAndTitlesItsBoxes) {
-    const std::string value = "a, \"b\" = @é; 5%";
-    runtime.rtcSaveSetting("The Norvane Workbench", "Settings", "MainLeft", value);
-    LinuxRuntime other(nullptr);
-    EXPECT_EQ(other.rtcGetSetting("The Norvane Workbench", "Settings", "MainLeft", ""), value);
-    EXPECT_EQ(other.rtcGetSetting("The Norvane Workbench", "Settings", "MainTop", "7"), "7");
-    EXPECT_TRUE(fs::exists(home / "nwbw/The Norvane Workbench.ini"));
-    EXPECT_EQ(runtime.rtcMsgBox("?", Runtime::yesNo, ""), Runtime::Answer::Yes);
-    EXPECT_EQ(title, "The Norvane Workbench");
 }
 
 TEST(DesktopEntry, ReplacesFieldCodes) {

@@ -26,10 +26,11 @@ bool isScript(const std::string& program) {
     return lstrcmpiW(end.c_str(), L".bat") == 0 || lstrcmpiW(end.c_str(), L".cmd") == 0;
 }
 
-std::wstring interpreter() {
+/// The path, quoted, of a program that comes with the system.
+std::string ofSystem(const std::string& program) {
     std::wstring folder(MAX_PATH, L'\0');
     folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
-    return folder + L"\\cmd.exe";
+    return core::quoted(narrow(folder) + '\\' + program);
 }
 
 /// Has the interpreter run the script. It reads one in the code page of its console, which stays
@@ -38,8 +39,9 @@ std::string interpreted(const std::string& script, const std::string& command) {
     const std::string text = readFile(script);
     const bool isPlain =
         std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
-    const std::string before = isPlain ? "" : "chcp " + std::to_string(utf8) + " >nul & ";
-    return core::quoted(narrow(interpreter())) + " /s /c " + core::quoted(before + command);
+    const std::string before =
+        isPlain ? "" : ofSystem("chcp.com") + ' ' + std::to_string(utf8) + " >nul & ";
+    return ofSystem("cmd.exe") + " /s /c " + core::quoted(before + command);
 }
 
 void start(const std::string& program, const std::string& command, bool maximised) {

@@ -1,0 +1,183 @@
+// What the program relies on from each operation of its platform, the same on every system.
+
+#ifdef _WIN32
+#include "platform_suite_win32.h"
+#else
+#include "platform_suite_linux.h"
+#endif
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "core/text.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class Platform : public System {
+  protected:
+    /// The path of what lies in the place.
+    [[nodiscard]] std::string in(const std::string& name) const { return folder + '\\' + name; }
+
+    static std::string textOf(const fs::path& path) {
+        const std::u8string text = path.u8string();
+        return {text.begin(), text.end()};
+    }
+
+    /// What the child programs have echoed, once a whole line is there.
+    [[nodiscard]] std::string echoed() const {
+        for (int tries = 0; tries < 1000 && !contentOf(place / "echo").ends_with('\n'); ++tries)
+            std::this_thread::sleep_for(20ms);
+        const std::string echo = contentOf(place / "echo");
+        fs::remove(place / "echo");
+        return echo;
+    }
+    /// Puts the echo child in a folder that is the search path; gives its path.
+    [[nodiscard]] std::string echoChild() const {
+        setVariable("NWBW_ECHO", place / "echo");
+        setVariable("PATH", place / "tools");
+        fs::create_directories(place / "tools");
+        fs::copy_file(NWBW_ECHO_CHILD, place / "tools/tool.exe");
+        return in("tools\\tool.exe");
+    }
+
+    std::string title;
+    Runtime runtime = makeRuntime([this](auto&, int, const std::string& shown) {
+        title = shown;
+        return Runtime::Answer::Yes;
+    });
+};
+
+}  // namespace
+
+TEST_F(Platform, FindsOrdinaryFilesOnly) {
+    write(place / "games/Cave.kel");
+    write(place / "games/secret.kel");
+    const std::string hidden = hide(place / "games/secret.kel");
+    const std::pair<std::string, const char*> cases[] = {
+        {in("games\\Cave.kel"), "Cave.kel"},
+        {in("GAMES\\cave.KEL"), "Cave.kel"},
+        {"games\\Cave.kel", "Cave.kel"},
+        {in("games"), ""},
+        {in("games\\" + hidden), ""},
+        {in("games\\*.kel"), ""},
+        {in("games\\?ave.kel"), ""},
+        {in("games\\Cave<"), ""},
+        {in("games\\Cave.kel\\"), ""},
+        {in("none\\Cave.kel"), ""},
+        {"q:\\Cave.kel", ""},
+        {"", ""},
+    };
+    for (const auto& [path, name] : cases)
+        EXPECT_EQ(runtime.rtcDir(path), name) << path;
+    EXPECT_EQ(core::afterLast(runtime.AppPath(), '\\'), "bin");
+}
+
+TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {
+    runtime.vbaFileOpen(in("x.tmp"), Runtime::OpenMode::Output);
+    runtime.vbaPrintFile("c:\\märchen, \"2\"");
+    runtime.vbaPrintFile("");
+    runtime.vbaFileFlush();
+    runtime.vbaFileOpen(in("X.TMP"), Runtime::OpenMode::Input);
+    EXPECT_EQ(contentOf(place / "x.tmp"), "c:\\märchen, \"2\"\r\n\r\n");
+    EXPECT_EQ(runtime.vbaInputFile(), "c:\\märchen");
+    EXPECT_EQ(runtime.vbaInputFile(), "2");
+    EXPECT_FALSE(runtime.rtcEndOfFile());
+    EXPECT_EQ(runtime.vbaInputFile(), "");
+    EXPECT_TRUE(runtime.rtcEndOfFile());
+    runtime.vbaFileClose();
+
+    write(place / "old.ini", "m\xe4rchen\r\n");
+    runtime.vbaFileOpen(in("old.ini"), Runtime::OpenMode::Input);
+    EXPECT_EQ(runtime.vbaInputFile(), oldText);
+    runtime.vbaFileOpen(in("x.tmp"), Runtime::OpenMode::Output);
+    runtime.vbaPrintFile("short");
+    runtime.vbaFileClose();
+    EXPECT_EQ(contentOf(place / "x.tmp"), "short\r\n");
+
+    runtime.vbaNameFile(in("x.tmp"), in("y.ini"));
+    const auto now = fs::file_time_type::clock::now();
+    fs::last_write_time(place / "old.ini", now - 2s);
+    fs::last_write_time(place / "y.ini", now);
+    EXPECT_EQ(runtime.rtcFileDateTime(in("y.ini")) - runtime.rtcFileDateTime(in("old.ini")), 2s);
+    EXPECT_LT(
+        std::chrono::abs(runtime.rtcFileDateTime(in("y.ini")) - std::chrono::system_clock::now()),
+        10s);
+    const auto rename = [&] { runtime.vbaNameFile(in("y.ini"), in("OLD.ini")); };
+    EXPECT_TRUE(errorOf(rename).starts_with("Cannot rename " + in("y.ini") + " to " +
+                                            in("OLD.ini") + ": "));
+    EXPECT_EQ(contentOf(place / "old.ini"), "m\xe4rchen\r\n");
+    const auto remove = [&] { runtime.rtcKillFiles(in("OLD.INI")); };
+    EXPECT_EQ(errorOf(remove), "");
+    EXPECT_TRUE(errorOf(remove).starts_with("Cannot delete " + in("OLD.INI") + ": "));
+    EXPECT_FALSE(fs::exists(place / "old.ini"));
+    const auto open = [&] { runtime.vbaFileOpen(in("none\\x"), Runtime::OpenMode::Output); };
+    EXPECT_TRUE(errorOf(open).starts_with("Cannot open " + in("none\\x") + ": "));
+}
+
+TEST_F(Platform, GivesShortPaths) {
+    for (const std::string name : {"wizardquest.kel", "wizardquest.lis", "my long.story.kelm"}) {
+        write(place / "my games" / name);
+        const std::string shortPath = runtime.GetShortPathName(in("my games\\" + name));
+        const std::string shortName(core::afterLast(shortPath, '\\'));
+        EXPECT_LE(core::length(core::beforeLast(shortName, '.')), 8U) << shortPath;
+        EXPECT_EQ(shortPath.find(' '), std::string::npos) << shortPath;
+        EXPECT_EQ(runtime.rtcDir(shortPath), name);
+    }
+    EXPECT_NE(runtime.GetShortPathName(in("my games")), "");
+    EXPECT_EQ(runtime.GetShortPathName(in("my games\\none.kel")), "");
+    EXPECT_EQ(runtime.GetShortPathName(""), "");
+}
+
+TEST_F(Platform, RunsAScript) {
+    const std::string child = core::quoted(echoChild());
+    write(place / "my games/walk log.txt", "say hello");
+    // Wine's interpreter reads scripts in a code page of its own: the accent stands behind the end.
+    write(place / "Nor & vane (x)/~kelmcon.bat",
+          folder.substr(0, 2) + "\r\ncd \"" + folder.substr(2) + "\\my games\\\"\r\n" + child +
+              " cave -Pack \"a & b\" -OF\"x y\" < \"walk log.txt\"\r\nexit\r\n" + child +
+              " märchen\r\n");
+    runtime.rtcShell(core::quoted(in("Nor & vane (x)\\~kelmcon.bat")), Runtime::maximisedFocus);
+    EXPECT_EQ(echoed(), textOf(place / "my games") + "[cave][-Pack][a & b][-OFx y]say hello\n");
+}
+
+TEST_F(Platform, StartsPrograms) {
+    const std::string child = echoChild();
+    runtime.rtcShell(core::quoted(child) + " \"a märchen\" no-input", Runtime::normalFocus);
+    EXPECT_EQ(echoed(), textOf(place) + "[a märchen][no-input]\n");
+    runtime.rtcShell("tool.exe no-input", Runtime::normalFocus);
+    EXPECT_EQ(echoed(), textOf(place) + "[no-input]\n");
+    for (const std::string& command : {core::quoted(in("none.bat")), std::string("none x"),
+                                       core::quoted(in("none.exe")), std::string()}) {
+        const auto start = [&] { runtime.rtcShell(command, Runtime::normalFocus); };
+        EXPECT_NE(errorOf(start), "") << command;
+    }
+}
+
+TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
+    const char* application = "Norvane Workbench Tests";
+    const std::string value = "a, \"b\" = @é; 5%";
+    runtime.rtcSaveSetting(application, "Settings", "MainLeft", value);
+    Runtime other = makeRuntime(nullptr);
+    EXPECT_EQ(other.rtcGetSetting(application, "Settings", "MainLeft", ""), value);
+    EXPECT_EQ(other.rtcGetSetting(application, "Settings", "MainTop", "7"), "7");
+    EXPECT_EQ(runtime.rtcMsgBox("?", Runtime::yesNo, ""), Runtime::Answer::Yes);
+    EXPECT_EQ(title, "The Norvane Workbench");
+}
+
+TEST_F(Platform, ListsDrivesAndFolders) {
+    write(place / "tales/x");
+    write(place / "games/x");
+    write(place / "file");
+    std::vector<std::string> names = runtime.folders(folder);
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{"games", "tales"}));
+    EXPECT_TRUE(runtime.folders(in("games\\")).empty());
+    EXPECT_TRUE(errorOf([&] { runtime.folders(in("none")); }).starts_with("Cannot open "));
+    EXPECT_EQ(runtime.currentFolder(), folder);
+    const std::vector<std::string> drives = runtime.drives();
+    EXPECT_NE(std::find(drives.begin(), drives.end(), "c:"), drives.end());
+    EXPECT_TRUE(std::is_sorted(drives.begin(), drives.end()));
+}
