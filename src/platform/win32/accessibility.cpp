@@ -12,7 +12,7 @@ namespace win32 {
 void setSpokenName(HWND window, const std::string& name) {
     const auto services = comFrom<IAccPropServices>([](IAccPropServices** made) {
         return CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
-                                IID_PPV_ARGS(made));
+                                IID_IAccPropServices, reinterpret_cast<void**>(made));
     });
     if (!services) return;
     services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,

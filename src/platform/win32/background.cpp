@@ -12,8 +12,16 @@ namespace win32 {
 
 namespace {
 
-/// The colour in the middle of a tab strip's page, as the visual style draws it.
-COLORREF pageColour() {
+bool holdsTabs(const forms::Container& container) {
+    const auto& children = container.children();
+    return std::any_of(children.begin(), children.end(), [](const forms::Control* child) {
+        return dynamic_cast<const forms::TabStrip*>(child) != nullptr;
+    });
+}
+
+}  // namespace
+
+COLORREF tabPageColour() {
     const HTHEME theme = OpenThemeData(nullptr, L"TAB");
     if (!theme) return GetSysColor(COLOR_3DFACE);
     constexpr int size = 32;
@@ -32,16 +40,7 @@ COLORREF pageColour() {
     return colour;
 }
 
-bool holdsTabs(const forms::Container& container) {
-    const auto& children = container.children();
-    return std::any_of(children.begin(), children.end(), [](const forms::Control* child) {
-        return dynamic_cast<const forms::TabStrip*>(child) != nullptr;
-    });
-}
-
-}  // namespace
-
-COLORREF backgroundOf(forms::Container& container) {
+COLORREF backgroundOf(forms::Container& container, COLORREF tabPage) {
     const std::uint32_t formColour = container.form().style.background;
     const bool coloured = formColour != forms::FormStyle::noColour;
     if (!container.parent()) {
@@ -49,7 +48,7 @@ COLORREF backgroundOf(forms::Container& container) {
                         : GetSysColor(COLOR_3DFACE);
     }
     if (coloured) return GetSysColor(COLOR_WINDOW);
-    return holdsTabs(*container.parent()) ? pageColour() : backgroundOf(*container.parent());
+    return holdsTabs(*container.parent()) ? tabPage : backgroundOf(*container.parent(), tabPage);
 }
 
 HBRUSH brush(HDC device, COLORREF colour) {

@@ -5,9 +5,12 @@
 
 namespace win32 {
 
-/// The colour behind the controls of a form or container: that of a tab strip's page for the
-/// panels that lie on one.
-COLORREF backgroundOf(forms::Container& container);
+/// The colour in the middle of a tab strip's page, as the visual style draws it.
+COLORREF tabPageColour();
+
+/// The colour behind the controls of a form or container. Panels beside a tab strip lie on its
+/// page, which has the colour given.
+COLORREF backgroundOf(forms::Container& container, COLORREF tabPage);
 
 /// A brush for the device and the colour, good until the next call for the same device.
 HBRUSH brush(HDC device, COLORREF colour);

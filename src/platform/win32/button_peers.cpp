@@ -10,8 +10,8 @@ namespace {
 template <typename Kind>
 class ClickPeer : public PeerOf<Kind> {
   public:
-    ClickPeer(Kind& control, HWND parent, DWORD style)
-        : PeerOf<Kind>(control, parent, {L"BUTTON", style | WS_TABSTOP}) {}
+    ClickPeer(Kind& control, const Site& site, DWORD style)
+        : PeerOf<Kind>(control, site, {L"BUTTON", style | WS_TABSTOP}) {}
 
     void command(int notification) override {
         if (notification == BN_CLICKED) click();
@@ -33,8 +33,8 @@ class ClickPeer : public PeerOf<Kind> {
 
 class ButtonPeer : public ClickPeer<forms::Button> {
   public:
-    ButtonPeer(forms::Button& button, HWND parent)
-        : ClickPeer(button, parent, button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) {}
+    ButtonPeer(forms::Button& button, const Site& site)
+        : ClickPeer(button, site, button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) {}
 
     void enter() override { click(); }
     [[nodiscard]] bool fits(const Ruler& ruler) const override { return fitsBeside(ruler, 16); }
@@ -59,16 +59,16 @@ class MarkPeer : public ClickPeer<Kind> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::Button& button, HWND parent) {
-    return std::make_unique<ButtonPeer>(button, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::Button& button, const Site& site) {
+    return std::make_unique<ButtonPeer>(button, site);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::CheckBox& box, HWND parent) {
-    return std::make_unique<MarkPeer<forms::CheckBox>>(box, parent, BS_CHECKBOX);
+std::unique_ptr<forms::Peer> makePeer(forms::CheckBox& box, const Site& site) {
+    return std::make_unique<MarkPeer<forms::CheckBox>>(box, site, BS_CHECKBOX);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::OptionButton& option, HWND parent) {
-    return std::make_unique<MarkPeer<forms::OptionButton>>(option, parent, BS_AUTORADIOBUTTON);
+std::unique_ptr<forms::Peer> makePeer(forms::OptionButton& option, const Site& site) {
+    return std::make_unique<MarkPeer<forms::OptionButton>>(option, site, BS_AUTORADIOBUTTON);
 }
 
 }  // namespace win32

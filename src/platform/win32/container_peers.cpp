@@ -27,25 +27,23 @@ const wchar_t* panelClass() {
 template <typename Kind>
 class ContainerPeer : public PeerOf<Kind> {
   public:
-    ContainerPeer(Kind& container, HWND parent, const wchar_t* className, DWORD style = 0)
-        : PeerOf<Kind>(container, parent,
-                       {className, style | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}) {
+    ContainerPeer(Kind& container, const Site& site, const wchar_t* className, DWORD style = 0)
+        : PeerOf<Kind>(container, site, {className, style | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}) {
         SetWindowSubclass(this->window(), procedure, 0, reinterpret_cast<DWORD_PTR>(this));
     }
     ~ContainerPeer() override { RemoveWindowSubclass(this->window(), procedure, 0); }
     ContainerPeer(const ContainerPeer&) = delete;
     ContainerPeer& operator=(const ContainerPeer&) = delete;
 
+    void restyle(const Style& style) override {
+        ControlPeer::restyle(style);
+        background_ = backgroundOf(this->control_, style.tabPage);
+    }
     [[nodiscard]] bool transparent() const override { return true; }
 
   protected:
     /// The left button has gone down on the container's own ground.
     virtual void pressed() {}
-
-    void lay() override {
-        background_ = backgroundOf(this->control_);
-        ControlPeer::lay();
-    }
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second,
@@ -75,8 +73,8 @@ class ContainerPeer : public PeerOf<Kind> {
 
 class FramePeer : public ContainerPeer<forms::Frame> {
   public:
-    FramePeer(forms::Frame& frame, HWND parent)
-        : ContainerPeer(frame, parent, frame.Caption().empty() ? panelClass() : L"BUTTON",
+    FramePeer(forms::Frame& frame, const Site& site)
+        : ContainerPeer(frame, site, frame.Caption().empty() ? panelClass() : L"BUTTON",
                         frame.Caption().empty() ? 0 : BS_GROUPBOX) {}
 
     [[nodiscard]] bool fits(const Ruler& ruler) const override {
@@ -92,8 +90,8 @@ class FramePeer : public ContainerPeer<forms::Frame> {
 /// The panel on a page, which ends where the page does, so that the page's edges stay in sight.
 class PanelPeer : public ContainerPeer<forms::PictureBox> {
   public:
-    PanelPeer(forms::PictureBox& panel, HWND parent)
-        : ContainerPeer(panel, parent, panelClass()) {}
+    PanelPeer(forms::PictureBox& panel, const Site& site)
+        : ContainerPeer(panel, site, panelClass()) {}
 
     void fitInto(const RECT& room) override {
         const LONG edge = pixels(45, dpiOf(window()));
@@ -102,10 +100,7 @@ class PanelPeer : public ContainerPeer<forms::PictureBox> {
     }
 
   protected:
-    void lay() override {
-        ContainerPeer::lay();
-        move(within(place(), room_));
-    }
+    [[nodiscard]] RECT place() const override { return within(ContainerPeer::place(), room_); }
 
   private:
     RECT room_{};
@@ -113,12 +108,12 @@ class PanelPeer : public ContainerPeer<forms::PictureBox> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, HWND parent) {
-    return std::make_unique<FramePeer>(frame, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, const Site& site) {
+    return std::make_unique<FramePeer>(frame, site);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, HWND parent) {
-    return std::make_unique<PanelPeer>(panel, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, const Site& site) {
+    return std::make_unique<PanelPeer>(panel, site);
 }
 
 }  // namespace win32

@@ -15,11 +15,18 @@ bool asksForNothing(const forms::Font& font) {
 
 }  // namespace
 
-ControlPeer::ControlPeer(forms::Control& control, HWND parent, const WindowKind& kind)
+ControlPeer::ControlPeer(forms::Control& control, const Site& site, const WindowKind& kind)
     : control_(control),
-      window_(CreateWindowExW(kind.extendedStyle, kind.className, L"",
-                              kind.style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, parent, nullptr,
-                              GetModuleHandleW(nullptr), nullptr)) {
+      place_(placeOf(control, dpiOf(site.parent))),
+      enabled_(control.Enabled),
+      shown_(isShown()),
+      window_(CreateWindowExW(
+          kind.extendedStyle, kind.className, platform::wide(control.Caption()).c_str(),
+          kind.style | WS_CHILD | WS_CLIPSIBLINGS | (site.startsGroup ? WS_GROUP : 0) |
+              (shown_ ? WS_VISIBLE : 0) | (enabled_ ? 0 : WS_DISABLED),
+          place_.left, place_.top, widthOf(place_), heightOf(place_), site.parent,
+          reinterpret_cast<HMENU>(static_cast<UINT_PTR>(site.id)), GetModuleHandleW(nullptr),
+          nullptr)) {
     SetPropW(window_, peerProperty, this);
 }
 
@@ -33,19 +40,29 @@ ControlPeer* ControlPeer::of(HWND window) {
 
 void ControlPeer::update() {
     lay();
-    EnableWindow(window_, control_.Enabled);
+    if (enabled_ != control_.Enabled) {
+        enabled_ = control_.Enabled;
+        EnableWindow(window_, enabled_);
+    }
     draw();
-    // What was moved out of its container is out of sight for a screen reader as well.
-    const bool shown = control_.Visible && control_.Left + control_.Width > 0;
-    ShowWindow(window_, shown ? SW_SHOWNA : SW_HIDE);
+    if (shown_ != isShown()) {
+        shown_ = isShown();
+        ShowWindow(window_, shown_ ? SW_SHOWNA : SW_HIDE);
+    }
 }
 
-void ControlPeer::setFont(const LOGFONTW& formFont, HFONT shared) {
+/// What was moved out of its container is out of sight for a screen reader as well.
+bool ControlPeer::isShown() const {
+    return control_.Visible && control_.Left + control_.Width > 0;
+}
+
+void ControlPeer::restyle(const Style& style) {
+    HFONT font = style.sharedFont;
     if (!asksForNothing(control_.font)) {
-        ownFont_ = makeFont(wantedFont(control_.font, formFont, dpiOf(window_)));
-        shared = ownFont_.get();
+        ownFont_ = makeFont(wantedFont(control_.font, style.font, dpiOf(window_)));
+        font = ownFont_.get();
     }
-    send(WM_SETFONT, reinterpret_cast<WPARAM>(shared), TRUE);
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
 void ControlPeer::lay() {
@@ -56,9 +73,11 @@ RECT ControlPeer::place() const {
     return placeOf(control_, dpiOf(window_));
 }
 
-void ControlPeer::move(const RECT& place, HWND behind) {
-    SetWindowPos(window_, behind, place.left, place.top, widthOf(place), heightOf(place),
-                 SWP_NOACTIVATE | (behind ? 0 : SWP_NOZORDER));
+void ControlPeer::move(const RECT& place) {
+    if (EqualRect(&place, &place_)) return;
+    place_ = place;
+    SetWindowPos(window_, nullptr, place.left, place.top, widthOf(place), heightOf(place),
+                 SWP_NOACTIVATE | SWP_NOZORDER);
 }
 
 void ControlPeer::drawText(const std::string& wanted) {
@@ -69,6 +88,15 @@ std::string ControlPeer::text() const {
     std::wstring text(GetWindowTextLengthW(window_), L'\0');
     text.resize(GetWindowTextW(window_, text.data(), static_cast<int>(text.size()) + 1));
     return platform::narrow(text);
+}
+
+ControlPeer* peerOf(const forms::Control* control) {
+    return control ? dynamic_cast<ControlPeer*>(control->peer()) : nullptr;
+}
+
+bool takesFocus(const forms::Control& control) {
+    const auto* peer = peerOf(&control);
+    return peer && GetWindowLongW(peer->window(), GWL_STYLE) & WS_TABSTOP;
 }
 
 }  // namespace win32

@@ -15,11 +15,25 @@ struct WindowKind {
     DWORD extendedStyle = 0;
 };
 
+/// What the controls of a form take over from the system.
+struct Style {
+    LOGFONTW font;     ///< of the form
+    HFONT sharedFont;  ///< the same, made
+    COLORREF tabPage;  ///< the colour of a tab strip's page
+};
+
+/// Where the window of a control is made.
+struct Site {
+    HWND parent;
+    int id;
+    bool startsGroup;  ///< the arrow keys do not lead from the control before to this one
+};
+
 /// A peer that shows its control as one window inside that of its container. The window belongs to
 /// the form's, and may outlive the peer by the rest of the message that ended the form.
 class ControlPeer : public forms::Peer {
   public:
-    ControlPeer(forms::Control& control, HWND parent, const WindowKind& kind);
+    ControlPeer(forms::Control& control, const Site& site, const WindowKind& kind);
     ~ControlPeer() override;
     ControlPeer(const ControlPeer&) = delete;
     ControlPeer& operator=(const ControlPeer&) = delete;
@@ -28,8 +42,9 @@ class ControlPeer : public forms::Peer {
     static ControlPeer* of(HWND window);
 
     void update() final;
-    /// Takes over the font of the form, or what the control wants instead.
-    void setFont(const LOGFONTW& formFont, HFONT shared);
+    /// Takes over the style, with the font that the control wants instead of the form's. An update
+    /// has to follow.
+    virtual void restyle(const Style& style);
     /// True if the whole caption can be read in a font of the form.
     [[nodiscard]] virtual bool fits(const Ruler& /*ruler*/) const { return true; }
 
@@ -63,8 +78,9 @@ class ControlPeer : public forms::Peer {
     void drawText(const std::string& text);
     /// The window's text.
     [[nodiscard]] std::string text() const;
-    void move(const RECT& place, HWND behind = nullptr);
-    [[nodiscard]] RECT place() const;
+    void move(const RECT& place);
+    /// Where the window belongs in its container.
+    [[nodiscard]] virtual RECT place() const;
 
     LRESULT send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
         return SendMessageW(window_, message, first, second);
@@ -82,17 +98,28 @@ class ControlPeer : public forms::Peer {
     }
 
   private:
+    [[nodiscard]] bool isShown() const;
+
     forms::Control& control_;
+    RECT place_;    // These three are what the window has now, as the
+    bool enabled_;  // system is slow to change it, even to what it is.
+    bool shown_;
     HWND window_;
     Font ownFont_;
 };
+
+/// The peer of a control, if that has a window; else, and for no control, null.
+ControlPeer* peerOf(const forms::Control* control);
+
+/// True if a user reaches the control by tabbing.
+bool takesFocus(const forms::Control& control);
 
 /// A peer that knows its control by its kind.
 template <typename Kind>
 class PeerOf : public ControlPeer {
   public:
-    PeerOf(Kind& control, HWND parent, const WindowKind& kind)
-        : ControlPeer(control, parent, kind), control_(control) {}
+    PeerOf(Kind& control, const Site& site, const WindowKind& kind)
+        : ControlPeer(control, site, kind), control_(control) {}
 
   protected:
     Kind& control_;

@@ -33,6 +33,7 @@ LOGFONTW wantedFont(const forms::Font& wanted, LOGFONTW formFont, int dpi) {
     if (!wanted.family.empty()) {
         const std::wstring family = platform::wide(wanted.family).substr(0, LF_FACESIZE - 1);
         formFont.lfFaceName[family.copy(formFont.lfFaceName, LF_FACESIZE - 1)] = L'\0';
+        formFont.lfPitchAndFamily = DEFAULT_PITCH;
     }
     if (wanted.italic) formFont.lfItalic = TRUE;
     return wanted.points > 0 ? withPoints(formFont, wanted.points, dpi) : formFont;

@@ -11,8 +11,8 @@ namespace {
 
 class DrivePeer : public PeerOf<forms::DriveList> {
   public:
-    DrivePeer(forms::DriveList& list, HWND parent)
-        : PeerOf(list, parent, {L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST}) {
+    DrivePeer(forms::DriveList& list, const Site& site)
+        : PeerOf(list, site, {L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST}) {
         for (const std::string& drive : list.drives())
             send(CB_ADDSTRING, 0, platform::wide(drive));
     }
@@ -46,8 +46,8 @@ class DrivePeer : public PeerOf<forms::DriveList> {
 /// Each row is indented by blanks, as deep as its folder lies.
 class FolderPeer : public PeerOf<forms::FolderList> {
   public:
-    FolderPeer(forms::FolderList& list, HWND parent)
-        : PeerOf(list, parent,
+    FolderPeer(forms::FolderList& list, const Site& site)
+        : PeerOf(list, site,
                  {L"LISTBOX", WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
                   WS_EX_CLIENTEDGE}) {}
 
@@ -80,12 +80,12 @@ class FolderPeer : public PeerOf<forms::FolderList> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::DriveList& list, HWND parent) {
-    return std::make_unique<DrivePeer>(list, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::DriveList& list, const Site& site) {
+    return std::make_unique<DrivePeer>(list, site);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::FolderList& list, HWND parent) {
-    return std::make_unique<FolderPeer>(list, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::FolderList& list, const Site& site) {
+    return std::make_unique<FolderPeer>(list, site);
 }
 
 }  // namespace win32

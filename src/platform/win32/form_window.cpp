@@ -84,7 +84,6 @@ FormWindow::FormWindow(forms::Form& form)
     : form_(form), window_(makeWindow(form)), keyboard_(form, window_) {
     SetPropW(window_, formProperty, this);
     peers_ = buildPeers(form, window_);
-    addTooltips(window_, peers_);
     takeDefinedSize();
     update();
     restyle();
@@ -126,15 +125,16 @@ void FormWindow::update() {
 
 /// Takes over the system's font and colours at the window's resolution.
 void FormWindow::restyle() {
-    background_ = backgroundOf(form_);
     const LOGFONTW font = fittingFont(peers_, dpiOf(window_));
-    Font before = std::exchange(font_, makeFont(font));  // in use until all have the new one
+    const Font before = std::exchange(font_, makeFont(font));  // in use until all have the new one
+    const Style style{font, font_.get(), tabPageColour()};
+    background_ = backgroundOf(form_, style.tabPage);
     for (ControlPeer* peer : peers_) {
-        peer->setFont(font, font_.get());
+        peer->restyle(style);
         peer->update();
     }
-    fitControls();
-    InvalidateRect(window_, nullptr, TRUE);
+    if (IsWindowVisible(window_)) fitControls();
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void FormWindow::fitControls() {
@@ -151,6 +151,7 @@ void FormWindow::fitControls() {
 
 void FormWindow::show() {
     if (form_.style.centred) centre();
+    fitControls();
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
 }
@@ -239,7 +240,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case WM_SIZE:
             report();
-            fitControls();
+            if (IsWindowVisible(window)) fitControls();
             return 0;
         case WM_DPICHANGED: {
             const RECT& place = *reinterpret_cast<const RECT*>(second);
@@ -248,6 +249,9 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
             restyle();
             return 0;
         }
+        case WM_SETCURSOR:
+            if (!std::exchange(hasTooltips_, true)) addTooltips(window, peers_);
+            break;
         case WM_THEMECHANGED:
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:

@@ -56,6 +56,7 @@ class FormWindow : public forms::WindowPeer {
     Keyboard keyboard_;
     std::vector<ControlPeer*> peers_;
     Font font_;
+    bool hasTooltips_ = false;  ///< they are made when the mouse first moves over the window
     COLORREF background_ = 0;
     forms::Place given_;  ///< the place that the program gave the window last
     HWND owner_ = nullptr;

@@ -10,8 +10,8 @@ namespace {
 /// A picture, stretched to the control. It takes clicks upon itself, as labels do.
 class ImagePeer : public PeerOf<forms::Image> {
   public:
-    ImagePeer(forms::Image& image, HWND parent)
-        : PeerOf(image, parent, {L"STATIC", SS_OWNERDRAW | SS_NOTIFY}) {}
+    ImagePeer(forms::Image& image, const Site& site)
+        : PeerOf(image, site, {L"STATIC", SS_OWNERDRAW | SS_NOTIFY}) {}
 
     [[nodiscard]] bool transparent() const override { return true; }
 
@@ -42,8 +42,8 @@ class ImagePeer : public PeerOf<forms::Image> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::Image& image, HWND parent) {
-    return std::make_unique<ImagePeer>(image, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::Image& image, const Site& site) {
+    return std::make_unique<ImagePeer>(image, site);
 }
 
 }  // namespace win32

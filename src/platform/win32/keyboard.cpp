@@ -17,15 +17,6 @@ int shiftState() {
            (isDown(VK_MENU) ? forms::altMask : 0);
 }
 
-ControlPeer* peerOf(const forms::Control* control) {
-    return control ? dynamic_cast<ControlPeer*>(control->peer()) : nullptr;
-}
-
-bool takesFocus(const forms::Control& control) {
-    const auto* peer = peerOf(&control);
-    return peer && GetWindowLongW(peer->window(), GWL_STYLE) & WS_TABSTOP;
-}
-
 }  // namespace
 
 bool Keyboard::take(MSG& message) {

@@ -11,8 +11,8 @@ namespace {
 /// container's.
 class LabelPeer : public PeerOf<forms::Label> {
   public:
-    LabelPeer(forms::Label& label, HWND parent)
-        : PeerOf(label, parent, {L"STATIC", SS_NOTIFY | prefix(label)}) {}
+    LabelPeer(forms::Label& label, const Site& site)
+        : PeerOf(label, site, {L"STATIC", SS_NOTIFY | prefix(label)}) {}
 
     [[nodiscard]] bool transparent() const override { return true; }
 
@@ -37,8 +37,8 @@ class LabelPeer : public PeerOf<forms::Label> {
         const DWORD lines = control_.centred ? SS_CENTER : SS_LEFT;
         constexpr DWORD fixed = ~static_cast<DWORD>(SS_TYPEMASK | SS_CENTERIMAGE | SS_ELLIPSISMASK);
         const auto style = static_cast<DWORD>(GetWindowLongW(window(), GWL_STYLE));
-        SetWindowLongW(window(), GWL_STYLE,
-                       static_cast<LONG>((style & fixed) | (wraps ? lines : oneLine)));
+        const DWORD wanted = (style & fixed) | (wraps ? lines : oneLine);
+        if (style != wanted) SetWindowLongW(window(), GWL_STYLE, static_cast<LONG>(wanted));
     }
 
   private:
@@ -47,8 +47,8 @@ class LabelPeer : public PeerOf<forms::Label> {
 
 class LinePeer : public PeerOf<forms::Line> {
   public:
-    LinePeer(forms::Line& line, HWND parent)
-        : PeerOf(line, parent,
+    LinePeer(forms::Line& line, const Site& site)
+        : PeerOf(line, site,
                  {L"STATIC",
                   static_cast<DWORD>(line.Width > line.Height ? SS_ETCHEDHORZ : SS_ETCHEDVERT)}) {}
     [[nodiscard]] bool transparent() const override { return true; }
@@ -56,12 +56,12 @@ class LinePeer : public PeerOf<forms::Line> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::Label& label, HWND parent) {
-    return std::make_unique<LabelPeer>(label, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::Label& label, const Site& site) {
+    return std::make_unique<LabelPeer>(label, site);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::Line& line, HWND parent) {
-    return std::make_unique<LinePeer>(line, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::Line& line, const Site& site) {
+    return std::make_unique<LinePeer>(line, site);
 }
 
 }  // namespace win32

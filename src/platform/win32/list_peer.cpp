@@ -10,9 +10,9 @@ namespace {
 
 class ListPeer : public PeerOf<forms::ListBox> {
   public:
-    ListPeer(forms::ListBox& list, HWND parent)
+    ListPeer(forms::ListBox& list, const Site& site)
         : PeerOf(
-              list, parent,
+              list, site,
               {L"LISTBOX", WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
                WS_EX_CLIENTEDGE}) {}
 
@@ -65,8 +65,8 @@ class ListPeer : public PeerOf<forms::ListBox> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::ListBox& list, HWND parent) {
-    return std::make_unique<ListPeer>(list, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::ListBox& list, const Site& site) {
+    return std::make_unique<ListPeer>(list, site);
 }
 
 }  // namespace win32

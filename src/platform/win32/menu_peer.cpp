@@ -9,9 +9,10 @@ namespace {
 /// An item opens a menu where it has items of its own. All menus belong to the window's bar.
 class MenuPeer : public forms::Peer {
   public:
-    MenuPeer(forms::MenuItem& item, HWND window, int id) : item_(item), window_(window), id_(id) {
+    MenuPeer(forms::MenuItem& item, const Site& site)
+        : item_(item), window_(site.parent), id_(site.id) {
         MENUITEMINFOW info = emptyInfo(MIIM_ID);
-        info.wID = id;
+        info.wID = id_;
         if (!item.children().empty()) {
             info.fMask |= MIIM_SUBMENU;
             info.hSubMenu = CreatePopupMenu();
@@ -59,8 +60,8 @@ class MenuPeer : public forms::Peer {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::MenuItem& item, HWND window, int id) {
-    return std::make_unique<MenuPeer>(item, window, id);
+std::unique_ptr<forms::Peer> makePeer(forms::MenuItem& item, const Site& site) {
+    return std::make_unique<MenuPeer>(item, site);
 }
 
 }  // namespace win32

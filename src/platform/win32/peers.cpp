@@ -1,10 +1,32 @@
 #include "platform/win32/peers.h"
 
 #include "forms/form.h"
+#include "platform/win32/accessibility.h"
 
 namespace win32 {
 
 namespace {
+
+/// The control declared in front of this one in the same container, or null.
+forms::Control* before(const forms::Control& control) {
+    forms::Control* before = nullptr;
+    for (forms::Control* sibling : control.parent()->children()) {
+        if (sibling == &control) break;
+        before = sibling;
+    }
+    return before;
+}
+
+/// The arrow keys move among the options that follow one another, and nowhere else.
+bool startsGroup(const forms::Control& control) {
+    return !dynamic_cast<const forms::OptionButton*>(&control) ||
+           !dynamic_cast<const forms::OptionButton*>(before(control));
+}
+
+/// A screen reader calls a window by its caption or by the label before it; else it must be told.
+bool isNameless(const forms::Control& control) {
+    return control.Caption().empty() && !dynamic_cast<const forms::Label*>(before(control));
+}
 
 class PeerBuilder : public forms::ControlVisitor {
   public:
@@ -24,7 +46,7 @@ class PeerBuilder : public forms::ControlVisitor {
     void visit(forms::FolderList& list) override { attach(list); }
     void visit(forms::TabStrip& tabs) override { attach(tabs); }
     void visit(forms::StatusBar& bar) override { attach(bar); }
-    void visit(forms::MenuItem& item) override { item.attach(makePeer(item, window_, id_)); }
+    void visit(forms::MenuItem& item) override { attach(item); }
 
     void build(forms::Control& control, int id) {
         id_ = id;
@@ -35,23 +57,13 @@ class PeerBuilder : public forms::ControlVisitor {
     template <typename Kind>
     void attach(Kind& control) {
         const auto* container = dynamic_cast<ControlPeer*>(control.parent()->peer());
-        control.attach(makePeer(control, container ? container->window() : window_));
+        const HWND parent = container ? container->window() : window_;
+        control.attach(makePeer(control, Site{parent, id_, startsGroup(control)}));
     }
 
     HWND window_;
     int id_ = 0;
 };
-
-/// The arrow keys move among the options that follow one another, and nowhere else.
-bool startsGroup(forms::Control& control) {
-    forms::Control* before = nullptr;
-    for (forms::Control* sibling : control.parent()->children()) {
-        if (sibling == &control) break;
-        before = sibling;
-    }
-    return !dynamic_cast<forms::OptionButton*>(&control) ||
-           !dynamic_cast<forms::OptionButton*>(before);
-}
 
 }  // namespace
 
@@ -60,14 +72,12 @@ std::vector<ControlPeer*> buildPeers(forms::Form& form, HWND window) {
     PeerBuilder builder(window);
     int id = firstId;
     for (forms::Control* control : form.allControls()) {
-        builder.build(*control, id);
-        if (auto* peer = dynamic_cast<ControlPeer*>(control->peer())) {
-            peers.push_back(peer);
-            SetWindowLongPtrW(peer->window(), GWLP_ID, id);
-            const LONG style = GetWindowLongW(peer->window(), GWL_STYLE);
-            if (startsGroup(*control)) SetWindowLongW(peer->window(), GWL_STYLE, style | WS_GROUP);
-        }
-        ++id;
+        builder.build(*control, id++);
+        auto* peer = dynamic_cast<ControlPeer*>(control->peer());
+        if (!peer) continue;
+        peers.push_back(peer);
+        if (takesFocus(*control) && isNameless(*control))
+            setSpokenName(peer->window(), control->accessibleName());
     }
     return peers;
 }

@@ -27,8 +27,8 @@ std::wstring now(Panel panel) {
 
 class StatusBarPeer : public PeerOf<forms::StatusBar> {
   public:
-    StatusBarPeer(forms::StatusBar& bar, HWND parent)
-        : PeerOf(bar, parent, {STATUSCLASSNAMEW, SBARS_SIZEGRIP}), shown_(bar.Panels.size()) {
+    StatusBarPeer(forms::StatusBar& bar, const Site& site)
+        : PeerOf(bar, site, {STATUSCLASSNAMEW, SBARS_SIZEGRIP}), texts_(bar.Panels.size()) {
         constexpr int everySecond = 1000;
         SetTimer(window(), 1, everySecond, [](HWND bar, UINT, UINT_PTR, DWORD) {
             if (auto* peer = ControlPeer::of(bar)) peer->update();
@@ -48,10 +48,10 @@ class StatusBarPeer : public PeerOf<forms::StatusBar> {
 
     /// A part is drawn only when its text has changed.
     void draw() override {
-        for (std::size_t part = 0; part < shown_.size(); ++part) {
+        for (std::size_t part = 0; part < texts_.size(); ++part) {
             const std::wstring text = now(control_.Panels[part]);
-            if (text == shown_[part]) continue;
-            shown_[part] = text;
+            if (text == texts_[part]) continue;
+            texts_[part] = text;
             send(SB_SETTEXTW, part, text);
             RECT room;
             GetClientRect(window(), &room);
@@ -63,22 +63,22 @@ class StatusBarPeer : public PeerOf<forms::StatusBar> {
     /// The texts lie along the right edge, in front of the grip; the empty panel takes the rest.
     void setParts(int width) {
         const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpiOf(window()));
-        std::vector<int> ends(shown_.size());
+        std::vector<int> ends(texts_.size());
         int end = width - ruler.scaled(18);
-        for (std::size_t part = shown_.size(); part-- > 0;) {
+        for (std::size_t part = texts_.size(); part-- > 0;) {
             ends[part] = end;
-            end -= ruler.width(platform::narrow(shown_[part])) + ruler.scaled(16);
+            end -= ruler.width(platform::narrow(texts_[part])) + ruler.scaled(16);
         }
         send(SB_SETPARTS, ends.size(), reinterpret_cast<LPARAM>(ends.data()));
     }
 
-    std::vector<std::wstring> shown_;
+    std::vector<std::wstring> texts_;
 };
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::StatusBar& bar, HWND parent) {
-    return std::make_unique<StatusBarPeer>(bar, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::StatusBar& bar, const Site& site) {
+    return std::make_unique<StatusBarPeer>(bar, site);
 }
 
 }  // namespace win32

@@ -11,8 +11,8 @@ namespace {
 /// Draws the tabs and an empty page. The panels of the form lie on the page, above it.
 class TabPeer : public PeerOf<forms::TabStrip> {
   public:
-    TabPeer(forms::TabStrip& tabs, HWND parent)
-        : PeerOf(tabs, parent, {WC_TABCONTROLW, WS_TABSTOP | TCS_TOOLTIPS}) {
+    TabPeer(forms::TabStrip& tabs, const Site& site)
+        : PeerOf(tabs, site, {WC_TABCONTROLW, WS_TABSTOP | TCS_TOOLTIPS}) {
         for (int index = 0; index < static_cast<int>(tabs.Tabs.size()); ++index)
             addTab(index, tabs.Tabs[index]);
     }
@@ -31,6 +31,8 @@ class TabPeer : public PeerOf<forms::TabStrip> {
     void fitInto(const RECT& room) override {
         room_ = room;
         lay();
+        // The panels were made later, and so would lie below.
+        SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
 
     [[nodiscard]] bool fits(const Ruler& ruler) const override {
@@ -43,9 +45,7 @@ class TabPeer : public PeerOf<forms::TabStrip> {
   protected:
     void draw() override { send(TCM_SETCURSEL, control_.SelectedItem - 1); }
 
-    void lay() override {
-        move(within(place(), room_), HWND_BOTTOM);
-    }
+    [[nodiscard]] RECT place() const override { return within(PeerOf::place(), room_); }
 
   private:
     void addTab(int index, const forms::TabStrip::Tab& tab) {
@@ -75,8 +75,8 @@ class TabPeer : public PeerOf<forms::TabStrip> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, HWND parent) {
-    return std::make_unique<TabPeer>(tabs, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, const Site& site) {
+    return std::make_unique<TabPeer>(tabs, site);
 }
 
 }  // namespace win32

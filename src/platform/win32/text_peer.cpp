@@ -11,8 +11,8 @@ namespace {
 /// Lines end with CRLF in the model and in the window alike.
 class TextPeer : public PeerOf<forms::TextBox> {
   public:
-    TextPeer(forms::TextBox& box, HWND parent)
-        : PeerOf(box, parent, {L"EDIT", styleOf(box), WS_EX_CLIENTEDGE}) {
+    TextPeer(forms::TextBox& box, const Site& site)
+        : PeerOf(box, site, {L"EDIT", styleOf(box), WS_EX_CLIENTEDGE}) {
         send(EM_SETLIMITTEXT, 0);
     }
 
@@ -48,8 +48,8 @@ class TextPeer : public PeerOf<forms::TextBox> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::TextBox& box, HWND parent) {
-    return std::make_unique<TextPeer>(box, parent);
+std::unique_ptr<forms::Peer> makePeer(forms::TextBox& box, const Site& site) {
+    return std::make_unique<TextPeer>(box, site);
 }
 
 }  // namespace win32
