@@ -82,11 +82,11 @@ void fitFont(QWidget& window) {
     const int largest = 20;  // in half points
     const int smallest = 14;
     const auto widgets = window.findChildren<QWidget*>();
-    for (const QString& family : {QApplication::font().family(), QString("Liberation Sans")}) {
-        QFont font = QApplication::font();
-        font.setFamily(family);
-        for (int halves = largest; halves >= smallest; --halves) {
-            font.setPointSizeF(halves / 2.0);
+    QFont font = QApplication::font();
+    for (int halves = largest; halves >= smallest; --halves) {
+        font.setPointSizeF(halves / 2.0);
+        for (const QString& family : {QApplication::font().family(), QString("Liberation Sans")}) {
+            font.setFamily(family);
             window.setFont(font);
             if (std::all_of(widgets.begin(), widgets.end(),
                             [](const QWidget* widget) { return captionFits(*widget); }))

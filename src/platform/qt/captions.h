@@ -8,8 +8,8 @@ namespace qt {
 /// fits if a line of text does.
 bool captionFits(const QWidget& widget);
 
-/// Gives the window the desktop's font in the largest size from 10 to 7 points at which every
-/// caption in it fits; where none does, a narrower family.
+/// Gives the window the largest font from 10 to 7 points in which every caption in it fits: the
+/// desktop's own, or a narrower one where that can be larger.
 void fitFont(QWidget& window);
 
 }  // namespace qt
