@@ -1,0 +1,15 @@
+#include "console/workbench.h"
+#include "platform/win32/message_box.h"
+#include "platform/win32/win32_runtime.h"
+#include "platform/win32/win32_toolkit.h"
+#include "platform/win32/windows_api.h"
+
+/// The program on Windows: the system itself, and its own controls.
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    platform::Win32Runtime runtime(win32::messageBox);
+    win32::Win32Toolkit toolkit;
+    console::Workbench workbench(runtime, toolkit);
+    workbench.start();
+    toolkit.run();
+    return 0;
+}
