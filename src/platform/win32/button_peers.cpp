@@ -53,7 +53,8 @@ class MarkPeer : public ClickPeer<Kind> {
   protected:
     void draw() override {
         ClickPeer<Kind>::draw();
-        this->send(BM_SETCHECK, this->control_.Value ? BST_CHECKED : BST_UNCHECKED);
+        const WPARAM mark = this->control_.Value ? BST_CHECKED : BST_UNCHECKED;
+        if (this->send(BM_GETCHECK) != static_cast<LRESULT>(mark)) this->send(BM_SETCHECK, mark);
     }
 };
 

@@ -1,5 +1,4 @@
 #include "platform/win32/background.h"
-#include "platform/win32/common_controls.h"
 #include "platform/win32/control_peer.h"
 #include "platform/win32/peers.h"
 #include "platform/win32/reflection.h"
@@ -29,9 +28,9 @@ class ContainerPeer : public PeerOf<Kind> {
   public:
     ContainerPeer(Kind& container, const Site& site, const wchar_t* className, DWORD style = 0)
         : PeerOf<Kind>(container, site, {className, style | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}) {
-        SetWindowSubclass(this->window(), procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+        classProcedure_ = exchangeProcedure(procedure);
     }
-    ~ContainerPeer() override { RemoveWindowSubclass(this->window(), procedure, 0); }
+    ~ContainerPeer() override { exchangeProcedure(classProcedure_); }
     ContainerPeer(const ContainerPeer&) = delete;
     ContainerPeer& operator=(const ContainerPeer&) = delete;
 
@@ -46,9 +45,14 @@ class ContainerPeer : public PeerOf<Kind> {
     virtual void pressed() {}
 
   private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second,
-                                      UINT_PTR /*id*/, DWORD_PTR peer) {
-        return reinterpret_cast<ContainerPeer*>(peer)->handle(window, message, first, second);
+    WNDPROC exchangeProcedure(WNDPROC procedure) {
+        return reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(this->window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
+    }
+
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+        return static_cast<ContainerPeer*>(ControlPeer::of(window))
+            ->handle(window, message, first, second);
     }
 
     LRESULT handle(HWND window, UINT message, WPARAM first, LPARAM second) {
@@ -64,10 +68,12 @@ class ContainerPeer : public PeerOf<Kind> {
             default:
                 break;
         }
+        const WNDPROC classProcedure = classProcedure_;  // the peer may end with the message
         if (const auto answer = reflect(message, first, second, background_)) return *answer;
-        return DefSubclassProc(window, message, first, second);
+        return CallWindowProcW(classProcedure, window, message, first, second);
     }
 
+    WNDPROC classProcedure_ = nullptr;
     COLORREF background_ = 0;
 };
 
@@ -94,7 +100,7 @@ class PanelPeer : public ContainerPeer<forms::PictureBox> {
         : ContainerPeer(panel, site, panelClass()) {}
 
     void fitInto(const RECT& room) override {
-        const LONG edge = pixels(45, dpiOf(window()));
+        const LONG edge = pixels(45, dpi());
         room_ = {room.left, room.top, room.right - edge, room.bottom - edge};
         lay();
     }

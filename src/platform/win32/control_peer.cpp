@@ -7,8 +7,6 @@ namespace win32 {
 
 namespace {
 
-constexpr const wchar_t* peerProperty = L"NorvanePeer";
-
 bool asksForNothing(const forms::Font& font) {
     return font.family.empty() && font.points == 0 && !font.italic;
 }
@@ -17,7 +15,8 @@ bool asksForNothing(const forms::Font& font) {
 
 ControlPeer::ControlPeer(forms::Control& control, const Site& site, const WindowKind& kind)
     : control_(control),
-      place_(placeOf(control, dpiOf(site.parent))),
+      dpi_(dpiOf(site.parent)),
+      place_(placeOf(control, dpi_)),
       enabled_(control.Enabled),
       shown_(isShown()),
       window_(CreateWindowExW(
@@ -27,15 +26,15 @@ ControlPeer::ControlPeer(forms::Control& control, const Site& site, const Window
           place_.left, place_.top, widthOf(place_), heightOf(place_), site.parent,
           reinterpret_cast<HMENU>(static_cast<UINT_PTR>(site.id)), GetModuleHandleW(nullptr),
           nullptr)) {
-    SetPropW(window_, peerProperty, this);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
 ControlPeer::~ControlPeer() {
-    RemovePropW(window_, peerProperty);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
 }
 
 ControlPeer* ControlPeer::of(HWND window) {
-    return static_cast<ControlPeer*>(GetPropW(window, peerProperty));
+    return reinterpret_cast<ControlPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
 void ControlPeer::update() {
@@ -57,9 +56,10 @@ bool ControlPeer::isShown() const {
 }
 
 void ControlPeer::restyle(const Style& style) {
+    dpi_ = style.dpi;
     HFONT font = style.sharedFont;
     if (!asksForNothing(control_.font)) {
-        ownFont_ = makeFont(wantedFont(control_.font, style.font, dpiOf(window_)));
+        ownFont_ = makeFont(wantedFont(control_.font, style.font, dpi_));
         font = ownFont_.get();
     }
     send(WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
@@ -70,7 +70,7 @@ void ControlPeer::lay() {
 }
 
 RECT ControlPeer::place() const {
-    return placeOf(control_, dpiOf(window_));
+    return placeOf(control_, dpi_);
 }
 
 void ControlPeer::move(const RECT& place) {

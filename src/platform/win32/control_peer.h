@@ -17,6 +17,7 @@ struct WindowKind {
 
 /// What the controls of a form take over from the system.
 struct Style {
+    int dpi;
     LOGFONTW font;     ///< of the form
     HFONT sharedFont;  ///< the same, made
     COLORREF tabPage;  ///< the colour of a tab strip's page
@@ -38,7 +39,7 @@ class ControlPeer : public forms::Peer {
     ControlPeer(const ControlPeer&) = delete;
     ControlPeer& operator=(const ControlPeer&) = delete;
 
-    /// The peer behind the window, or null.
+    /// The peer behind a window inside a form's, or null.
     static ControlPeer* of(HWND window);
 
     void update() final;
@@ -67,6 +68,8 @@ class ControlPeer : public forms::Peer {
 
     [[nodiscard]] forms::Control& control() const { return control_; }
     [[nodiscard]] HWND window() const { return window_; }
+    /// Pixels to the inch on the window's screen.
+    [[nodiscard]] int dpi() const { return dpi_; }
 
   protected:
     /// Puts the window into its place.
@@ -101,6 +104,7 @@ class ControlPeer : public forms::Peer {
     [[nodiscard]] bool isShown() const;
 
     forms::Control& control_;
+    int dpi_;
     RECT place_;    // These three are what the window has now, as the
     bool enabled_;  // system is slow to change it, even to what it is.
     bool shown_;

@@ -36,7 +36,7 @@ class DrivePeer : public PeerOf<forms::DriveList> {
         constexpr int mostRows = 12;
         RECT room = place();
         const LRESULT rowHeight = send(CB_GETITEMHEIGHT, 0);
-        const int edges = 2 * GetSystemMetricsForDpi(SM_CYEDGE, GetDpiForWindow(window())) + 2;
+        const int edges = 2 * GetSystemMetricsForDpi(SM_CYEDGE, static_cast<UINT>(dpi())) + 2;
         send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), heightOf(room) - edges);
         room.bottom += static_cast<LONG>(rowHeight * mostRows);
         move(room);

@@ -14,7 +14,6 @@ namespace win32 {
 
 namespace {
 
-constexpr const wchar_t* formProperty = L"NorvaneForm";
 constexpr const wchar_t* programIcon = L"nwbw";
 
 struct Frame {
@@ -82,7 +81,7 @@ HWND FormWindow::makeWindow(const forms::Form& form) {
 
 FormWindow::FormWindow(forms::Form& form)
     : form_(form), window_(makeWindow(form)), keyboard_(form, window_) {
-    SetPropW(window_, formProperty, this);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     peers_ = buildPeers(form, window_);
     takeDefinedSize();
     update();
@@ -90,12 +89,14 @@ FormWindow::FormWindow(forms::Form& form)
 }
 
 FormWindow::~FormWindow() {
-    RemovePropW(window_, formProperty);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
     DestroyWindow(window_);
 }
 
 FormWindow* FormWindow::of(HWND window) {
-    return static_cast<FormWindow*>(GetPropW(window, formProperty));
+    const LONG_PTR ours = reinterpret_cast<LONG_PTR>(&FormWindow::procedure);
+    if (GetWindowLongPtrW(window, GWLP_WNDPROC) != ours) return nullptr;
+    return reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
 bool FormWindow::isOpen(HWND window) {
@@ -125,9 +126,10 @@ void FormWindow::update() {
 
 /// Takes over the system's font and colours at the window's resolution.
 void FormWindow::restyle() {
-    const LOGFONTW font = fittingFont(peers_, dpiOf(window_));
+    const int dpi = dpiOf(window_);
+    const LOGFONTW font = fittingFont(peers_, dpi);
     const Font before = std::exchange(font_, makeFont(font));  // in use until all have the new one
-    const Style style{font, font_.get(), tabPageColour()};
+    const Style style{dpi, font, font_.get(), tabPageColour()};
     background_ = backgroundOf(form_, style.tabPage);
     for (ControlPeer* peer : peers_) {
         peer->restyle(style);

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/win32/control_peer.h"
 #include "platform/win32/peers.h"
 #include "platform/win32/units.h"
@@ -30,7 +32,7 @@ class LabelPeer : public PeerOf<forms::Label> {
 
     void lay() override {
         ControlPeer::lay();
-        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpiOf(window()));
+        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi());
         const bool wraps = heightOf(place()) >= 2 * ruler.lineHeight();
         const DWORD oneLine = SS_CENTERIMAGE | SS_PATHELLIPSIS |
                               static_cast<DWORD>(control_.centred ? SS_CENTER : SS_LEFTNOWORDWRAP);
@@ -52,6 +54,15 @@ class LinePeer : public PeerOf<forms::Line> {
                  {L"STATIC",
                   static_cast<DWORD>(line.Width > line.Height ? SS_ETCHEDHORZ : SS_ETCHEDVERT)}) {}
     [[nodiscard]] bool transparent() const override { return true; }
+
+  protected:
+    /// An etched line is two pixels thick.
+    [[nodiscard]] RECT place() const override {
+        RECT place = PeerOf::place();
+        place.right = std::max(place.right, place.left + 2);
+        place.bottom = std::max(place.bottom, place.top + 2);
+        return place;
+    }
 };
 
 }  // namespace

@@ -62,7 +62,7 @@ class StatusBarPeer : public PeerOf<forms::StatusBar> {
   private:
     /// The texts lie along the right edge, in front of the grip; the empty panel takes the rest.
     void setParts(int width) {
-        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpiOf(window()));
+        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi());
         std::vector<int> ends(texts_.size());
         int end = width - ruler.scaled(18);
         for (std::size_t part = texts_.size(); part-- > 0;) {
