@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <vector>
 
 #include "platform/win32/common_controls.h"
@@ -46,17 +47,16 @@ class StatusBarPeer : public PeerOf<forms::StatusBar> {
   protected:
     void lay() override {}
 
-    /// A part is drawn only when its text has changed.
+    /// Draws again only when a text has changed.
     void draw() override {
-        for (std::size_t part = 0; part < texts_.size(); ++part) {
-            const std::wstring text = now(control_.Panels[part]);
-            if (text == texts_[part]) continue;
-            texts_[part] = text;
-            send(SB_SETTEXTW, part, text);
-            RECT room;
-            GetClientRect(window(), &room);
-            setParts(room.right);
-        }
+        const std::vector<std::wstring> before = texts_;
+        std::transform(control_.Panels.begin(), control_.Panels.end(), texts_.begin(), now);
+        if (texts_ == before) return;
+        RECT room;
+        GetClientRect(window(), &room);
+        setParts(room.right);
+        for (std::size_t part = 0; part < texts_.size(); ++part)
+            send(SB_SETTEXTW, part, texts_[part]);
     }
 
   private:
