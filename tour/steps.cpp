@@ -21,6 +21,10 @@ const std::string editor = "c:\\kelm\\editor\\editor.exe";
 const std::string winword = "c:\\office\\winword.exe";
 const std::string notepad = "notepad";
 
+// What the dialogs put in the place of the demo's console player and word processor.
+const std::string consolePlayer = "c:\\kelm\\programs\\winkrun.exe";
+const std::string wordProcessor = editor;
+
 const std::string library = "c:\\kelm\\standard library";
 const std::string shortLibrary = "c:\\kelm\\STANDA~1";
 const std::string shortGames = "c:\\MYGAME~1";
@@ -129,20 +133,80 @@ Scene compileByMouse() {
                 wroteCompile("cave -Debug", "notepad cave.lis") + left(cave + ".kcd", caveTexts)};
 }
 
+/// What the settings file holds, as far as the tour changes it.
+struct Settings {
+    std::string consolePlayer = krun;
+    std::string wordProcessor = winword;
+    Texts files = {cave + ".kel", cave + ".kel", cave + ".kcd", cave + ".kel"};
+    std::string player = "1";
+    std::string startTab = "2";
+    Texts folders = {library};
+};
+
+/// The settings file on the disk is this one.
+Steps saved(const Settings& settings) {
+    Texts all{"'1.0 Norvane Workbench'",
+              kelm,
+              "c:\\kelm\\programs\\winkrun.exe",
+              settings.consolePlayer,
+              dosKrun,
+              klex,
+              editor,
+              settings.wordProcessor};
+    all = all + Texts(5) + settings.files + Texts(4, " 0 ") +
+          Texts{" " + settings.player + " ", " " + settings.startTab + " "} + settings.folders;
+    std::string text;
+    for (const std::string& line : all)
+        text += line + "\n";
+    return left("nwbw.ini", text);
+}
+
+/// Goes from box to box of a dialog of locations, past the Browse button of each.
+Steps toBox(int count) {
+    Steps steps;
+    for (int i = 0; i < count; ++i)
+        steps = steps + press("Tab", "Browse") + press("Tab", "the next box");
+    return steps;
+}
+
+Steps openDialog(const std::string& menu, const std::string& item, const std::string& title) {
+    return press(menu, "the menu") + press(item, "its item") +
+           Steps{{"The dialog comes up", Appear{title}}};
+}
+
 Scene dialogs() {
+    const std::string programs = "Kelm Programs and Documenation File Locations";
+    const std::string others = "Other Program Locations";
     const Step list{"The list of include folders comes up", Appear{"Include File search list"}};
-    return {
-        "The dialogs, with the keyboard",
-        press("Alt+M", "modify the include folders") + Steps{list} + press("Alt+A", "add one") +
-            Steps{{"The folder dialog comes up", Appear{"Select folder to add to search list"}}} +
-            fill(games) + press("Return", "OK") + Steps{list} + press("Alt+C", "close") +
-            Steps{backToConsole} + press("Alt+G", "the Settings menu") +
-            press("O", "the locations of other programs") +
-            Steps{{"The dialog comes up", Appear{"Other Program Locations"}}} +
-            press("Escape", "cancel") + Steps{backToConsole} + press("Alt+H", "the Help menu") +
-            press("A", "About") +
-            Steps{{"The About box comes up", Appear{"About the Norvane Workbench"}}} +
-            press("Return", "OK") + Steps{backToConsole}};
+    const Step folder{"The folder dialog comes up", Appear{"Select folder to add to search list"}};
+    Settings settings;
+    Scene scene{"The dialogs, with the keyboard", {}};
+    const auto go = [&scene](const Steps& steps) { scene.steps = scene.steps + steps; };
+
+    go(press("Alt+M", "modify the include folders") + Steps{list} + press("Alt+A", "add one") +
+       Steps{folder} + fill(games) + press("Return", "OK") + Steps{list});
+    go(press("Escape", "cancel") + Steps{backToConsole});
+    go(press("Alt+M", "modify them after all") + Steps{list} + press("Alt+A", "add one") +
+       Steps{folder} + fill(games) + press("Return", "OK") + Steps{list} + press("Alt+C", "close") +
+       Steps{backToConsole});
+    settings.folders = {library, games};
+    go(saved(settings));
+
+    go(openDialog("Alt+G", "K", programs) + toBox(2) + fill(consolePlayer) +
+       press("Escape", "cancel") + Steps{backToConsole} + saved(settings));
+    go(openDialog("Alt+G", "K", programs) + toBox(2) + fill(consolePlayer) + press("Return", "OK") +
+       Steps{backToConsole});
+    settings.consolePlayer = consolePlayer;
+    go(saved(settings));
+
+    go(openDialog("Alt+G", "O", others) + toBox(3) + fill(wordProcessor) + press("Return", "OK") +
+       Steps{backToConsole});
+    settings.wordProcessor = wordProcessor;
+    go(saved(settings));
+
+    go(openDialog("Alt+H", "A", "About the Norvane Workbench") + press("Return", "OK") +
+       Steps{backToConsole});
+    return scene;
 }
 
 Scene compileByKeyboard() {
@@ -172,8 +236,9 @@ Scene playByMouse() {
                       {"Play a little", Type{"look\nquit\n"}},
                       {"The terminal goes", Vanish{}},
                       backToConsole} +
-                called(krun, {"cave", "-t", "-L"}, {"look", "quit"}) +
-                wrote({quoted(krun) + " cave -t -L"}) + left(cave + ".log", "look\nquit\n")};
+                called(consolePlayer, {"cave", "-t", "-L"}, {"look", "quit"}) +
+                wrote({quoted(consolePlayer) + " cave -t -L"}) +
+                left(cave + ".log", "look\nquit\n")};
 }
 
 Scene playByKeyboard() {
@@ -195,24 +260,25 @@ Scene spellingByMouse() {
                 click("the output's box", "txtFnameO") + fill("words.txt") +
                 click("Extract", "btnExtract") +
                 called(klex, {"wizardquest", "-FR", "-PR", "-NL", "-OFwords.txt"}) +
-                seenInEditor(winword, "words.txt", "words.txt") +
+                seenInEditor(wordProcessor, "words.txt", "words.txt") +
                 wrote({quoted(klex) + " WIZARD~1 -FR -PR -NL  -OFwords.txt",
-                       quoted(winword) + "  words.txt"}) +
+                       quoted(wordProcessor) + "  words.txt"}) +
                 left(games + "\\words.txt", questTexts)};
 }
 
 Scene spellingByKeyboard() {
-    return {
-        "Spelling, with the keyboard",
-        press("Alt+R", "format with the codes") + press("Alt+U", "upper case words") +
-            press("Alt+D", "line numbers again") + press("Alt+C", "the default name") +
-            fromOptionToFile() + fill(cave + ".kel") + press("Alt+E", "extract") +
-            called(klex, {"cave", "-FF", "-PC"}) + seenInEditor(winword, "cave.txt", "cave.txt") +
-            wrote({quoted(klex) + " cave -FF -PC", quoted(winword) + "  cave.txt"}) +
-            press("Alt+E", "extract again, over a file that is there") + box(console, "Return") +
-            press("Alt+O", "overwrite") + press("Alt+W", "no word processor") +
-            press("Alt+E", "extract") + called(klex, {"cave", "-OO", "-FF", "-PC"}) +
-            wrote({quoted(klex) + " cave -OO -FF -PC"})};
+    return {"Spelling, with the keyboard",
+            press("Alt+R", "format with the codes") + press("Alt+U", "upper case words") +
+                press("Alt+D", "line numbers again") + press("Alt+C", "the default name") +
+                fromOptionToFile() + fill(cave + ".kel") + press("Alt+E", "extract") +
+                called(klex, {"cave", "-FF", "-PC"}) +
+                seenInEditor(wordProcessor, "cave.txt", "cave.txt") +
+                wrote({quoted(klex) + " cave -FF -PC", quoted(wordProcessor) + "  cave.txt"}) +
+                press("Alt+E", "extract again, over a file that is there") +
+                box(console, "Return") + press("Alt+O", "overwrite") +
+                press("Alt+W", "no word processor") + press("Alt+E", "extract") +
+                called(klex, {"cave", "-OO", "-FF", "-PC"}) +
+                wrote({quoted(klex) + " cave -OO -FF -PC"})};
 }
 
 Scene editByMouse() {
@@ -229,14 +295,13 @@ Scene editByKeyboard() {
 }
 
 Scene end() {
-    return {
-        "The end",
-        press("Alt+F", "the File menu") + press("X", "Exit") + Steps{{"The program ends", End{}}} +
-            left("nwbw.ini",
-                 "'1.0 Norvane Workbench'\n" + kelm + "\nc:\\kelm\\programs\\winkrun.exe\n" + krun +
-                     "\n" + dosKrun + "\n" + klex + "\n" + editor + "\n" + winword +
-                     "\n\n\n\n\n\n" + cave + ".kel\n" + quest + ".kel\n" + quest + ".kcd\n" + cave +
-                     ".kel\n 0 \n 0 \n 0 \n 0 \n 2 \n 1 \n" + library + "\n" + games + "\n")};
+    Settings settings{consolePlayer, wordProcessor};
+    settings.files = {cave + ".kel", quest + ".kel", quest + ".kcd", cave + ".kel"};
+    settings.player = "2";
+    settings.startTab = "1";
+    settings.folders = {library, games};
+    return {"The end", press("Alt+F", "the File menu") + press("X", "Exit") +
+                           Steps{{"The program ends", End{}}} + saved(settings)};
 }
 
 }  // namespace
