@@ -72,6 +72,16 @@ TEST(Console, AMinimisedWindowKeepsItsOldPlaceInTheStore) {
     EXPECT_TRUE(desk.runtime.settings.empty());
 }
 
+TEST(Console, AStoreThatCannotBeWrittenCostsNoSettings) {
+    Desk desk;
+    auto& form = desk.open();
+    form.edit.txtFnameE.type("new.kel");
+    desk.runtime.failAt = desk.runtime.calls + 1;
+    form.close();
+    EXPECT_EQ(desk.runtime.lastBox(), "rtcSaveSetting failed");
+    EXPECT_NE(desk.runtime.files[R"(c:\nwb\nwbw.ini)"].text.find("new.kel"), std::string::npos);
+}
+
 TEST(Console, TheTabsTurnByKeyboard) {
     Desk desk;
     auto& form = desk.open();

@@ -103,6 +103,7 @@ class FakeRuntime : public core::Runtime {
     }
     void rtcSaveSetting(const std::string&, const std::string&, const std::string& key,
                         const std::string& value) override {
+        step("rtcSaveSetting");
         settings[key] = value;
     }
     std::string GetShortPathName(const std::string& path) override {
@@ -192,7 +193,6 @@ struct Desk {
     console::frmConsole& open() {
         application.dispatch([this] {
             form = &application.load<console::frmConsole>(program);
-            program.state.ConsoleForm = form;
             form->Show();
         });
         return *form;

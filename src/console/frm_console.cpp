@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/settings_file.h"
 #include "dialogs/frm_include_list.h"
 #include "dialogs/locations_dialog.h"
 
@@ -122,7 +123,8 @@ void frmConsole::Form_Unload() {
     for (int open = application().Count() - 1; open >= 1; --open) {
         application().Forms(open).Unload();
     }
-    storePlace();
+    // Without its place in the store the window still leaves its files and options.
+    application().dispatch([this] { storePlace(); });
     storeToState();
     core::SaveSettings(program_);
 }

@@ -23,9 +23,7 @@ void Workbench::start() {
 }
 
 void Workbench::openConsole() {
-    auto& form = application_.load<frmConsole>(program_);
-    program_.state.ConsoleForm = &form;
-    form.Show();
+    application_.load<frmConsole>(program_).Show();
 }
 
 }  // namespace console

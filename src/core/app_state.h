@@ -4,10 +4,6 @@
 #include <optional>
 #include <string>
 
-namespace forms {
-class Form;
-}
-
 namespace core {
 
 /// Number of slots for include folders. A list ends in an empty slot, so it holds one folder less.
@@ -17,8 +13,6 @@ inline constexpr int mostIncludes = includeSlots - 1;
 /// The one record of shared state. Whoever needs a field reads it at that moment; nobody is told
 /// of a change. An empty text stands for a field that nothing has set.
 struct AppState {
-    forms::Form* ConsoleForm = nullptr;
-
     std::string CompilerPath;
     std::string GuiPlayerPath;
     std::string ConsolePlayerPath;

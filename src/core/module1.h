@@ -24,9 +24,6 @@ struct Program {
 /// The start of a run: shows the splash, then fills the state from the settings file.
 void Main(Program& program, const std::function<void()>& showSplash);
 
-/// Writes the settings file from the state. A failure is told to the user, never to the caller.
-void SaveSettings(Program& program);
-
 /// The short form of a path, empty if it names nothing that exists or is too long.
 std::string GetShortName(Runtime& runtime, const std::string& path);
 

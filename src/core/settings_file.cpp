@@ -184,6 +184,7 @@ void SaveSettings(Program& program) {
     Runtime& runtime = program.runtime;
     const SettingsPaths paths(runtime);
     try {
+        completeSave(runtime, paths);  // else the only whole copy could be overwritten
         runtime.vbaFileOpen(paths.writing, Runtime::OpenMode::Output);
         writeFields(runtime, program.state);
         runtime.vbaFileFlush();

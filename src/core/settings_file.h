@@ -8,4 +8,7 @@ namespace core {
 /// is only that, or with the defaults. Failures and what the user should know go to message boxes.
 void LoadSettings(Program& program);
 
+/// Writes the settings file from the state. A failure is told to the user, never to the caller.
+void SaveSettings(Program& program);
+
 }  // namespace core

@@ -22,6 +22,6 @@ std::string_view beforeLast(std::string_view text, char mark);
 std::string quoted(std::string_view text);
 
 /// Ends every line of a command text and of a script.
-inline constexpr std::string_view crlf = "\r\n";
+inline constexpr const char* crlf = "\r\n";
 
 }  // namespace core

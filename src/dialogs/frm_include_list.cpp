@@ -1,5 +1,6 @@
 #include "dialogs/frm_include_list.h"
 
+#include "core/settings_file.h"
 #include "dialogs/frm_include_add.h"
 
 namespace dialogs {
