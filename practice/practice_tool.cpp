@@ -1,7 +1,7 @@
-/// Stands in for the tools of an author who has none: a compiler, a game player, a text extractor
-/// and a word processor in one program, which is what the name that it is called by says. It
-/// records how it was called and leaves the files that such a tool leaves. Of the language it
-/// knows only that texts stand in double quotes.
+/// Stands in for the tools of an author who has none: a compiler, a game player and a text
+/// extractor in one program, which is what the name that it is called by says. It records how it
+/// was called and leaves the files that such a tool leaves. Of the language it knows only that
+/// texts stand in double quotes.
 
 #include <algorithm>
 #include <fstream>
@@ -185,16 +185,11 @@ void extract(const Record& record) {
     write(output, text);
 }
 
-void open(const Record& record) {
-    for (const std::string& file : record.arguments())
-        std::cout << "Opened " << readFirst({file}).file << ".\n";
-}
-
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
     const std::map<std::string, std::function<void(const Record&)>> tools = {
-        {"kelm", compile}, {"winkrun", play}, {"krun", play}, {"klex", extract}, {"winword", open}};
+        {"kelm", compile}, {"winkrun", play}, {"krun", play}, {"klex", extract}};
     const Record record(argumentCount, arguments);
     try {
         const auto tool = tools.find(record.name());

@@ -298,7 +298,7 @@ TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
     path["B"] = {3, "bytes"};
     std::string value = "before";
     EXPECT_TRUE(docs::GetKeyValue(runtime, 0x80000002, key, "B", value));
-    EXPECT_EQ(value, "before");
+    EXPECT_EQ(std::exchange(value, ""), "before");
     EXPECT_TRUE(docs::GetKeyValue(runtime, 0x80000002, key, "N", value));
     EXPECT_EQ(value, "&h15");
     EXPECT_FALSE(docs::GetKeyValue(runtime, 0x80000002, key, "nosuch", value));

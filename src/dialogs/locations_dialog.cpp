@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/settings_file.h"
 #include "tools/pick_file.h"
 
 namespace dialogs {
@@ -11,24 +12,24 @@ using core::AppState;
 namespace {
 
 constexpr const char* programs = "Programs (*.exe)|*.exe|All Files (*.*)|*.*";
-constexpr const char* players = "KELM Player Programs";
-constexpr const char* manuals = "KELM Manuals";
+constexpr LocationGroup players = {"Frame1", "KELM Player Programs"};
+constexpr LocationGroup manuals = {"Frame2", "KELM Manuals"};
 
 const std::vector<Location> kelmLocations = {
     {0, "KELM Compiler", &AppState::CompilerPath, "Locate 'kelm.exe' compiler program", programs},
     {3, "Windows", &AppState::GuiPlayerPath, "Locate 'winkrun.exe' player program", programs,
-     players},
+     &players},
     {4, "Windows Console", &AppState::ConsolePlayerPath, "Locate 'krun.exe' Windows player program",
-     programs, players},
+     programs, &players},
     {1, "DOS Console", &AppState::DosPlayerPath, "Locate 'krun.exe' MSDOS player program", programs,
-     players},
+     &players},
     {5, "KLex utility", &AppState::ExtractorPath, "Locate 'klex.exe' text extractor program",
      programs},
     {8, "HTML", &AppState::ManualHtmlPath, "Locate the KELM HTML-format manual - 'kelmTOC.html'",
-     "HTML (*.html)|*.html|All Files (*.*)|*.*", manuals},
+     "HTML (*.html)|*.html|All Files (*.*)|*.*", &manuals},
     {7, "Adobe PDF", &AppState::ManualPdfPath,
      "Locate the KELM Adobe Acrobat-format manual - 'kelmmanual28.pdf'",
-     "Acrobat Files (*.pdf)|*.pdf|All Files (*.*)|*.*", manuals},
+     "Acrobat Files (*.pdf)|*.pdf|All Files (*.*)|*.*", &manuals},
     {6, "Tutorial", &AppState::TutorialPath, "Locate Tutorial 'contents.htm' file",
      "HTML (*.htm)|*.htm|All Files (*.*)|*.*"},
 };
@@ -87,10 +88,10 @@ int LocationsDialog::addRule(int top) {
 
 int LocationsDialog::addGroup(std::span<const Location> rows, int top) {
     const int height = frameTitle + static_cast<int>(rows.size()) * rowHeight + 60;
-    const bool first = rows.front().group == players;
+    const LocationGroup& group = *rows.front().group;
     auto frame = std::make_unique<forms::Frame>(
-        *this, forms::Definition{.name = first ? "Frame1" : "Frame2",
-                                 .caption = rows.front().group,
+        *this, forms::Definition{.name = group.name,
+                                 .caption = group.caption,
                                  .place = {margin, top, width - 2 * margin, height}});
     for (int inside = frameTitle; const Location& location : rows) {
         addRow(location, *frame, frameInset, inside);

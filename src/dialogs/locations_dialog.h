@@ -10,15 +10,21 @@
 
 namespace dialogs {
 
+/// A frame around neighbouring rows of a dialog of locations.
+struct LocationGroup {
+    const char* name;
+    const char* caption;
+};
+
 /// One path that a dialog of locations edits. The index names the row's controls.
 struct Location {
     int index;
     const char* label;
     std::string core::AppState::*field;
-    const char* title;            ///< of the file dialog
-    const char* filter;           ///< of the file dialog
-    const char* group = nullptr;  ///< caption of the frame around this row and its neighbours
-    bool ruleAbove = false;       ///< a line parts the row from the one before
+    const char* title;   ///< of the file dialog
+    const char* filter;  ///< of the file dialog
+    const LocationGroup* group = nullptr;
+    bool ruleAbove = false;  ///< a line parts the row from the one before
 };
 
 /// A dialog of paths, one to a row. It works on a copy until OK, tests nothing, and saves at once.

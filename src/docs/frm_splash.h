@@ -37,13 +37,13 @@ class frmSplash : public forms::Form {
         Frame1,
         {.name = "lblProductName",
          .caption = "Product",
-         .place = {120, 2475, 6840, 510},
+         .place = {120, 2400, 6840, 510},
          .centred = true,
          .font = {.family = "Times New Roman", .points = 21.75, .italic = true}}};
     forms::Label Label1{Frame1,
                         {.name = "Label1",
                          .caption = "For Windows",
-                         .place = {5520, 3000, 1455, 375},
+                         .place = {5520, 2880, 1455, 375},
                          .font = text}};
     forms::Button Command1{
         Frame1,

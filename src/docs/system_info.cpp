@@ -18,7 +18,7 @@ constexpr const char* programFile = "\\MSINFO32.EXE";
 /// The digits of the bytes from the last to the first, without leading zeros.
 std::string hexadecimal(const std::string& bytes) {
     constexpr const char* digits = "0123456789ABCDEF";
-    std::string text = "&h";
+    std::string text;
     for (const char byte : std::string(bytes.rbegin(), bytes.rend())) {
         const auto value = static_cast<unsigned char>(byte);
         if (value >= 0x10) text += digits[value >> 4];
@@ -46,7 +46,7 @@ bool GetKeyValue(Runtime& runtime, std::uint32_t KeyRoot, const std::string& Key
     } else {
         const std::string text = value->bytes.substr(0, value->bytes.find('\0'));
         if (value->type == regSz) KeyVal = text;
-        if (value->type == regDword) KeyVal = hexadecimal(text);
+        if (value->type == regDword) KeyVal = "&h" + KeyVal + hexadecimal(text);
     }
     if (key) runtime.RegCloseKey(*key);
     return value.has_value();

@@ -36,7 +36,8 @@ void ListBox::AddItem(const std::string& text, std::optional<int> index) {
 }
 
 void ListBox::RemoveItem(int index) {
-    items_.erase(items_.begin() + (&items_.at(index) - items_.data()));
+    if (index < 0 || index >= ListCount()) throw std::out_of_range("Invalid list index");
+    items_.erase(items_.begin() + index);
     if (ListIndex == index) {
         ListIndex.store(-1);
     } else if (ListIndex > index) {

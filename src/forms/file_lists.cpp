@@ -19,6 +19,7 @@ std::string lowered(std::string text) {
 /// A path as the folder list holds it: a bare drive stands for its root, and only a root ends in a
 /// backslash.
 std::string folderPath(std::string path) {
+    std::replace(path.begin(), path.end(), '/', '\\');
     while (path.size() > 3 && path.back() == '\\')
         path.pop_back();
     if (path.size() == 2 && path[1] == ':') path += '\\';
@@ -54,30 +55,33 @@ void DriveList::pick(int index) {
 
 FolderList::FolderList(Container& parent, Definition definition, Disk& disk)
     : Control(&parent, std::move(definition)), disk_(disk) {
-    fill(folderPath(disk.currentFolder()));
+    const std::string current = folderPath(disk.currentFolder());
+    try {
+        fill(current, disk_.folders(current));
+    } catch (const RuntimeError&) {
+        fill(current, {});  // the user can still go up from it
+    }
 }
 
 void FolderList::open(const std::string& path) {
     const std::string opened = folderPath(path);
     if (opened == path_) return;
-    fill(opened);
+    fill(opened, disk_.folders(opened));
     changed(Effect::Raise);
 }
 
-void FolderList::fill(const std::string& path) {
-    std::vector<std::string> inside = disk_.folders(path);
+void FolderList::fill(const std::string& path, std::vector<std::string> inside) {
     std::sort(inside.begin(), inside.end(), [](const std::string& one, const std::string& other) {
         return lowered(one) < lowered(other);
     });
-
-    rows_.clear();
-    for (std::size_t end = 2; end != std::string::npos;) {
-        const std::size_t start = rows_.empty() ? 0 : end + 1;
-        end = path.find('\\', start);
-        const std::string name = path.substr(start, end - start);
-        if (name.empty()) break;
-        rows_.push_back({rows_.empty() ? name + "\\" : name, static_cast<int>(rows_.size()),
-                         folderPath(path.substr(0, end))});
+    const std::string root = path.substr(0, 2) + '\\';
+    rows_ = {{root, 0, root}};
+    std::size_t start = path.starts_with(root) ? 3 : 2;
+    while (start < path.size()) {
+        const std::size_t end = std::min(path.find('\\', start), path.size());
+        rows_.push_back(
+            {path.substr(start, end - start), static_cast<int>(rows_.size()), path.substr(0, end)});
+        start = end + 1;
     }
     path_ = path;
     openRow_ = static_cast<int>(rows_.size()) - 1;

@@ -74,7 +74,7 @@ class FolderList : public Control {
 
   private:
     void open(const std::string& path);
-    void fill(const std::string& path);
+    void fill(const std::string& path, std::vector<std::string> inside);
 
     Disk& disk_;
     std::string path_;

@@ -56,7 +56,6 @@ class Form : public Container {
     // The entries for what a user does to the window.
     /// The window has become active. Nothing happens where the user comes back to the same form
     /// from a message or another program.
-    /// The window has become the active one. Counts only if another form was active before.
     void activate();
     void keyDown(int keyCode, int shift);
     void keyPress(int keyAscii);

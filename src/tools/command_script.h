@@ -31,8 +31,9 @@ class CommandScript {
     void ShortenStem(const std::string& fileText,
                      std::initializer_list<std::string_view> extensions);
 
-    /// Writes the text to the script file and starts that. The tail keeps a console open that
-    /// would else close at once. Throws RuntimeError if the script cannot be written or started.
+    /// Writes the text to the script file and starts that. The tail waits for a key before the
+    /// console closes, where the text itself does not end the script. Throws RuntimeError if the
+    /// script cannot be written or started.
     void RunCommandScript(const std::string& commandText, bool withTail, int windowStyle);
 
   private:

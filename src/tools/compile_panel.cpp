@@ -5,6 +5,7 @@
 
 namespace tools {
 
+using core::crlf;
 using core::quoted;
 using core::Runtime;
 
@@ -23,9 +24,9 @@ void CompilePanel::UpdateCmdline() {
     }
     script_.ShortenStem(fileText, {".kel", ".kelm"});
     txtCmdline.Text += " " + script_.FileStem + PackOption + DebugOption + FullOption +
-                       CharsetOption + " -List -Height 0\r\n";
-    txtCmdline.Text += ViewerPrefix + script_.FileStem + ".lis\r\n";
-    txtCmdline.Text += "exit\r\n";
+                       CharsetOption + " -List -Height 0" + crlf;
+    txtCmdline.Text += ViewerPrefix + script_.FileStem + ".lis" + crlf;
+    txtCmdline.Text += std::string("exit") + crlf;
 }
 
 void CompilePanel::btnCompile_Click() {

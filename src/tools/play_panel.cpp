@@ -6,6 +6,7 @@
 namespace tools {
 
 using core::AppState;
+using core::crlf;
 using core::quoted;
 using core::Runtime;
 
@@ -22,8 +23,6 @@ constexpr Player players[] = {
     {&AppState::DosPlayerPath, "MSDOS player program "},
 };
 
-constexpr const char* recordSwitch = " -L";
-
 }  // namespace
 
 PlayPanel::PlayPanel(core::Program& program, CommandScript& script, forms::Container& panel)
@@ -39,7 +38,7 @@ void PlayPanel::UpdateCmdlineP() {
     txtCmdlineP.Text += quoted(program_.state.*players[player()].path);
     script_.ShortenStem(fileText, {".kcd"});
     txtCmdlineP.Text += " " + script_.FileStem + KbugOption + TraceOption + SingleOption +
-                        RecordOption + PlaybackOption + "\r\n";
+                        RecordOption + PlaybackOption + crlf;
 }
 
 void PlayPanel::btnPlay_Click() {
@@ -85,7 +84,7 @@ void PlayPanel::chkSingle_Click() {
 void PlayPanel::optRecord_Click(int index) {
     if (index > 0) {
         forcePlayer(index);
-        RecordOption = recordSwitch;
+        RecordOption = " -L";
     } else {
         if (!chkPlayback.Value) optPlayer(0).Enabled = true;
         optPlayer(1).Enabled = true;

@@ -5,6 +5,7 @@
 
 namespace tools {
 
+using core::crlf;
 using core::quoted;
 using core::Runtime;
 
@@ -36,10 +37,10 @@ void SpellingPanel::UpdateCmdlineS() {
     txtCmdlineS.Text += quoted(program_.state.ExtractorPath) + " " + script_.FileStem +
                         OverwriteOption + CodesOption + ParamOption + LineNumOption;
     if (named) txtCmdlineS.Text += "  -OF" + txtFnameO.Text();
-    txtCmdlineS.Text += "\r\n";
+    txtCmdlineS.Text += crlf;
     if (chkAutoOpen.Value) {
         const std::string output = named ? txtFnameO.Text() : script_.FileStem + ".txt";
-        txtCmdlineS.Text += quoted(program_.state.WordProcessorPath) + "  " + output + "\r\n";
+        txtCmdlineS.Text += quoted(program_.state.WordProcessorPath) + "  " + output + crlf;
     }
 }
 

@@ -32,9 +32,12 @@ namespace {
     fail(doing, path, std::strerror(errno));
 }
 
-bool isOrdinaryFile(const std::string& host) {
+/// Throws where the file system cannot tell.
+bool isOrdinaryFile(const std::string& host, const std::string& path) {
     struct stat state = {};
-    return stat(host.c_str(), &state) == 0 && S_ISREG(state.st_mode);
+    if (stat(host.c_str(), &state) == 0) return S_ISREG(state.st_mode);
+    if (errno == EACCES || errno == EIO || errno == ESTALE) fail("look up", path);
+    return false;
 }
 
 /// Renames unless the new name exists.
@@ -85,7 +88,7 @@ LinuxRuntime::LinuxRuntime(MessageBox messageBox, const std::string& programFold
 std::string LinuxRuntime::rtcDir(const std::string& path) {
     if (path.find_first_of("*?") != std::string::npos) return "";
     const std::string host = disk_.toHost(path);
-    if (host.empty() || path.ends_with('\\') || !isOrdinaryFile(host)) return "";
+    if (host.empty() || path.ends_with('\\') || !isOrdinaryFile(host, path)) return "";
     const std::string name = fs::path(host).filename().string();
     return name.starts_with('.') ? "" : name;
 }
@@ -189,7 +192,7 @@ void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
 
 void LinuxRuntime::startScript(const std::string& path, bool maximised) {
     const std::string script = hostPath("start", path);
-    if (!isOrdinaryFile(script)) fail("start", path, "there is no such file");
+    if (!isOrdinaryFile(script, path)) fail("start", path, "there is no such file");
     const std::string interpreter = programFolder_ + "/nwbw-batch";
     if (access(interpreter.c_str(), X_OK) != 0) {
         fail("start", path, "the program nwbw-batch is missing in " + programFolder_);
@@ -228,9 +231,10 @@ std::vector<std::string> LinuxRuntime::folders(const std::string& path) {
     std::vector<std::string> names;
     try {
         for (const fs::directory_entry& entry : fs::directory_iterator(hostPath("open", path))) {
-            const std::string name = entry.path().filename().string();
+            const bool hidden = entry.path().filename().string().starts_with('.');
             std::error_code unreadable;
-            if (!name.starts_with('.') && entry.is_directory(unreadable)) names.push_back(name);
+            if (hidden || !entry.is_directory(unreadable)) continue;
+            names.emplace_back(core::afterLast(disk_.toWindows(entry.path().string()), '\\'));
         }
     } catch (const fs::filesystem_error& error) {
         fail("open", path, error.code().message());

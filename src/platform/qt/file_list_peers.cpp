@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QStyle>
 #include <QTreeWidget>
 #include <vector>
@@ -36,10 +37,9 @@ class FolderPeer : public PeerOf<forms::FolderList, QTreeWidget> {
         widget_.setRootIsDecorated(false);
         widget_.setItemsExpandable(false);
         widget_.setIndentation(widget_.indentation() / 2);
-        connect(&widget_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
-            const int row = item->data(0, Qt::UserRole).toInt();
-            act([&] { control_.choose(row); });
-        });
+        // Not itemActivated, which some desktops send at a single click.
+        widget_.installEventFilter(this);
+        connect(&widget_, &QTreeWidget::itemDoubleClicked, this, [this] { open(); });
     }
 
   protected:
@@ -56,7 +56,20 @@ class FolderPeer : public PeerOf<forms::FolderList, QTreeWidget> {
         widget_.scrollToItem(widget_.currentItem(), QAbstractItemView::PositionAtCenter);
     }
 
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress) return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+        open();
+        return true;
+    }
+
   private:
+    void open() {
+        if (const QTreeWidgetItem* item = widget_.currentItem())
+            act([&] { control_.choose(item->data(0, Qt::UserRole).toInt()); });
+    }
+
     QTreeWidgetItem* drawRow(int row, QTreeWidgetItem& above) {
         auto* item = new QTreeWidgetItem(&above);
         const bool open = row <= control_.openRow();

@@ -16,8 +16,10 @@ inline int twips(int pixels, int dpi) {
     return MulDiv(pixels, twipsPerInch, dpi);
 }
 
+/// Without a screen the system knows no resolution of a window.
 inline int dpiOf(HWND window) {
-    return static_cast<int>(GetDpiForWindow(window));
+    const UINT dpi = GetDpiForWindow(window);
+    return static_cast<int>(dpi ? dpi : USER_DEFAULT_SCREEN_DPI);
 }
 
 /// Where a control lies in its container. Each edge is rounded by itself, so that controls which
