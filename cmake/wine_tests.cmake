@@ -24,3 +24,9 @@ function(nwbw_tests program)
   add_test(NAME ${program} COMMAND ${program})
   set_tests_properties(${program} PROPERTIES ENVIRONMENT "${wine_environment}")
 endfunction()
+
+# The same for a program that opens windows: on a screen that nobody sees.
+function(nwbw_window_tests program)
+  add_test(NAME ${program} COMMAND xvfb-run --auto-servernum wine $<TARGET_FILE:${program}>)
+  set_tests_properties(${program} PROPERTIES ENVIRONMENT "${wine_environment}")
+endfunction()
