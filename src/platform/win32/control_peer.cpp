@@ -15,7 +15,7 @@ bool asksForNothing(const forms::Font& font) {
 
 ControlPeer::ControlPeer(forms::Control& control, const Site& site, const WindowKind& kind)
     : control_(control),
-      dpi_(dpiOf(site.parent)),
+      dpi_(site.dpi),
       place_(placeOf(control, dpi_)),
       enabled_(control.Enabled),
       shown_(isShown()),

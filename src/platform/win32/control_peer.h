@@ -26,6 +26,7 @@ struct Style {
 /// Where the window of a control is made.
 struct Site {
     HWND parent;
+    int dpi;
     int id;
     bool startsGroup;  ///< the arrow keys do not lead from the control before to this one
 };

@@ -2,6 +2,7 @@
 
 #include "forms/form.h"
 #include "platform/win32/accessibility.h"
+#include "platform/win32/units.h"
 
 namespace win32 {
 
@@ -58,10 +59,11 @@ class PeerBuilder : public forms::ControlVisitor {
     void attach(Kind& control) {
         const auto* container = dynamic_cast<ControlPeer*>(control.parent()->peer());
         const HWND parent = container ? container->window() : window_;
-        control.attach(makePeer(control, Site{parent, id_, startsGroup(control)}));
+        control.attach(makePeer(control, Site{parent, dpi_, id_, startsGroup(control)}));
     }
 
     HWND window_;
+    int dpi_ = dpiOf(window_);
     int id_ = 0;
 };
 
