@@ -106,8 +106,9 @@ class ControlPeer : public forms::Peer {
 
     forms::Control& control_;
     int dpi_;
-    RECT place_;    // These three are what the window has now, as the
-    bool enabled_;  // system is slow to change it, even to what it is.
+    // What the window has now. The system takes its time even for a change to the same.
+    RECT place_;
+    bool enabled_;
     bool shown_;
     HWND window_;
     Font ownFont_;
