@@ -68,7 +68,9 @@ TEST(Console, AMinimisedWindowKeepsItsOldPlaceInTheStore) {
     Desk desk;
     auto& form = desk.open();
     form.moved({-32000, -32000, 100, 100}, forms::WindowState::Minimised);
+    desk.application.load<docs::frmSplash>([] {});
     form.close();
+    EXPECT_EQ(desk.application.Count(), 0) << "all other forms go too";
     EXPECT_TRUE(desk.runtime.settings.empty());
 }
 
