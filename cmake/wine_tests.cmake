@@ -22,11 +22,14 @@ add_custom_target(wine_prefix ALL DEPENDS wine/system.reg)
 # Each start under Wine takes its time, so that a program with tests is one test here.
 function(nwbw_tests program)
   add_test(NAME ${program} COMMAND ${program})
-  set_tests_properties(${program} PROPERTIES ENVIRONMENT "${wine_environment}")
+  set_tests_properties(${program} PROPERTIES ENVIRONMENT "${wine_environment}" TIMEOUT 120)
 endfunction()
 
-# The same for a program that opens windows: on a screen that nobody sees.
+# The same for a program that opens windows: on a screen that nobody sees. Wine keeps to the screen
+# that it began with, so it begins anew and for this program alone.
 function(nwbw_window_tests program)
-  add_test(NAME ${program} COMMAND xvfb-run --auto-servernum wine $<TARGET_FILE:${program}>)
-  set_tests_properties(${program} PROPERTIES ENVIRONMENT "${wine_environment}")
+  add_test(NAME ${program} COMMAND
+    sh -c "wineserver --kill; exec xvfb-run --auto-servernum wine \"$0\"" $<TARGET_FILE:${program}>)
+  set_tests_properties(${program} PROPERTIES
+    ENVIRONMENT "${wine_environment}" TIMEOUT 120 RUN_SERIAL ON)
 endfunction()

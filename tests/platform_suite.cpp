@@ -8,13 +8,14 @@
 
 #include <algorithm>
 #include <chrono>
+#include <set>
 #include <thread>
 
 #include "core/text.h"
 
 namespace {
 
-using namespace std::chrono_literals;
+using namespace std::literals;
 
 class Platform : public System {
   protected:
@@ -43,11 +44,7 @@ class Platform : public System {
         return in("tools\\tool.exe");
     }
 
-    std::string title;
-    Runtime runtime = makeRuntime([this](auto&, int, const std::string& shown) {
-        title = shown;
-        return Runtime::Answer::Yes;
-    });
+    Runtime runtime = makeRuntime(nullptr);
 };
 
 }  // namespace
@@ -76,45 +73,44 @@ TEST_F(Platform, FindsOrdinaryFilesOnly) {
 }
 
 TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {
+    write(place / "x.tmp", std::string(99, 'x'));
     runtime.vbaFileOpen(in("x.tmp"), Runtime::OpenMode::Output);
     runtime.vbaPrintFile("c:\\märchen, \"2\"");
     runtime.vbaPrintFile("");
     runtime.vbaFileFlush();
     runtime.vbaFileOpen(in("X.TMP"), Runtime::OpenMode::Input);
     EXPECT_EQ(contentOf(place / "x.tmp"), "c:\\märchen, \"2\"\r\n\r\n");
-    EXPECT_EQ(runtime.vbaInputFile(), "c:\\märchen");
-    EXPECT_EQ(runtime.vbaInputFile(), "2");
-    EXPECT_FALSE(runtime.rtcEndOfFile());
-    EXPECT_EQ(runtime.vbaInputFile(), "");
+    for (const char* field : {"c:\\märchen", "2", ""}) {
+        EXPECT_FALSE(runtime.rtcEndOfFile());
+        EXPECT_EQ(runtime.vbaInputFile(), field);
+    }
     EXPECT_TRUE(runtime.rtcEndOfFile());
-    runtime.vbaFileClose();
-
     write(place / "old.ini", "m\xe4rchen\r\n");
     runtime.vbaFileOpen(in("old.ini"), Runtime::OpenMode::Input);
     EXPECT_EQ(runtime.vbaInputFile(), oldText);
-    runtime.vbaFileOpen(in("x.tmp"), Runtime::OpenMode::Output);
-    runtime.vbaPrintFile("short");
     runtime.vbaFileClose();
-    EXPECT_EQ(contentOf(place / "x.tmp"), "short\r\n");
 
-    runtime.vbaNameFile(in("x.tmp"), in("y.ini"));
+    const auto changed = [&](const char* name) { return runtime.rtcFileDateTime(in(name)); };
+    EXPECT_LT(std::chrono::abs(changed("x.tmp") - std::chrono::system_clock::now()), 10s);
     const auto now = fs::file_time_type::clock::now();
     fs::last_write_time(place / "old.ini", now - 2s);
-    fs::last_write_time(place / "y.ini", now);
-    EXPECT_EQ(runtime.rtcFileDateTime(in("y.ini")) - runtime.rtcFileDateTime(in("old.ini")), 2s);
-    EXPECT_LT(
-        std::chrono::abs(runtime.rtcFileDateTime(in("y.ini")) - std::chrono::system_clock::now()),
-        10s);
-    const auto rename = [&] { runtime.vbaNameFile(in("y.ini"), in("OLD.ini")); };
-    EXPECT_TRUE(errorOf(rename).starts_with("Cannot rename " + in("y.ini") + " to " +
-                                            in("OLD.ini") + ": "));
+    fs::last_write_time(place / "x.tmp", now);
+    EXPECT_EQ(changed("x.tmp") - changed("old.ini"), 2s);
+
+    runtime.vbaNameFile(in("x.tmp"), in("y.ini"));
+    const std::pair<std::function<void()>, std::string> failures[] = {
+        {[&] { runtime.vbaNameFile(in("y.ini"), in("OLD.ini")); },
+         "Cannot rename " + in("y.ini") + " to " + in("OLD.ini") + ": "},
+        {[&] { runtime.rtcKillFiles(in("x.tmp")); }, "Cannot delete " + in("x.tmp") + ": "},
+        {[&] { runtime.vbaFileOpen(in("none\\x"), Runtime::OpenMode::Output); },
+         "Cannot open " + in("none\\x") + ": "},
+        {[&] { runtime.folders(in("none")); }, "Cannot open " + in("none") + ": "},
+    };
+    for (const auto& [operation, message] : failures)
+        EXPECT_TRUE(errorOf(operation).starts_with(message)) << errorOf(operation);
     EXPECT_EQ(contentOf(place / "old.ini"), "m\xe4rchen\r\n");
-    const auto remove = [&] { runtime.rtcKillFiles(in("OLD.INI")); };
-    EXPECT_EQ(errorOf(remove), "");
-    EXPECT_TRUE(errorOf(remove).starts_with("Cannot delete " + in("OLD.INI") + ": "));
+    runtime.rtcKillFiles(in("OLD.INI"));
     EXPECT_FALSE(fs::exists(place / "old.ini"));
-    const auto open = [&] { runtime.vbaFileOpen(in("none\\x"), Runtime::OpenMode::Output); };
-    EXPECT_TRUE(errorOf(open).starts_with("Cannot open " + in("none\\x") + ": "));
 }
 
 TEST_F(Platform, GivesShortPaths) {
@@ -128,7 +124,6 @@ TEST_F(Platform, GivesShortPaths) {
     }
     EXPECT_NE(runtime.GetShortPathName(in("my games")), "");
     EXPECT_EQ(runtime.GetShortPathName(in("my games\\none.kel")), "");
-    EXPECT_EQ(runtime.GetShortPathName(""), "");
 }
 
 TEST_F(Platform, RunsAScript) {
@@ -149,33 +144,31 @@ TEST_F(Platform, StartsPrograms) {
     EXPECT_EQ(echoed(), textOf(place) + "[a märchen][no-input]\n");
     runtime.rtcShell("tool.exe no-input", Runtime::normalFocus);
     EXPECT_EQ(echoed(), textOf(place) + "[no-input]\n");
-    for (const std::string& command : {core::quoted(in("none.bat")), std::string("none x"),
-                                       core::quoted(in("none.exe")), std::string()}) {
-        const auto start = [&] { runtime.rtcShell(command, Runtime::normalFocus); };
-        EXPECT_NE(errorOf(start), "") << command;
-    }
+    for (const std::string& command :
+         {core::quoted(in("none.bat")), core::quoted(in("x.exe")), ""s})
+        EXPECT_NE(errorOf([&] { runtime.rtcShell(command, Runtime::normalFocus); }), "") << command;
 }
 
 TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
-    const char* application = "Norvane Workbench Tests";
+    const std::string application = "Norvane Workbench Tests";
     const std::string value = "a, \"b\" = @é; 5%";
     runtime.rtcSaveSetting(application, "Settings", "MainLeft", value);
-    Runtime other = makeRuntime(nullptr);
+    Runtime other = makeRuntime([](auto&, int, const std::string& title) {
+        EXPECT_EQ(title, "The Norvane Workbench");
+        return Runtime::Answer::Yes;
+    });
     EXPECT_EQ(other.rtcGetSetting(application, "Settings", "MainLeft", ""), value);
     EXPECT_EQ(other.rtcGetSetting(application, "Settings", "MainTop", "7"), "7");
-    EXPECT_EQ(runtime.rtcMsgBox("?", Runtime::yesNo, ""), Runtime::Answer::Yes);
-    EXPECT_EQ(title, "The Norvane Workbench");
+    EXPECT_EQ(other.rtcMsgBox("?", Runtime::yesNo, ""), Runtime::Answer::Yes);
 }
 
 TEST_F(Platform, ListsDrivesAndFolders) {
     write(place / "tales/x");
     write(place / "games/x");
     write(place / "file");
-    std::vector<std::string> names = runtime.folders(folder);
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(names, (std::vector<std::string>{"games", "tales"}));
+    const std::vector<std::string> names = runtime.folders(folder);
+    EXPECT_EQ(std::set(names.begin(), names.end()), (std::set<std::string>{"games", "tales"}));
     EXPECT_TRUE(runtime.folders(in("games\\")).empty());
-    EXPECT_TRUE(errorOf([&] { runtime.folders(in("none")); }).starts_with("Cannot open "));
     EXPECT_EQ(runtime.currentFolder(), folder);
     const std::vector<std::string> drives = runtime.drives();
     EXPECT_NE(std::find(drives.begin(), drives.end(), "c:"), drives.end());
