@@ -1,6 +1,8 @@
 #include "platform/win32/win32_runtime.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include "core/module1.h"
 #include "core/text.h"
@@ -72,6 +74,13 @@ class Listing {
     bool valid_;
 };
 
+/// True of the errors by which the system cannot tell whether there is a file.
+bool isUnknown(DWORD error) {
+    constexpr DWORD errors[] = {ERROR_ACCESS_DENIED, ERROR_CRC, ERROR_IO_DEVICE,
+                                ERROR_NETNAME_DELETED};
+    return std::find(std::begin(errors), std::end(errors), error) != std::end(errors);
+}
+
 }  // namespace
 
 std::string Win32Runtime::AppPath() {
@@ -84,6 +93,7 @@ std::string Win32Runtime::rtcDir(const std::string& path) {
     // The last three are further wildcards of the system.
     if (path.find_first_of("*?<>\"") != std::string::npos) return "";
     const Listing found(path);
+    if (!found.valid() && isUnknown(GetLastError())) fail("look up", path);
     return found.valid() && !found.isFolder() && !found.isHidden() ? found.name() : "";
 }
 
