@@ -82,6 +82,7 @@ bool Keyboard::mnemonic(wchar_t letter) {
     forms::Control* target = form_.mnemonicTarget(capital, focused());
     if (!target) return false;  // it may be a menu's
     focus(*target);
+    settle();  // a box that the click brings up gives the focus back to this one
     target->click();
     return true;
 }
