@@ -33,3 +33,11 @@ function(nwbw_window_tests program)
   set_tests_properties(${program} PROPERTIES
     ENVIRONMENT "${wine_environment}" TIMEOUT 120 RUN_SERIAL ON)
 endfunction()
+
+# The tour of the real program. The guide is a program of this system.
+add_test(NAME tour_guide COMMAND ${PROJECT_SOURCE_DIR}/scripts/build dev tour)
+set_tests_properties(tour_guide PROPERTIES FIXTURES_SETUP tour_guide)
+add_test(NAME tour_windows
+  COMMAND ${PROJECT_SOURCE_DIR}/build/dev/bin/tour ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
+set_tests_properties(tour_windows PROPERTIES
+  FIXTURES_REQUIRED tour_guide RUN_SERIAL ON TIMEOUT 120)

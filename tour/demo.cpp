@@ -29,13 +29,12 @@ std::vector<std::string> lines(const std::string& text) {
     return all;
 }
 
-Demo::Demo(const fs::path& folder, const fs::path& project, const fs::path& build) {
-    const fs::path maker = project / "scripts" / "make-demo";
-    if (Child({maker.string(), folder.string(), build.string()}).wait() != 0)
-        throw std::runtime_error("the demo could not be made");
-    folder_ = fs::canonical(folder);
-    driveC_ = folder_ / "home/data/nwbw/drive_c";
-}
+Demo::Demo(const fs::path& folder, const fs::path& program, const fs::path& driveC,
+           const fs::path& notepad)
+    : folder_(fs::canonical(folder)),
+      program_(folder_ / program),
+      driveC_(folder_ / driveC),
+      notepad_(folder_ / notepad) {}
 
 std::unique_ptr<Child> Demo::start() const {
     return std::make_unique<Child>(std::vector<std::string>{(folder_ / "start").string()});
@@ -46,34 +45,89 @@ std::string Demo::text(const std::string& path) const {
 }
 
 fs::path Demo::place(const std::string& path) const {
-    if (!path.starts_with("c:\\")) return folder_ / "program" / path;
+    if (!path.starts_with("c:\\")) return program_ / path;
     std::string rest = path.substr(3);
     std::replace(rest.begin(), rest.end(), '\\', '/');
     return driveC_ / rest;
 }
 
 fs::path Demo::recordOf(const std::string& program) const {
-    const fs::path place =
-        program == "notepad" ? folder_ / "desktop" / program : this->place(program);
+    const fs::path place = program == "notepad" ? notepad_ : this->place(program);
     return fs::path(place).replace_extension(".record");
 }
 
 std::vector<std::string> Demo::lastCall(const std::string& program) const {
     std::vector<std::string> call;
-    for (std::string line : lines(read(recordOf(program)))) {
+    for (const std::string& line : lines(read(recordOf(program)))) {
         if (line.starts_with("run ")) call.clear();
-        if (const auto at = line.find(driveC_.string()); at != std::string::npos) {
-            std::string path = line.substr(at + driveC_.string().size());
-            std::replace(path.begin(), path.end(), '/', '\\');
-            line.replace(at, std::string::npos, "c:" + path);
-        }
-        call.push_back(line);
+        call.push_back(withDrive(line));
     }
     return call;
 }
 
 void Demo::forgetCalls(const std::string& program) const {
     fs::remove(recordOf(program));
+}
+
+namespace {
+
+/// The program of this system, over the drives that it has of its own.
+class LinuxDemo : public Demo {
+  public:
+    explicit LinuxDemo(const fs::path& folder)
+        : Demo(folder, "program", "home/data/nwbw/drive_c", "desktop/notepad") {}
+
+    [[nodiscard]] System system() const override {
+        // The tools are programs of this system, which get the long names.
+        return {.splash = "nwbw",
+                .terminal = "nwbw-batch",
+                .scripts = {"c:\\kelm\\STANDA~1", "c:\\MYGAME~1", "WIZARD~1"},
+                .tools = {"c:\\kelm\\standard library", "c:\\my games", "wizardquest"},
+                .caveListing = "c:\\my games\\cave.lis"};
+    }
+
+  protected:
+    [[nodiscard]] std::string withDrive(std::string line) const override {
+        const std::size_t at = line.find(driveC().string());
+        if (at == std::string::npos) return line;
+        std::string path = line.substr(at + driveC().string().size());
+        std::replace(path.begin(), path.end(), '/', '\\');
+        return line.substr(0, at) + "c:" + path;
+    }
+};
+
+/// The Windows program under Wine.
+class WineDemo : public Demo {
+  public:
+    explicit WineDemo(const fs::path& folder)
+        : Demo(folder, "wine/drive_c/nwbw", "wine/drive_c", "wine/drive_c/my games/notepad") {}
+    ~WineDemo() override { Child({(folder() / "start").string(), "--end"}).wait(); }
+
+    [[nodiscard]] System system() const override {
+        const Names names{"c:\\kelm\\STAN~2VR", "c:\\MY_G~I5E", "WIZA~XWU"};
+        return {.splash = "",
+                .terminal = "C:\\windows\\system32\\cmd.exe",
+                .scripts = names,
+                .tools = names,
+                .caveListing = "cave.lis"};
+    }
+
+  protected:
+    [[nodiscard]] std::string withDrive(std::string line) const override {
+        if (const std::size_t at = line.find("C:\\"); at != std::string::npos) line[at] = 'c';
+        return line;
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Demo> makeDemo(const fs::path& folder, const fs::path& project,
+                               const fs::path& build) {
+    const fs::path maker = project / "scripts" / "make-demo";
+    if (Child({maker.string(), folder.string(), build.string()}).wait() != 0)
+        throw std::runtime_error("the demo could not be made");
+    if (fs::exists(build / "bin/nwbw.exe")) return std::make_unique<WineDemo>(folder);
+    return std::make_unique<LinuxDemo>(folder);
 }
 
 }  // namespace tour

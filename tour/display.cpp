@@ -90,8 +90,17 @@ std::string Display::title(unsigned long window) const {
 }
 
 void Display::focus(const Window& window) const {
+    // A window manager tells a window that it is shown; some wait for that before they hide.
+    const long shown[] = {NormalState, None};
+    XChangeProperty(connection_, window.id, atom("WM_STATE"), atom("WM_STATE"), 32, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(shown), 2);
     XRaiseWindow(connection_, window.id);
     XSetInputFocus(connection_, window.id, RevertToPointerRoot, CurrentTime);
+    XSync(connection_, False);
+}
+
+void Display::unfocus() const {
+    XSetInputFocus(connection_, None, RevertToNone, CurrentTime);
     XSync(connection_, False);
 }
 

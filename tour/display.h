@@ -36,6 +36,8 @@ class Display {
 
     /// Puts the window on top and lets it have the keys.
     void focus(const Window& window) const;
+    /// Takes the keys from all windows, so that the next to get them becomes the active one anew.
+    void unfocus() const;
     /// Asks the window to close, as its close box would.
     void close(const Window& window) const;
     void click(int x, int y) const;

@@ -108,6 +108,13 @@ void Guide::operator()(const Vanish&) {
         throw std::runtime_error("the window has stayed");
 }
 
+void Guide::operator()(const Absent& absent) {
+    if (!happens([&] { return !display_.find(absent.title, window_); }))
+        throw std::runtime_error("the window \"" + absent.title + "\" has stayed");
+    // It may have been the active one while the display left the keys where they were.
+    display_.unfocus();
+}
+
 void Guide::operator()(const Script& script) {
     expect("the command script", script.lines, [&] {
         const std::string text = demo_.text("~kelmcon.bat");

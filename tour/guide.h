@@ -31,6 +31,7 @@ class Guide {
     void operator()(const Close& close);
     void operator()(const Appear& appear);
     void operator()(const Vanish& vanish);
+    void operator()(const Absent& absent);
     void operator()(const Script& script);
     void operator()(const Call& call);
     void operator()(const Left& left);

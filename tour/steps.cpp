@@ -8,7 +8,6 @@ using Steps = std::vector<Step>;
 using Texts = std::vector<std::string>;
 
 const std::string console = "The Norvane Workbench";
-const std::string terminal = "nwbw-batch";
 const std::string games = "c:\\my games";
 const std::string cave = games + "\\cave";
 const std::string quest = games + "\\wizardquest";
@@ -26,8 +25,6 @@ const std::string consolePlayer = "c:\\kelm\\programs\\winkrun.exe";
 const std::string wordProcessor = editor;
 
 const std::string library = "c:\\kelm\\standard library";
-const std::string shortLibrary = "c:\\kelm\\STANDA~1";
-const std::string shortGames = "c:\\MYGAME~1";
 
 const std::string caveTexts =
     "You stand before a cave. A path leads down into the dark.\n"
@@ -93,10 +90,11 @@ Steps wrote(const Texts& commands, const Texts& tail = {""}) {
              Script{Texts{"c:", "cd \"\\my games\\\""} + commands + tail}}};
 }
 
-Steps wroteCompile(const std::string& options, const std::string& viewer) {
+Steps wroteCompile(const std::string& library, const std::string& options,
+                   const std::string& viewer) {
     return wrote(
-        {quoted(kelm) + " -Include " + quoted(shortLibrary) + " " + options + " -List -Height 0",
-         viewer, "exit"},
+        {quoted(kelm) + " -Include " + quoted(library) + " " + options + " -List -Height 0", viewer,
+         "exit"},
         {"", "", "pause", "", "", "exit", ""});
 }
 
@@ -104,33 +102,45 @@ Steps called(const std::string& program, const Texts& arguments, const Texts& in
     return {{"The tool was called so", Call{program, games, arguments, input}}};
 }
 
-Steps calledCompiler(const Texts& arguments) {
+Steps calledCompiler(const std::string& library, const Texts& arguments) {
     return called(kelm, Texts{"-Include", library} + arguments + Texts{"-List", "-Height", "0"});
+}
+
+/// The script has run to its end.
+Steps done(const System& system) {
+    return {{"The terminal has gone", Absent{system.terminal}}};
 }
 
 Steps left(const std::string& file, const std::string& text) {
     return {{"The file " + file + " was left", Left{file, text}}};
 }
 
-/// A box comes up and is answered by a key.
-Steps box(const std::string& title, const std::string& keys) {
-    return Steps{{"A box comes up", Appear{title}}} + press(keys, "the answer") +
-           Steps{{"The box goes", Vanish{}}, backToConsole};
+/// Leaves the dialog or the box with a key. The window below has been in view all the time, so that
+/// only the going of this one tells that the key has worked.
+Steps leave(const std::string& keys, const std::string& why, const Step& below = backToConsole) {
+    return press(keys, why) + Steps{{"It goes", Vanish{}}, below};
 }
 
-Scene start() {
+/// A box comes up and is answered by a key.
+Steps box(const std::string& title, const std::string& keys) {
+    return Steps{{"A box comes up", Appear{title}}} + leave(keys, "the answer");
+}
+
+Scene start(const System& system) {
     return {"The start",
-            {{"The splash comes up", Appear{"nwbw"}},
+            {{"The splash comes up", Appear{system.splash}},
              {"Press a key, which sends it away", Press{"space"}},
              {"The console comes up on the Compile tab", Appear{console}}}};
 }
 
-Scene compileByMouse() {
+Scene compileByMouse(const System& system) {
     return {"Compile, with the mouse",
             click("the file's box", "txtFname") + fill(cave + ".kel") + click("Debug", "chkDebug") +
-                click("Compile", "btnCompile") + calledCompiler({"cave", "-Debug"}) +
-                seenInEditor(notepad, "cave.lis", cave + ".lis") +
-                wroteCompile("cave -Debug", "notepad cave.lis") + left(cave + ".kcd", caveTexts)};
+                click("Compile", "btnCompile") +
+                calledCompiler(system.tools.library, {"cave", "-Debug"}) +
+                seenInEditor(notepad, "cave.lis", system.caveListing) +
+                wroteCompile(system.scripts.library, "cave -Debug", "notepad cave.lis") +
+                left(cave + ".kcd", caveTexts)};
 }
 
 /// What the settings file holds, as far as the tour changes it.
@@ -184,55 +194,54 @@ Scene dialogs() {
     const auto go = [&scene](const Steps& steps) { scene.steps = scene.steps + steps; };
 
     go(press("Alt+M", "modify the include folders") + Steps{list} + press("Alt+A", "add one") +
-       Steps{folder} + fill(games) + press("Return", "OK") + Steps{list});
-    go(press("Escape", "cancel") + Steps{backToConsole});
+       Steps{folder} + fill(games) + leave("Return", "OK", list) + leave("Escape", "cancel"));
     go(press("Alt+M", "modify them after all") + Steps{list} + press("Alt+A", "add one") +
-       Steps{folder} + fill(games) + press("Return", "OK") + Steps{list} + press("Alt+C", "close") +
-       Steps{backToConsole});
+       Steps{folder} + fill(games) + leave("Return", "OK", list) + leave("Alt+C", "close"));
     settings.folders = {library, games};
     go(saved(settings));
 
     go(openDialog("Alt+G", "K", programs) + toBox(2) + fill(consolePlayer) +
-       press("Escape", "cancel") + Steps{backToConsole} + saved(settings));
-    go(openDialog("Alt+G", "K", programs) + toBox(2) + fill(consolePlayer) + press("Return", "OK") +
-       Steps{backToConsole});
+       leave("Escape", "cancel") + saved(settings));
+    go(openDialog("Alt+G", "K", programs) + toBox(2) + fill(consolePlayer) + leave("Return", "OK"));
     settings.consolePlayer = consolePlayer;
     go(saved(settings));
 
-    go(openDialog("Alt+G", "O", others) + toBox(3) + fill(wordProcessor) + press("Return", "OK") +
-       Steps{backToConsole});
+    go(openDialog("Alt+G", "O", others) + toBox(3) + fill(wordProcessor) + leave("Return", "OK"));
     settings.wordProcessor = wordProcessor;
     go(saved(settings));
 
-    go(openDialog("Alt+H", "A", "About the Norvane Workbench") + press("Return", "OK") +
-       Steps{backToConsole});
+    go(openDialog("Alt+H", "A", "About the Norvane Workbench") + leave("Return", "OK"));
     return scene;
 }
 
-Scene compileByKeyboard() {
-    const Steps commands =
-        wroteCompile("-Include " + quoted(shortGames) + " WIZARD~1 -Pack -Debug -Full",
-                     quoted(editor) + " WIZARD~1.lis");
-    const Steps call =
-        calledCompiler({"-Include", games, "wizardquest", "-Pack", "-Debug", "-Full"});
-    const Steps listing = seenInEditor(editor, "wizardquest.lis", "wizardquest.lis");
+Scene compileByKeyboard(const System& system) {
+    const auto called = [&](const std::string& stem) {
+        return calledCompiler(system.tools.library,
+                              {"-Include", system.tools.games, stem, "-Pack", "-Debug", "-Full"}) +
+               seenInEditor(editor, stem + ".lis", stem + ".lis");
+    };
+    const std::string stem = system.scripts.quest;
     return {"Compile a name of more than eight letters, with the keyboard",
             press("Alt+E", "the listing in my editor") + press("Tab", "the next option") +
                 press("space", "all of the source in the listing") + press("Alt+P", "packed") +
-                fromOptionToFile() + fill(games + "\\dragon.kel") +
+                press("Alt+C", "compile again") + box("Game newer than Source", "Alt+Y") +
+                called("cave") + fromButtonToFile() + fill(games + "\\dragon.kel") +
                 press("Alt+C", "compile a file that is not there") + box(console, "Return") +
-                fromButtonToFile() + fill(quest + ".kel") + press("Alt+C", "compile") + call +
-                listing + commands + left(quest + ".kcd", questTexts) +
-                press("Alt+C", "compile again") + box("Game newer than Source", "Alt+Y") + call +
-                listing};
+                fromButtonToFile() + fill(quest + ".kel") + press("Alt+C", "compile") +
+                called(system.tools.quest) +
+                wroteCompile(
+                    system.scripts.library,
+                    "-Include " + quoted(system.scripts.games) + " " + stem + " -Pack -Debug -Full",
+                    quoted(editor) + " " + stem + ".lis") +
+                left(games + "\\" + system.tools.quest + ".kcd", questTexts)};
 }
 
-Scene playByMouse() {
+Scene playByMouse(const System& system) {
     return {"Play, with the mouse",
             press("Ctrl+Tab", "the next tab") + click("the file's box", "txtFnameP") +
                 fill(cave + ".kcd") + click("Trace", "chkTrace") +
                 click("Full Transcript", "optRecord(1)") + click("Play", "btnPlay") +
-                Steps{{"The player's terminal comes up", Appear{terminal}},
+                Steps{{"The player's terminal comes up", Appear{system.terminal}},
                       {"Play a little", Type{"look\nquit\n"}},
                       {"The terminal goes", Vanish{}},
                       backToConsole} +
@@ -241,16 +250,17 @@ Scene playByMouse() {
                 left(cave + ".log", "look\nquit\n")};
 }
 
-Scene playByKeyboard() {
-    return {"Replay with the MSDOS player, with the keyboard",
-            press("Alt+E", "no recording") + press("Alt+T", "no trace") + press("Alt+R", "replay") +
-                press("Tab", "the log's box") + fill("cave.log") +
-                press("Alt+M", "the MSDOS player") + fromOptionToFile() + fill(quest + ".kcd") +
-                press("Alt+P", "play") + called(dosKrun, {"wizardquest"}, {"look", "quit"}) +
-                wrote({quoted(dosKrun) + " WIZARD~1 < cave.log"})};
+Scene playByKeyboard(const System& system) {
+    return {
+        "Replay with the MSDOS player, with the keyboard",
+        press("Alt+E", "no recording") + press("Alt+T", "no trace") + press("Alt+R", "replay") +
+            press("Tab", "the log's box") + fill("cave.log") + press("Alt+M", "the MSDOS player") +
+            fromOptionToFile() + fill(games + "\\" + system.tools.quest + ".kcd") +
+            press("Alt+P", "play") + called(dosKrun, {system.tools.quest}, {"look", "quit"}) +
+            wrote({quoted(dosKrun) + " " + system.scripts.quest + " < cave.log"}) + done(system)};
 }
 
-Scene spellingByMouse() {
+Scene spellingByMouse(const System& system) {
     return {"Spelling, with the mouse",
             press("Ctrl+Tab", "the next tab") + click("the file's box", "txtFnameS") +
                 fill(quest + ".kel") + click("Remove codes", "optCodes(2)") +
@@ -259,14 +269,14 @@ Scene spellingByMouse() {
                 click("A name of my own", "chkOutputfile") +
                 click("the output's box", "txtFnameO") + fill("words.txt") +
                 click("Extract", "btnExtract") +
-                called(klex, {"wizardquest", "-FR", "-PR", "-NL", "-OFwords.txt"}) +
+                called(klex, {system.tools.quest, "-FR", "-PR", "-NL", "-OFwords.txt"}) +
                 seenInEditor(wordProcessor, "words.txt", "words.txt") +
-                wrote({quoted(klex) + " WIZARD~1 -FR -PR -NL  -OFwords.txt",
+                wrote({quoted(klex) + " " + system.scripts.quest + " -FR -PR -NL  -OFwords.txt",
                        quoted(wordProcessor) + "  words.txt"}) +
                 left(games + "\\words.txt", questTexts)};
 }
 
-Scene spellingByKeyboard() {
+Scene spellingByKeyboard(const System& system) {
     return {"Spelling, with the keyboard",
             press("Alt+R", "format with the codes") + press("Alt+U", "upper case words") +
                 press("Alt+D", "line numbers again") + press("Alt+C", "the default name") +
@@ -278,7 +288,7 @@ Scene spellingByKeyboard() {
                 box(console, "Return") + press("Alt+O", "overwrite") +
                 press("Alt+W", "no word processor") + press("Alt+E", "extract") +
                 called(klex, {"cave", "-OO", "-FF", "-PC"}) +
-                wrote({quoted(klex) + " cave -OO -FF -PC"})};
+                wrote({quoted(klex) + " cave -OO -FF -PC"}) + done(system)};
 }
 
 Scene editByMouse() {
@@ -294,9 +304,10 @@ Scene editByKeyboard() {
                 press("Alt+E", "edit") + seenInEditor(notepad, "cave.kel", cave + ".kel")};
 }
 
-Scene end() {
+Scene end(const System& system) {
     Settings settings{consolePlayer, wordProcessor};
-    settings.files = {cave + ".kel", quest + ".kel", quest + ".kcd", cave + ".kel"};
+    settings.files = {cave + ".kel", quest + ".kel", games + "\\" + system.tools.quest + ".kcd",
+                      cave + ".kel"};
     settings.player = "2";
     settings.startTab = "1";
     settings.folders = {library, games};
@@ -306,18 +317,18 @@ Scene end() {
 
 }  // namespace
 
-std::vector<Scene> scenes() {
-    return {start(),
-            compileByMouse(),
+std::vector<Scene> scenes(const System& system) {
+    return {start(system),
+            compileByMouse(system),
             dialogs(),
-            compileByKeyboard(),
-            playByMouse(),
-            playByKeyboard(),
-            spellingByMouse(),
-            spellingByKeyboard(),
+            compileByKeyboard(system),
+            playByMouse(system),
+            playByKeyboard(system),
+            spellingByMouse(system),
+            spellingByKeyboard(system),
             editByMouse(),
             editByKeyboard(),
-            end()};
+            end(system)};
 }
 
 }  // namespace tour

@@ -28,6 +28,10 @@ struct Appear {
 };
 /// The window that was worked goes.
 struct Vanish {};
+/// No window with the title is in view, be it that none has come or that it has gone.
+struct Absent {
+    std::string title;
+};
 /// The command script reads as given, and each line ends in CRLF.
 struct Script {
     std::vector<std::string> lines;
@@ -48,7 +52,8 @@ struct Left {
 /// The program has ended by itself and without an error.
 struct End {};
 
-using Action = std::variant<Press, Type, Click, Close, Appear, Vanish, Script, Call, Left, End>;
+using Action =
+    std::variant<Press, Type, Click, Close, Appear, Vanish, Absent, Script, Call, Left, End>;
 
 struct Step {
     std::string what;
@@ -60,7 +65,23 @@ struct Scene {
     std::vector<Step> steps;
 };
 
+/// What carries a short form of its name: two folders, and the stem of a file.
+struct Names {
+    std::string library;
+    std::string games;
+    std::string quest;
+};
+
+/// What the systems below do each in its own way.
+struct System {
+    std::string splash;       ///< title of the splash, which has none of its own
+    std::string terminal;     ///< title of the window of a script
+    Names scripts;            ///< as they stand in a script
+    Names tools;              ///< as the script's programs receive them, and name their files
+    std::string caveListing;  ///< as Notepad receives it from a script
+};
+
 /// The whole tour, from the start of the program to its end.
-std::vector<Scene> scenes();
+std::vector<Scene> scenes(const System& system);
 
 }  // namespace tour

@@ -3,6 +3,8 @@
 /// of each step. Ends with an error if a step did not happen.
 ///
 ///     tour PROJECT_FOLDER BUILD_FOLDER
+///
+/// The program is the one of the build folder. That of Windows runs under Wine.
 
 #include <cstdlib>
 #include <filesystem>
@@ -28,16 +30,17 @@ void settleEnvironment(const fs::path& runtime) {
 }
 
 void takeTour(const fs::path& project, const fs::path& build) {
-    const fs::path folder = project / "build" / "tour";
+    fs::path folder = project / "build" / "tour";
+    if (fs::exists(build / "bin" / "nwbw.exe")) folder += "-windows";
     fs::remove_all(folder);
     fs::create_directories(folder);
     settleEnvironment(folder / "runtime");
 
-    const tour::Demo demo(folder / "demo", project, build);
+    const auto demo = tour::makeDemo(folder / "demo", project, build);
     const tour::Display display;
-    tour::Guide guide(display, demo, folder);
+    tour::Guide guide(display, *demo, folder);
     std::size_t steps = 0;
-    for (const tour::Scene& scene : tour::scenes()) {
+    for (const tour::Scene& scene : tour::scenes(demo->system())) {
         std::cout << "\n" << scene.name << "\n";
         for (const tour::Step& step : scene.steps)
             guide.take(step);
