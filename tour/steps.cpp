@@ -75,13 +75,18 @@ Steps fromOptionToFile() {
            fromButtonToFile();
 }
 
+/// The script has run to its end.
+Steps done(const System& system) {
+    return {{"The terminal has gone", Absent{system.terminal}}};
+}
+
 /// The editor has come up with the file; looks at how it was called and closes it.
-Steps seenInEditor(const std::string& program, const std::string& file,
+Steps seenInEditor(const System& system, const std::string& program, const std::string& file,
                    const std::string& argument) {
-    return {{"The editor comes up", Appear{file + " - Practice Editor"}},
-            {"It was called so", Call{program, games, {argument}}},
-            {"Close the editor", Close{}},
-            backToConsole};
+    return Steps{{"The editor comes up", Appear{file + " - Practice Editor"}},
+                 {"It was called so", Call{program, games, {argument}}},
+                 {"Close the editor", Close{}}} +
+           done(system) + Steps{backToConsole};
 }
 
 /// The script of a panel: its commands run in the folder of the games.
@@ -104,11 +109,6 @@ Steps called(const std::string& program, const Texts& arguments, const Texts& in
 
 Steps calledCompiler(const std::string& library, const Texts& arguments) {
     return called(kelm, Texts{"-Include", library} + arguments + Texts{"-List", "-Height", "0"});
-}
-
-/// The script has run to its end.
-Steps done(const System& system) {
-    return {{"The terminal has gone", Absent{system.terminal}}};
 }
 
 Steps left(const std::string& file, const std::string& text) {
@@ -138,7 +138,7 @@ Scene compileByMouse(const System& system) {
             click("the file's box", "txtFname") + fill(cave + ".kel") + click("Debug", "chkDebug") +
                 click("Compile", "btnCompile") +
                 calledCompiler(system.tools.library, {"cave", "-Debug"}) +
-                seenInEditor(notepad, "cave.lis", system.caveListing) +
+                seenInEditor(system, notepad, "cave.lis", system.caveListing) +
                 wroteCompile(system.scripts.library, "cave -Debug", "notepad cave.lis") +
                 left(cave + ".kcd", caveTexts)};
 }
@@ -218,7 +218,7 @@ Scene compileByKeyboard(const System& system) {
     const auto called = [&](const std::string& stem) {
         return calledCompiler(system.tools.library,
                               {"-Include", system.tools.games, stem, "-Pack", "-Debug", "-Full"}) +
-               seenInEditor(editor, stem + ".lis", stem + ".lis");
+               seenInEditor(system, editor, stem + ".lis", stem + ".lis");
     };
     const std::string stem = system.scripts.quest;
     return {"Compile a name of more than eight letters, with the keyboard",
@@ -270,7 +270,7 @@ Scene spellingByMouse(const System& system) {
                 click("the output's box", "txtFnameO") + fill("words.txt") +
                 click("Extract", "btnExtract") +
                 called(klex, {system.tools.quest, "-FR", "-PR", "-NL", "-OFwords.txt"}) +
-                seenInEditor(wordProcessor, "words.txt", "words.txt") +
+                seenInEditor(system, wordProcessor, "words.txt", "words.txt") +
                 wrote({quoted(klex) + " " + system.scripts.quest + " -FR -PR -NL  -OFwords.txt",
                        quoted(wordProcessor) + "  words.txt"}) +
                 left(games + "\\words.txt", questTexts)};
@@ -282,7 +282,7 @@ Scene spellingByKeyboard(const System& system) {
                 press("Alt+D", "line numbers again") + press("Alt+C", "the default name") +
                 fromOptionToFile() + fill(cave + ".kel") + press("Alt+E", "extract") +
                 called(klex, {"cave", "-FF", "-PC"}) +
-                seenInEditor(wordProcessor, "cave.txt", "cave.txt") +
+                seenInEditor(system, wordProcessor, "cave.txt", "cave.txt") +
                 wrote({quoted(klex) + " cave -FF -PC", quoted(wordProcessor) + "  cave.txt"}) +
                 press("Alt+E", "extract again, over a file that is there") +
                 box(console, "Return") + press("Alt+O", "overwrite") +
@@ -291,17 +291,17 @@ Scene spellingByKeyboard(const System& system) {
                 wrote({quoted(klex) + " cave -OO -FF -PC"}) + done(system)};
 }
 
-Scene editByMouse() {
-    return {"Edit, with the mouse", press("Ctrl+Tab", "round to the first tab") +
-                                        click("the file's box", "txtFnameE") +
-                                        fill(quest + ".kel") + click("Edit", "btnEdit") +
-                                        seenInEditor(editor, "wizardquest.kel", quest + ".kel")};
+Scene editByMouse(const System& system) {
+    return {"Edit, with the mouse",
+            press("Ctrl+Tab", "round to the first tab") + click("the file's box", "txtFnameE") +
+                fill(quest + ".kel") + click("Edit", "btnEdit") +
+                seenInEditor(system, editor, "wizardquest.kel", quest + ".kel")};
 }
 
-Scene editByKeyboard() {
+Scene editByKeyboard(const System& system) {
     return {"Edit with Notepad, with the keyboard",
             press("Alt+N", "Notepad") + fromOptionToFile() + fill(cave + ".kel") +
-                press("Alt+E", "edit") + seenInEditor(notepad, "cave.kel", cave + ".kel")};
+                press("Alt+E", "edit") + seenInEditor(system, notepad, "cave.kel", cave + ".kel")};
 }
 
 Scene end(const System& system) {
@@ -326,8 +326,8 @@ std::vector<Scene> scenes(const System& system) {
             playByKeyboard(system),
             spellingByMouse(system),
             spellingByKeyboard(system),
-            editByMouse(),
-            editByKeyboard(),
+            editByMouse(system),
+            editByKeyboard(system),
             end(system)};
 }
 
