@@ -10,6 +10,10 @@ void Main(Program& program, const std::function<void()>& showSplash) {
     LoadSettings(program);
 }
 
+bool exists(Runtime& runtime, const std::string& path) {
+    return !path.empty() && !runtime.rtcDir(path).empty();
+}
+
 std::string GetShortName(Runtime& runtime, const std::string& path) {
     constexpr std::size_t longest = 254;  // the system's buffer, less its closing zero
     const std::string shortPath = runtime.GetShortPathName(path);

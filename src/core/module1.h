@@ -24,6 +24,9 @@ struct Program {
 /// The start of a run: shows the splash, then fills the state from the settings file.
 void Main(Program& program, const std::function<void()>& showSplash);
 
+/// True if the path is set and names an ordinary file.
+bool exists(Runtime& runtime, const std::string& path);
+
 /// The short form of a path, empty if it names nothing that exists or is too long.
 std::string GetShortName(Runtime& runtime, const std::string& path);
 

@@ -60,10 +60,6 @@ AppState defaults() {
     return state;
 }
 
-bool found(Runtime& runtime, const std::string& path) {
-    return !runtime.rtcDir(path).empty();
-}
-
 /// The whole number in a field, or nothing if it holds none.
 std::optional<int> number(std::string field) {
     std::erase(field, ' ');
@@ -127,8 +123,8 @@ void readBeta3(Program& program, const std::string& path) {
 
 /// Carries out the last rename of a save that was cut off in front of it.
 void completeSave(Runtime& runtime, const SettingsPaths& paths) {
-    if (!found(runtime, paths.current) && found(runtime, paths.writing) &&
-        found(runtime, paths.backup)) {
+    if (!exists(runtime, paths.current) && exists(runtime, paths.writing) &&
+        exists(runtime, paths.backup)) {
         runtime.vbaNameFile(paths.writing, paths.current);
     }
 }
@@ -168,9 +164,9 @@ void LoadSettings(Program& program) {
     program.state = defaults();
     try {
         completeSave(runtime, paths);
-        if (found(runtime, paths.current)) {
+        if (exists(runtime, paths.current)) {
             readCurrent(program, paths.current);
-        } else if (found(runtime, paths.beta3)) {
+        } else if (exists(runtime, paths.beta3)) {
             readBeta3(program, paths.beta3);
         } else {
             runtime.rtcMsgBox(noFile, Runtime::okOnly);
@@ -189,8 +185,8 @@ void SaveSettings(Program& program) {
         writeFields(runtime, program.state);
         runtime.vbaFileFlush();
         runtime.vbaFileClose();
-        if (found(runtime, paths.backup)) runtime.rtcKillFiles(paths.backup);
-        if (found(runtime, paths.current)) runtime.vbaNameFile(paths.current, paths.backup);
+        if (exists(runtime, paths.backup)) runtime.rtcKillFiles(paths.backup);
+        if (exists(runtime, paths.current)) runtime.vbaNameFile(paths.current, paths.backup);
         runtime.vbaNameFile(paths.writing, paths.current);
     } catch (const RuntimeError& error) {
         runtime.rtcMsgBox(error.what(), Runtime::exclamation);

@@ -1,5 +1,7 @@
 #include "docs/system_info.h"
 
+#include "core/module1.h"
+
 namespace docs {
 
 using core::Runtime;
@@ -32,7 +34,7 @@ std::string programPath(Runtime& runtime) {
     std::string path;
     if (GetKeyValue(runtime, localMachine, pathKey, "PATH", path)) return path;
     if (!GetKeyValue(runtime, localMachine, folderKey, "MSINFO", path)) return {};
-    return runtime.rtcDir(path + programFile).empty() ? "" : path + programFile;
+    return core::exists(runtime, path + programFile) ? path + programFile : "";
 }
 
 }  // namespace

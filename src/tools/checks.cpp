@@ -1,14 +1,12 @@
 #include "tools/checks.h"
 
+#include "core/module1.h"
 #include "core/text.h"
 
 namespace tools {
 
+using core::exists;
 using core::Runtime;
-
-bool exists(Runtime& runtime, const std::string& path) {
-    return !path.empty() && !runtime.rtcDir(path).empty();
-}
 
 bool requireProgram(Runtime& runtime, std::string_view before, const std::string& path,
                     std::string_view behind) {

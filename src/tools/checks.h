@@ -8,9 +8,6 @@
 /// The checks in front of a launch. Each tells the user what is missing.
 namespace tools {
 
-/// True if the path is set and names an ordinary file.
-bool exists(core::Runtime& runtime, const std::string& path);
-
 /// True if the program exists; else shows the path between the two texts.
 bool requireProgram(core::Runtime& runtime, std::string_view before, const std::string& path,
                     std::string_view behind);

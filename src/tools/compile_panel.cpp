@@ -6,6 +6,7 @@
 namespace tools {
 
 using core::crlf;
+using core::exists;
 using core::quoted;
 using core::Runtime;
 

@@ -7,6 +7,7 @@ namespace tools {
 
 using core::AppState;
 using core::crlf;
+using core::exists;
 using core::quoted;
 using core::Runtime;
 
