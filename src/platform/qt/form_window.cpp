@@ -81,8 +81,11 @@ FormWindow::FormWindow(forms::Form& form)
     window_.installEventFilter(this);
 }
 
-/// The window may be delivering the event whose handler ended the form.
+/// The window may be delivering the event whose handler ended the form. The form's controls have
+/// gone before, so that nothing that happens to the window may reach them any more.
 FormWindow::~FormWindow() {
+    keyboard_.reset();
+    window_.removeEventFilter(this);
     window_.hide();
     window_.deleteLater();
 }
