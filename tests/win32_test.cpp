@@ -10,9 +10,8 @@ namespace {
 bool agrees(const forms::Control& control, HWND window) {
     const auto* box = dynamic_cast<const forms::CheckBox*>(&control);
     const auto* option = dynamic_cast<const forms::OptionButton*>(&control);
-    const bool shown = control.Visible && control.Left > -control.Width;
     return control.Enabled == (IsWindowEnabled(window) != 0) &&
-           shown == ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0) &&
+           control.inSight() == ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0) &&
            (box ? box->Value == 1 : option && option->Value) ==
                (SendMessageW(window, BM_GETCHECK, 0, 0) == BST_CHECKED);
 }

@@ -26,6 +26,8 @@ struct Font {
     std::string family = {};
     double points = 0;
     bool italic = false;
+
+    bool operator==(const Font&) const = default;
 };
 
 /// A control as its form's definition has it. All texts are UTF-8; "&" marks a mnemonic.
@@ -89,6 +91,9 @@ class Control {
     [[nodiscard]] std::string accessibleName() const;
     /// The letter, in upper case, that reaches the control together with Alt, or 0.
     [[nodiscard]] char mnemonic() const;
+    /// True if the control is visible and has not been moved out of its container to the left, out
+    /// of sight also for a screen reader.
+    [[nodiscard]] bool inSight() const { return Visible && Left + Width > 0; }
     /// True if a user can work the control: it and all its containers are visible and enabled.
     [[nodiscard]] bool usable() const;
     [[nodiscard]] Container* parent() const { return parent_; }

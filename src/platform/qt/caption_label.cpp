@@ -17,11 +17,6 @@ int CaptionLabel::textFlags() const {
     return (buddy() ? Qt::TextShowMnemonic : 0) | (wordWrap() ? Qt::TextWordWrap : 0);
 }
 
-bool CaptionLabel::fits() const {
-    const QRect room = contentsRect();
-    return room.contains(fontMetrics().boundingRect(room, textFlags(), caption_));
-}
-
 void CaptionLabel::resizeEvent(QResizeEvent* event) {
     QLabel::resizeEvent(event);
     fit();

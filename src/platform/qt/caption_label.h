@@ -10,8 +10,6 @@ class CaptionLabel : public QLabel {
   public:
     explicit CaptionLabel(QWidget* parent);
     void setCaption(const QString& caption);
-    /// True if the whole caption can be read.
-    [[nodiscard]] bool fits() const;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

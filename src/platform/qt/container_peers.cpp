@@ -35,14 +35,31 @@ class FramePeer : public PeerOf<forms::Frame, QWidget> {
     }
 };
 
+/// A panel that comes into sight late, or never, as those behind a tab do.
+class PanelPeer : public PeerOf<forms::PictureBox, QWidget> {
+  public:
+    PanelPeer(forms::PictureBox& panel, QWidget& parent, std::function<void(QWidget&)> fill)
+        : PeerOf(panel, new QWidget(&parent)), fill_(std::move(fill)) {}
+
+  protected:
+    void draw() override {
+        if (!fill_ || !control_.inSight()) return;
+        std::exchange(fill_, nullptr)(widget_);
+    }
+
+  private:
+    std::function<void(QWidget& panel)> fill_;
+};
+
 }  // namespace
 
 std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, QWidget& parent) {
     return std::make_unique<FramePeer>(frame, parent);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, QWidget& parent) {
-    return std::make_unique<PeerOf<forms::PictureBox, QWidget>>(panel, new QWidget(&parent));
+std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, QWidget& parent,
+                                      std::function<void(QWidget& panel)> fill) {
+    return std::make_unique<PanelPeer>(panel, parent, std::move(fill));
 }
 
 }  // namespace qt

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/qt/captions.h"
+#include "platform/qt/fit_font.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/units.h"
 
@@ -73,11 +73,8 @@ FormWindow::FormWindow(forms::Form& form)
         client->setPalette(palette);
         client->setAutoFillBackground(true);
     }
+    window_.setFont(fittingFont(form));
     update();
-    window_.layout()->activate();
-    buildPeers(form, window_);
-    fitFont(window_);
-    keyboard_ = std::make_unique<Keyboard>(form, window_);
     window_.installEventFilter(this);
 }
 
@@ -92,6 +89,11 @@ FormWindow::~FormWindow() {
 
 void FormWindow::show() {
     if (form_.style.centred) centre();
+    if (!keyboard_) {
+        keyboard_ = std::make_unique<Keyboard>(form_, window_);
+        // Not on the menu bar, which has keys of its own.
+        buildPeers(form_, window_, [this](const QWidget& widget) { keyboard_->watch(widget); });
+    }
     if (!window_.focusWidget()) keyboard_->focusFirst();
     window_.show();
     window_.raise();

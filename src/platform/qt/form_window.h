@@ -15,7 +15,7 @@ namespace qt {
 /// window without it.
 class FormWindow final : public QObject, public forms::WindowPeer {
   public:
-    /// Makes the window, unseen, with a peer for each of the form's controls.
+    /// Makes the window, unseen. The form's controls have peers once it has been shown.
     explicit FormWindow(forms::Form& form);
     ~FormWindow() override;
 
@@ -36,8 +36,8 @@ class FormWindow final : public QObject, public forms::WindowPeer {
 
     forms::Form& form_;
     QMainWindow& window_;
-    forms::Place given_;  ///< the place that the program gave the window last
-    std::unique_ptr<Keyboard> keyboard_;
+    forms::Place given_;                  ///< the place that the program gave the window last
+    std::unique_ptr<Keyboard> keyboard_;  ///< made with the peers, when the window is first shown
     QPointer<QWidget> owner_;
     QPointer<QEventLoop> modal_;
 };

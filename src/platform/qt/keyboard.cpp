@@ -55,9 +55,11 @@ Keyboard::Keyboard(forms::Form& form, QMainWindow& window) : form_(form), window
     handlersEnded_.setSingleShot(true);
     handlersEnded_.callOnTimeout(this, [this] { followPanel(); });
     window.installEventFilter(this);
-    // Not on the menu bar, which has keys of its own.
-    for (QWidget* widget : window.centralWidget()->findChildren<QWidget*>())
-        widget->installEventFilter(this);
+}
+
+void Keyboard::watch(const QWidget& widget) {
+    for (QWidget* inner : widget.findChildren<QWidget*>())
+        inner->installEventFilter(this);
 }
 
 bool Keyboard::eventFilter(QObject* watched, QEvent* event) {

@@ -16,8 +16,10 @@ namespace qt {
 /// the cancel button; and where the focus goes when the panel that held it has gone.
 class Keyboard : public QObject {
   public:
-    /// Both must outlive the keyboard. Takes effect on the widgets that the window then has.
+    /// Both must outlive the keyboard.
     Keyboard(forms::Form& form, QMainWindow& window);
+    /// Takes effect on the widgets that the widget now holds.
+    void watch(const QWidget& widget);
 
     /// Puts the focus on the form's first control that takes it.
     void focusFirst();

@@ -4,67 +4,82 @@
 #include <QMainWindow>
 
 #include "forms/form.h"
+#include "platform/qt/widget_peer.h"
 
 namespace qt {
 
 namespace {
 
+/// Ties each label to the field behind it, which has no caption of its own.
+void tieLabel(const forms::Control& before, const forms::Control& field) {
+    const auto* fieldPeer = dynamic_cast<WidgetPeer*>(field.peer());
+    const auto* labelPeer = dynamic_cast<WidgetPeer*>(before.peer());
+    auto* label = labelPeer ? qobject_cast<QLabel*>(&labelPeer->widget()) : nullptr;
+    if (label && fieldPeer && field.Caption().empty() &&
+        fieldPeer->widget().focusPolicy() != Qt::NoFocus)
+        label->setBuddy(&fieldPeer->widget());
+}
+
+/// Makes the peers of the controls in one container, and of those in containers inside it.
 class PeerBuilder : public forms::ControlVisitor {
   public:
-    explicit PeerBuilder(QMainWindow& window) : window_(window) {}
+    PeerBuilder(QMainWindow& window, QWidget& parent, const Filled& filled)
+        : window_(window), parent_(parent), filled_(filled) {}
 
-    void visit(forms::Label& label) override { attach(label, parentOf(label)); }
-    void visit(forms::Line& line) override { attach(line, parentOf(line)); }
-    void visit(forms::Image& image) override { attach(image, parentOf(image)); }
-    void visit(forms::Button& button) override { attach(button, parentOf(button)); }
-    void visit(forms::CheckBox& box) override { attach(box, parentOf(box)); }
-    void visit(forms::OptionButton& option) override { attach(option, parentOf(option)); }
-    void visit(forms::TextBox& box) override { attach(box, parentOf(box)); }
-    void visit(forms::Frame& frame) override { attach(frame, parentOf(frame)); }
-    void visit(forms::PictureBox& panel) override { attach(panel, parentOf(panel)); }
-    void visit(forms::ListBox& list) override { attach(list, parentOf(list)); }
-    void visit(forms::DriveList& list) override { attach(list, parentOf(list)); }
-    void visit(forms::FolderList& list) override { attach(list, parentOf(list)); }
-    void visit(forms::TabStrip& tabs) override { attach(tabs, parentOf(tabs)); }
-    void visit(forms::StatusBar& bar) override { attach(bar, window_); }
-    void visit(forms::MenuItem& item) override { attach(item, window_); }
-
-  private:
-    template <typename Kind, typename Parent>
-    void attach(Kind& control, Parent& parent) {
-        auto peer = makePeer(control, parent);
-        peer->update();
-        control.attach(std::move(peer));
+    void fill(const forms::Container& container) {
+        const forms::Control* before = nullptr;
+        for (forms::Control* control : container.children()) {
+            control->accept(*this);
+            if (before) tieLabel(*before, *control);
+            before = control;
+        }
     }
 
-    QWidget& parentOf(const forms::Control& control) {
-        const QString container = QString::fromStdString(control.parent()->fullName());
-        auto* widget = window_.centralWidget()->findChild<QWidget*>(container);
-        return widget ? *widget : *window_.centralWidget();
+    void visit(forms::Label& label) override { attach(label, parent_); }
+    void visit(forms::Line& line) override { attach(line, parent_); }
+    void visit(forms::Image& image) override { attach(image, parent_); }
+    void visit(forms::Button& button) override { attach(button, parent_); }
+    void visit(forms::CheckBox& box) override { attach(box, parent_); }
+    void visit(forms::OptionButton& option) override { attach(option, parent_); }
+    void visit(forms::TextBox& box) override { attach(box, parent_); }
+    void visit(forms::ListBox& list) override { attach(list, parent_); }
+    void visit(forms::DriveList& list) override { attach(list, parent_); }
+    void visit(forms::FolderList& list) override { attach(list, parent_); }
+    void visit(forms::TabStrip& tabs) override { attach(tabs, parent_); }
+    void visit(forms::StatusBar& bar) override { attach(bar, window_); }
+    void visit(forms::Frame& frame) override {
+        attach(frame, parent_);
+        QWidget& inside = dynamic_cast<WidgetPeer&>(*frame.peer()).widget();
+        PeerBuilder(window_, inside, filled_).fill(frame);
+    }
+    void visit(forms::PictureBox& panel) override {
+        attach(panel, parent_, [&panel, &window = window_, filled = filled_](QWidget& inside) {
+            PeerBuilder(window, inside, filled).fill(panel);
+            filled(inside);
+        });
+    }
+    void visit(forms::MenuItem& item) override {
+        attach(item, window_);
+        fill(item);
+    }
+
+  private:
+    template <typename Kind, typename Parent, typename... More>
+    void attach(Kind& control, Parent& parent, More&&... more) {
+        control.attach(makePeer(control, parent, std::forward<More>(more)...));
+        control.peer()->update();
     }
 
     QMainWindow& window_;
+    QWidget& parent_;
+    const Filled& filled_;
 };
-
-/// Ties each label to the field behind it, which has no caption of its own.
-void tieLabels(const forms::Container& container, QMainWindow& window) {
-    QLabel* label = nullptr;
-    for (forms::Control* control : container.children()) {
-        auto* widget = window.findChild<QWidget*>(QString::fromStdString(control->fullName()));
-        if (label && widget && control->Caption().empty() && widget->focusPolicy() != Qt::NoFocus)
-            label->setBuddy(widget);
-        label = qobject_cast<QLabel*>(widget);
-        if (const auto* inner = dynamic_cast<forms::Container*>(control)) tieLabels(*inner, window);
-    }
-}
 
 }  // namespace
 
-void buildPeers(forms::Form& form, QMainWindow& window) {
-    PeerBuilder builder(window);
-    for (forms::Control* control : form.allControls())
-        control->accept(builder);
-    tieLabels(form, window);
+void buildPeers(forms::Form& form, QMainWindow& window, const Filled& filled) {
+    PeerBuilder(window, *window.centralWidget(), filled).fill(form);
+    filled(*window.centralWidget());
 }
 
 }  // namespace qt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "forms/controls.h"
@@ -10,8 +11,12 @@ class QWidget;
 
 namespace qt {
 
-/// Gives every control of the form a peer with a widget inside the window, in order of tabbing.
-void buildPeers(forms::Form& form, QMainWindow& window);
+/// Tells that the widget now holds the widgets of the controls in its container.
+using Filled = std::function<void(QWidget& widget)>;
+
+/// Gives the controls of the form peers with widgets inside the window, in order of tabbing. A
+/// panel out of sight is filled when it first comes into sight. The window must outlive the peers.
+void buildPeers(forms::Form& form, QMainWindow& window, const Filled& filled);
 
 /// The peer of one kind of control; its widget is made inside the parent.
 std::unique_ptr<forms::Peer> makePeer(forms::Label& label, QWidget& parent);
@@ -22,11 +27,14 @@ std::unique_ptr<forms::Peer> makePeer(forms::CheckBox& box, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::OptionButton& option, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::TextBox& box, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, QWidget& parent);
-std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::ListBox& list, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::DriveList& list, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::FolderList& list, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, QWidget& parent);
+
+/// The panel calls fill when it first comes into sight.
+std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, QWidget& parent,
+                                      std::function<void(QWidget& panel)> fill);
 
 /// These two stand in the window itself: along its bottom edge, and in its menu bar or in the
 /// menu that holds the item.

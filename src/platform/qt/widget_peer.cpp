@@ -15,6 +15,7 @@ WidgetPeer::WidgetPeer(forms::Control& control, QWidget& widget)
     widget.setToolTip(wrappingToolTip(control.tooltip));
     widget.setAccessibleDescription(QString::fromStdString(control.tooltip).trimmed());
 
+    if (control.font == forms::Font()) return;
     QFont font;  // only what is set here differs from the form's own font
     if (!control.font.family.empty()) font.setFamily(QString::fromStdString(control.font.family));
     if (control.font.points > 0) font.setPointSizeF(control.font.points);
@@ -28,8 +29,7 @@ void WidgetPeer::update() {
     const QString name = QString::fromStdString(control_.accessibleName());
     if (widget_.accessibleName() != name) widget_.setAccessibleName(name);
     draw();
-    // What was moved out of its container is out of sight for a screen reader as well.
-    widget_.setVisible(control_.Visible && control_.Left + control_.Width > 0);
+    widget_.setVisible(control_.inSight());
 }
 
 void WidgetPeer::lay() {

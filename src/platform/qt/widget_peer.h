@@ -17,6 +17,7 @@ class WidgetPeer : public QObject, public forms::Peer {
   public:
     WidgetPeer(forms::Control& control, QWidget& widget);
     void update() final;
+    [[nodiscard]] QWidget& widget() const { return widget_; }
 
   protected:
     /// Puts the widget into its place.

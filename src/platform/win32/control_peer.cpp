@@ -5,20 +5,12 @@
 
 namespace win32 {
 
-namespace {
-
-bool asksForNothing(const forms::Font& font) {
-    return font.family.empty() && font.points == 0 && !font.italic;
-}
-
-}  // namespace
-
 ControlPeer::ControlPeer(forms::Control& control, const Site& site, const WindowKind& kind)
     : control_(control),
       dpi_(site.dpi),
       place_(placeOf(control, dpi_)),
       enabled_(control.Enabled),
-      shown_(isShown()),
+      shown_(control_.inSight()),
       window_(CreateWindowExW(
           kind.extendedStyle, kind.className, platform::wide(control.Caption()).c_str(),
           kind.style | WS_CHILD | WS_CLIPSIBLINGS | (site.startsGroup ? WS_GROUP : 0) |
@@ -44,21 +36,16 @@ void ControlPeer::update() {
         EnableWindow(window_, enabled_);
     }
     draw();
-    if (shown_ != isShown()) {
-        shown_ = isShown();
+    if (shown_ != control_.inSight()) {
+        shown_ = control_.inSight();
         ShowWindow(window_, shown_ ? SW_SHOWNA : SW_HIDE);
     }
-}
-
-/// What was moved out of its container is out of sight for a screen reader as well.
-bool ControlPeer::isShown() const {
-    return control_.Visible && control_.Left + control_.Width > 0;
 }
 
 void ControlPeer::restyle(const Style& style) {
     dpi_ = style.dpi;
     HFONT font = style.sharedFont;
-    if (!asksForNothing(control_.font)) {
+    if (control_.font != forms::Font()) {
         ownFont_ = makeFont(wantedFont(control_.font, style.font, dpi_));
         font = ownFont_.get();
     }

@@ -102,8 +102,6 @@ class ControlPeer : public forms::Peer {
     }
 
   private:
-    [[nodiscard]] bool isShown() const;
-
     forms::Control& control_;
     int dpi_;
     // What the window has now. The system takes its time even for a change to the same.

@@ -1,0 +1,102 @@
+#include "platform/qt/fit_font.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QStyle>
+#include <QStyleOption>
+
+#include "forms/fit.h"
+#include "platform/qt/units.h"
+
+namespace qt {
+
+namespace {
+
+constexpr double largest = 10;
+constexpr double smallest = 7;
+
+/// Asks the style what it leaves for a caption, without a widget.
+class StyleRuler : public forms::Ruler {
+  public:
+    explicit StyleRuler(const QFont& font) : metrics_(font) {}
+
+    [[nodiscard]] int lineHeight() const override { return metrics_.height(); }
+    [[nodiscard]] int width(const std::string& caption) const override {
+        return metrics_.horizontalAdvance(QString::fromStdString(forms::withoutMnemonic(caption)));
+    }
+    [[nodiscard]] int wrappedHeight(const std::string& caption, int width) const override {
+        return metrics_
+            .boundingRect({0, 0, width, 0}, Qt::TextWordWrap, QString::fromStdString(caption))
+            .height();
+    }
+
+    [[nodiscard]] forms::Size room(const forms::Control& control) const override {
+        const QSize place = placeOf(control).size();
+        if (dynamic_cast<const forms::Button*>(&control)) {
+            const int sides = 4;  // a caption that touches the button's edge is hard to read
+            return inside<QStyleOptionButton>(QStyle::SE_PushButtonContents, place, 2 * sides);
+        }
+        if (dynamic_cast<const forms::CheckBox*>(&control))
+            return inside<QStyleOptionButton>(QStyle::SE_CheckBoxContents, place);
+        if (dynamic_cast<const forms::OptionButton*>(&control))
+            return inside<QStyleOptionButton>(QStyle::SE_RadioButtonContents, place);
+        if (dynamic_cast<const forms::TextBox*>(&control))
+            return inside<QStyleOptionFrame>(QStyle::SE_LineEditContents, place);
+        if (dynamic_cast<const forms::Frame*>(&control)) return insideFrame(control, place);
+        if (const auto* tabs = dynamic_cast<const forms::TabStrip*>(&control)) {
+            QStyleOptionTab option;
+            const int edges = style_.pixelMetric(QStyle::PM_TabBarTabHSpace, &option) *
+                              static_cast<int>(tabs->Tabs.size());
+            return {place.width() - edges, place.height()};
+        }
+        return {place.width(), place.height()};
+    }
+
+  private:
+    template <typename Option>
+    [[nodiscard]] forms::Size inside(QStyle::SubElement element, const QSize& place,
+                                     int sides = 0) const {
+        Option option;
+        option.rect = {{}, place};
+        option.fontMetrics = metrics_;
+        if constexpr (std::is_same_v<Option, QStyleOptionFrame>)
+            option.lineWidth = style_.pixelMetric(QStyle::PM_DefaultFrameWidth, &option);
+        const QSize room = style_.subElementRect(element, &option).size();
+        return {room.width() - sides, room.height()};
+    }
+
+    [[nodiscard]] forms::Size insideFrame(const forms::Control& frame, const QSize& place) const {
+        QStyleOptionGroupBox option;
+        option.rect = {{}, place};
+        option.fontMetrics = metrics_;
+        option.text = QString::fromStdString(frame.Caption);
+        option.subControls = QStyle::SC_GroupBoxFrame | QStyle::SC_GroupBoxLabel;
+        const QRect title =
+            style_.subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, nullptr);
+        return {(title & option.rect).width(), title.height()};
+    }
+
+    QFontMetrics metrics_;
+    const QStyle& style_ = *QApplication::style();
+};
+
+}  // namespace
+
+QFont fittingFont(forms::Form& form) {
+    QFont font = QApplication::font();
+    const auto sized = [&font](double points) {
+        font.setPointSizeF(points);
+        return font;
+    };
+    const auto ruler = [&](double points) { return std::make_unique<StyleRuler>(sized(points)); };
+    const auto own = forms::fittingPoints(form, largest, smallest, ruler);
+    if (own == largest) return sized(largest);
+
+    font.setFamily("Liberation Sans");
+    const double larger = own ? *own + forms::pointStep : smallest;
+    const auto narrow = forms::fittingPoints(form, largest, larger, ruler);
+    if (!narrow && own) font.setFamily(QApplication::font().family());
+    return sized(narrow.value_or(own.value_or(smallest)));
+}
+
+}  // namespace qt
