@@ -98,6 +98,12 @@ std::vector<Control*> Form::allControls() {
     return controls;
 }
 
+bool Form::hasMenu() const {
+    return std::any_of(children().begin(), children().end(), [](const Control* control) {
+        return dynamic_cast<const MenuItem*>(control) != nullptr;
+    });
+}
+
 Control* Form::find(const std::string& fullName) {
     for (Control* control : allControls()) {
         if (control->fullName() == fullName) return control;

@@ -76,6 +76,8 @@ class Form : public Container {
     Application& application() { return application_; }
     /// All controls of the form, containers before their contents, in order of tabbing.
     [[nodiscard]] std::vector<Control*> allControls();
+    /// True if the form has a menu bar.
+    [[nodiscard]] bool hasMenu() const;
     /// The control with the full name, or null.
     Control* find(const std::string& fullName);
 

@@ -7,7 +7,6 @@
 #include <QProxyStyle>
 #include <QScreen>
 #include <QWindow>
-#include <algorithm>
 #include <cmath>
 
 #include "platform/qt/fit_font.h"
@@ -52,13 +51,6 @@ void layMenuBar(QMenuBar& bar) {
     bar.setStyle(new MenuBarStyle(bar));
 }
 
-bool hasMenu(const forms::Form& form) {
-    const auto& children = form.children();
-    return std::any_of(children.begin(), children.end(), [](const forms::Control* control) {
-        return dynamic_cast<const forms::MenuItem*>(control) != nullptr;
-    });
-}
-
 }  // namespace
 
 FormWindow::FormWindow(forms::Form& form)
@@ -66,7 +58,7 @@ FormWindow::FormWindow(forms::Form& form)
     window_.setObjectName(QString::fromStdString(form.name));
     auto* client = new QWidget(&window_);
     window_.setCentralWidget(client);
-    if (hasMenu(form)) layMenuBar(*window_.menuBar());
+    if (form.hasMenu()) layMenuBar(*window_.menuBar());
     if (form.style.background != forms::FormStyle::noColour) {
         QPalette palette;
         palette.setColor(QPalette::Window, QColor::fromRgb(form.style.background));

@@ -1,6 +1,5 @@
 #include "platform/win32/control_peer.h"
 #include "platform/win32/peers.h"
-#include "platform/win32/units.h"
 
 namespace win32 {
 
@@ -23,12 +22,6 @@ class ClickPeer : public PeerOf<Kind> {
     void click() {
         this->act([this] { this->control_.click(); });
     }
-
-    [[nodiscard]] bool fitsBeside(const Ruler& ruler, int edges) const {
-        const RECT place = placeOf(this->control_, ruler.dpi());
-        return ruler.width(this->control_.Caption) + ruler.scaled(edges) <= widthOf(place) &&
-               ruler.lineHeight() <= heightOf(place);
-    }
 };
 
 class ButtonPeer : public ClickPeer<forms::Button> {
@@ -37,7 +30,6 @@ class ButtonPeer : public ClickPeer<forms::Button> {
         : ClickPeer(button, site, button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) {}
 
     void enter() override { click(); }
-    [[nodiscard]] bool fits(const Ruler& ruler) const override { return fitsBeside(ruler, 16); }
 };
 
 /// Check boxes and options, which show their value by a mark in front of the caption.
@@ -45,10 +37,6 @@ template <typename Kind>
 class MarkPeer : public ClickPeer<Kind> {
   public:
     using ClickPeer<Kind>::ClickPeer;
-
-    [[nodiscard]] bool fits(const Ruler& ruler) const override {
-        return this->fitsBeside(ruler, 17);
-    }
 
   protected:
     void draw() override {

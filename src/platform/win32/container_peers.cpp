@@ -29,6 +29,7 @@ class ContainerPeer : public PeerOf<Kind> {
     ContainerPeer(Kind& container, const Site& site, const wchar_t* className, DWORD style = 0)
         : PeerOf<Kind>(container, site, {className, style | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}) {
         classProcedure_ = exchangeProcedure(procedure);
+        background_ = backgroundOf(container, site.style.tabPage);
     }
     ~ContainerPeer() override { exchangeProcedure(classProcedure_); }
     ContainerPeer(const ContainerPeer&) = delete;
@@ -83,11 +84,6 @@ class FramePeer : public ContainerPeer<forms::Frame> {
         : ContainerPeer(frame, site, frame.Caption().empty() ? panelClass() : L"BUTTON",
                         frame.Caption().empty() ? 0 : BS_GROUPBOX) {}
 
-    [[nodiscard]] bool fits(const Ruler& ruler) const override {
-        const int edges = ruler.scaled(18);
-        return ruler.width(control_.Caption) + edges <= widthOf(placeOf(control_, ruler.dpi()));
-    }
-
   protected:
     void draw() override { drawText(control_.Caption); }
     void pressed() override { control_.click(); }
@@ -96,8 +92,8 @@ class FramePeer : public ContainerPeer<forms::Frame> {
 /// The panel on a page, which ends where the page does, so that the page's edges stay in sight.
 class PanelPeer : public ContainerPeer<forms::PictureBox> {
   public:
-    PanelPeer(forms::PictureBox& panel, const Site& site)
-        : ContainerPeer(panel, site, panelClass()) {}
+    PanelPeer(forms::PictureBox& panel, const Site& site, std::function<void()> fill)
+        : ContainerPeer(panel, site, panelClass()), fill_(std::move(fill)) {}
 
     void fitInto(const RECT& room) override {
         const LONG edge = pixels(45, dpi());
@@ -107,9 +103,13 @@ class PanelPeer : public ContainerPeer<forms::PictureBox> {
 
   protected:
     [[nodiscard]] RECT place() const override { return within(ContainerPeer::place(), room_); }
+    void draw() override {
+        if (fill_ && control_.inSight()) std::exchange(fill_, nullptr)();
+    }
 
   private:
     RECT room_{};
+    std::function<void()> fill_;  ///< makes the windows inside, when the panel is first seen
 };
 
 }  // namespace
@@ -118,8 +118,9 @@ std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, const Site& site) {
     return std::make_unique<FramePeer>(frame, site);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, const Site& site) {
-    return std::make_unique<PanelPeer>(panel, site);
+std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, const Site& site,
+                                      std::function<void()> fill) {
+    return std::make_unique<PanelPeer>(panel, site, std::move(fill));
 }
 
 }  // namespace win32

@@ -7,7 +7,7 @@ namespace win32 {
 
 ControlPeer::ControlPeer(forms::Control& control, const Site& site, const WindowKind& kind)
     : control_(control),
-      dpi_(site.dpi),
+      dpi_(site.style.dpi),
       place_(placeOf(control, dpi_)),
       enabled_(control.Enabled),
       shown_(control_.inSight()),
@@ -19,6 +19,7 @@ ControlPeer::ControlPeer(forms::Control& control, const Site& site, const Window
           reinterpret_cast<HMENU>(static_cast<UINT_PTR>(site.id)), GetModuleHandleW(nullptr),
           nullptr)) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    takeFont(site.style);
 }
 
 ControlPeer::~ControlPeer() {
@@ -44,6 +45,10 @@ void ControlPeer::update() {
 
 void ControlPeer::restyle(const Style& style) {
     dpi_ = style.dpi;
+    takeFont(style);
+}
+
+void ControlPeer::takeFont(const Style& style) {
     HFONT font = style.sharedFont;
     if (control_.font != forms::Font()) {
         ownFont_ = makeFont(wantedFont(control_.font, style.font, dpi_));

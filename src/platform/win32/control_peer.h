@@ -17,16 +17,17 @@ struct WindowKind {
 
 /// What the controls of a form take over from the system.
 struct Style {
-    int dpi;
-    LOGFONTW font;     ///< of the form
-    HFONT sharedFont;  ///< the same, made
-    COLORREF tabPage;  ///< the colour of a tab strip's page
+    int dpi = 0;
+    LOGFONTW font{};             ///< of the form
+    HFONT sharedFont = nullptr;  ///< the same, made
+    int lineHeight = 0;          ///< of that font, in pixels
+    COLORREF tabPage = 0;        ///< the colour of a tab strip's page
 };
 
 /// Where the window of a control is made.
 struct Site {
     HWND parent;
-    int dpi;
+    const Style& style;
     int id;
     bool startsGroup;  ///< the arrow keys do not lead from the control before to this one
 };
@@ -47,8 +48,6 @@ class ControlPeer : public forms::Peer {
     /// Takes over the style, with the font that the control wants instead of the form's. An update
     /// has to follow.
     virtual void restyle(const Style& style);
-    /// True if the whole caption can be read in a font of the form.
-    [[nodiscard]] virtual bool fits(const Ruler& /*ruler*/) const { return true; }
 
     // What the container's window hands on.
     virtual void command(int /*notification*/) {}
@@ -102,6 +101,8 @@ class ControlPeer : public forms::Peer {
     }
 
   private:
+    void takeFont(const Style& style);
+
     forms::Control& control_;
     int dpi_;
     // What the window has now. The system takes its time even for a change to the same.

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <vector>
-
-#include "platform/win32/control_peer.h"
+#include "forms/form.h"
+#include "platform/win32/windows_api.h"
 
 namespace win32 {
 
 /// The system's font for messages, no smaller than 7 points, in the largest size up to its own in
 /// which every caption fits its place.
-LOGFONTW fittingFont(const std::vector<ControlPeer*>& peers, int dpi);
+LOGFONTW fittingFont(forms::Form& form, int dpi);
 
 }  // namespace win32

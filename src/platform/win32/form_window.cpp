@@ -1,6 +1,7 @@
 #include "platform/win32/form_window.h"
 
 #include <algorithm>
+#include <span>
 
 #include "platform/win32/background.h"
 #include "platform/win32/fit_font.h"
@@ -82,10 +83,9 @@ HWND FormWindow::makeWindow(const forms::Form& form) {
 FormWindow::FormWindow(forms::Form& form)
     : form_(form), window_(makeWindow(form)), keyboard_(form, window_) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    peers_ = buildPeers(form, window_);
     takeDefinedSize();
     update();
-    restyle();
+    takeStyle();
 }
 
 FormWindow::~FormWindow() {
@@ -109,8 +109,7 @@ void FormWindow::takeDefinedSize() {
     const int dpi = dpiOf(window_);
     const Frame frame = frameOf(form_.style);
     RECT rect{0, 0, pixels(form_.Width, dpi), pixels(form_.Height, dpi)};
-    AdjustWindowRectExForDpi(&rect, frame.style, GetMenu(window_) != nullptr, frame.extendedStyle,
-                             dpi);
+    AdjustWindowRectExForDpi(&rect, frame.style, form_.hasMenu(), frame.extendedStyle, dpi);
     form_.moved({form_.Left, form_.Top, twips(widthOf(rect), dpi), twips(heightOf(rect), dpi)},
                 form_.WindowState);
 }
@@ -125,14 +124,19 @@ void FormWindow::update() {
 }
 
 /// Takes over the system's font and colours at the window's resolution.
-void FormWindow::restyle() {
+void FormWindow::takeStyle() {
     const int dpi = dpiOf(window_);
-    const LOGFONTW font = fittingFont(peers_, dpi);
-    const Font before = std::exchange(font_, makeFont(font));  // in use until all have the new one
-    const Style style{dpi, font, font_.get(), tabPageColour()};
-    background_ = backgroundOf(form_, style.tabPage);
+    const LOGFONTW font = fittingFont(form_, dpi);
+    font_ = makeFont(font);
+    style_ = {dpi, font, font_.get(), Ruler(font_.get(), dpi).lineHeight(), tabPageColour()};
+    background_ = backgroundOf(form_, style_.tabPage);
+}
+
+void FormWindow::restyle() {
+    const Font before = std::move(font_);  // in use until all have the new one
+    takeStyle();
     for (ControlPeer* peer : peers_) {
-        peer->restyle(style);
+        peer->restyle(style_);
         peer->update();
     }
     if (IsWindowVisible(window_)) fitControls();
@@ -153,6 +157,10 @@ void FormWindow::fitControls() {
 
 void FormWindow::show() {
     if (form_.style.centred) centre();
+    if (peers_.empty()) {
+        buildPeers(form_, window_, style_, peers_);
+        if (form_.hasMenu()) DrawMenuBar(window_);
+    }
     fitControls();
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
@@ -252,7 +260,10 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         }
         case WM_SETCURSOR:
-            if (!std::exchange(hasTooltips_, true)) addTooltips(window, peers_);
+            if (withTooltips_ < peers_.size()) {
+                addTooltips(window, std::span(peers_).subspan(withTooltips_));
+                withTooltips_ = peers_.size();
+            }
             break;
         case WM_THEMECHANGED:
         case WM_SYSCOLORCHANGE:

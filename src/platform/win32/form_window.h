@@ -18,8 +18,8 @@ void runLoop(const std::function<bool()>& goOn);
 /// name the same point wherever the window lies; all other lengths in those of its own screen.
 class FormWindow : public forms::WindowPeer {
   public:
-    /// Makes the window, unseen, with a peer for each of the form's controls. The form's size,
-    /// until now that of its client area, becomes that of the window.
+    /// Makes the window, unseen. The form's size, until now that of its client area, becomes that
+    /// of the window. The form's controls have peers once it has been shown.
     explicit FormWindow(forms::Form& form);
     ~FormWindow() override;
     FormWindow(const FormWindow&) = delete;
@@ -45,6 +45,7 @@ class FormWindow : public forms::WindowPeer {
     static HWND makeWindow(const forms::Form& form);
 
     void takeDefinedSize();
+    void takeStyle();
     void restyle();
     void fitControls();
     void centre();
@@ -54,9 +55,11 @@ class FormWindow : public forms::WindowPeer {
     forms::Form& form_;
     HWND window_;
     Keyboard keyboard_;
-    std::vector<ControlPeer*> peers_;
     Font font_;
-    bool hasTooltips_ = false;  ///< they are made when the mouse first moves over the window
+    Style style_;
+    std::vector<ControlPeer*> peers_;  ///< those that have been made, empty until the first show
+    std::size_t withTooltips_ =
+        0;  ///< of the peers; the mouse moving over the window adds the rest
     COLORREF background_ = 0;
     forms::Place given_;  ///< the place that the program gave the window last
     HWND owner_ = nullptr;

@@ -108,7 +108,7 @@ void Keyboard::markDefault() {
     const auto* pressed = dynamic_cast<const forms::Button*>(last_);
     for (forms::Control* control : form_.allControls()) {
         const auto* button = dynamic_cast<const forms::Button*>(control);
-        if (!button) continue;
+        if (!button || !button->peer()) continue;
         const bool marked = pressed ? button == pressed : button->isDefault;
         const HWND window = peerOf(button)->window();
         const LONG style = marked ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;

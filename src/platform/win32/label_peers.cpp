@@ -14,36 +14,33 @@ namespace {
 class LabelPeer : public PeerOf<forms::Label> {
   public:
     LabelPeer(forms::Label& label, const Site& site)
-        : PeerOf(label, site, {L"STATIC", SS_NOTIFY | prefix(label)}) {}
+        : PeerOf(label, site, {L"STATIC", SS_NOTIFY | prefix(label) | lines(label, site.style)}) {}
 
     [[nodiscard]] bool transparent() const override { return true; }
 
-    [[nodiscard]] bool fits(const Ruler& ruler) const override {
-        if (control_.font.points > 0) return true;  // the form's font does not matter
-        const RECT place = placeOf(control_, ruler.dpi());
-        if (heightOf(place) >= 2 * ruler.lineHeight())
-            return ruler.wrappedHeight(control_.Caption, widthOf(place)) <= heightOf(place);
-        return ruler.width(control_.Caption) <= widthOf(place) &&
-               ruler.lineHeight() <= heightOf(place);
+    void restyle(const Style& style) override {
+        PeerOf::restyle(style);
+        constexpr DWORD fixed = ~static_cast<DWORD>(SS_TYPEMASK | SS_CENTERIMAGE | SS_ELLIPSISMASK);
+        const auto now = static_cast<DWORD>(GetWindowLongW(window(), GWL_STYLE));
+        SetWindowLongW(window(), GWL_STYLE,
+                       static_cast<LONG>((now & fixed) | lines(control_, style)));
     }
 
   protected:
     void draw() override { drawText(control_.Caption); }
 
-    void lay() override {
-        ControlPeer::lay();
-        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi());
-        const bool wraps = heightOf(place()) >= 2 * ruler.lineHeight();
-        const DWORD oneLine = SS_CENTERIMAGE | SS_PATHELLIPSIS |
-                              static_cast<DWORD>(control_.centred ? SS_CENTER : SS_LEFTNOWORDWRAP);
-        const DWORD lines = control_.centred ? SS_CENTER : SS_LEFT;
-        constexpr DWORD fixed = ~static_cast<DWORD>(SS_TYPEMASK | SS_CENTERIMAGE | SS_ELLIPSISMASK);
-        const auto style = static_cast<DWORD>(GetWindowLongW(window(), GWL_STYLE));
-        const DWORD wanted = (style & fixed) | (wraps ? lines : oneLine);
-        if (style != wanted) SetWindowLongW(window(), GWL_STYLE, static_cast<LONG>(wanted));
-    }
-
   private:
+    static DWORD lines(const forms::Label& label, const Style& style) {
+        const bool wraps = heightOf(placeOf(label, style.dpi)) >= 2 * lineHeight(label, style);
+        if (wraps) return label.centred ? SS_CENTER : SS_LEFT;
+        return SS_CENTERIMAGE | SS_PATHELLIPSIS |
+               static_cast<DWORD>(label.centred ? SS_CENTER : SS_LEFTNOWORDWRAP);
+    }
+    static int lineHeight(const forms::Label& label, const Style& style) {
+        if (label.font == forms::Font()) return style.lineHeight;
+        const Font font = makeFont(wantedFont(label.font, style.font, style.dpi));
+        return Ruler(font.get(), style.dpi).lineHeight();
+    }
     static DWORD prefix(const forms::Label& label) { return label.mnemonic() ? 0 : SS_NOPREFIX; }
 };
 

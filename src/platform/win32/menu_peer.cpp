@@ -31,7 +31,7 @@ class MenuPeer : public forms::Peer {
             info.dwTypeData = caption.data();
         }
         SetMenuItemInfoW(GetMenu(window_), id_, FALSE, &info);
-        if (item_.parent() == &item_.form()) DrawMenuBar(window_);
+        if (item_.parent() == &item_.form() && IsWindowVisible(window_)) DrawMenuBar(window_);
     }
 
   private:

@@ -1,8 +1,9 @@
 #include "platform/win32/peers.h"
 
+#include <algorithm>
+
 #include "forms/form.h"
 #include "platform/win32/accessibility.h"
-#include "platform/win32/units.h"
 
 namespace win32 {
 
@@ -29,9 +30,22 @@ bool isNameless(const forms::Control& control) {
     return control.Caption().empty() && !dynamic_cast<const forms::Label*>(before(control));
 }
 
+int idOf(forms::Control& control) {
+    const auto controls = control.form().allControls();
+    const auto found = std::find(controls.begin(), controls.end(), &control);
+    return firstId + static_cast<int>(found - controls.begin());
+}
+
+/// Makes the peers of the controls in one container, and of those in containers inside it.
 class PeerBuilder : public forms::ControlVisitor {
   public:
-    explicit PeerBuilder(HWND window) : window_(window) {}
+    PeerBuilder(HWND parent, const Style& style, std::vector<ControlPeer*>& peers)
+        : parent_(parent), style_(style), peers_(peers) {}
+
+    void fill(const forms::Container& container) {
+        for (forms::Control* control : container.children())
+            control->accept(*this);
+    }
 
     void visit(forms::Label& label) override { attach(label); }
     void visit(forms::Line& line) override { attach(line); }
@@ -40,48 +54,48 @@ class PeerBuilder : public forms::ControlVisitor {
     void visit(forms::CheckBox& box) override { attach(box); }
     void visit(forms::OptionButton& option) override { attach(option); }
     void visit(forms::TextBox& box) override { attach(box); }
-    void visit(forms::Frame& frame) override { attach(frame); }
-    void visit(forms::PictureBox& panel) override { attach(panel); }
     void visit(forms::ListBox& list) override { attach(list); }
     void visit(forms::DriveList& list) override { attach(list); }
     void visit(forms::FolderList& list) override { attach(list); }
     void visit(forms::TabStrip& tabs) override { attach(tabs); }
     void visit(forms::StatusBar& bar) override { attach(bar); }
-    void visit(forms::MenuItem& item) override { attach(item); }
-
-    void build(forms::Control& control, int id) {
-        id_ = id;
-        control.accept(*this);
+    void visit(forms::Frame& frame) override {
+        attach(frame);
+        PeerBuilder(peerOf(&frame)->window(), style_, peers_).fill(frame);
+    }
+    void visit(forms::PictureBox& panel) override {
+        attach(panel, [&panel, &style = style_, &peers = peers_] {
+            PeerBuilder(peerOf(&panel)->window(), style, peers).fill(panel);
+        });
+    }
+    void visit(forms::MenuItem& item) override {
+        attach(item);
+        fill(item);
     }
 
   private:
-    template <typename Kind>
-    void attach(Kind& control) {
-        const auto* container = dynamic_cast<ControlPeer*>(control.parent()->peer());
-        const HWND parent = container ? container->window() : window_;
-        control.attach(makePeer(control, Site{parent, dpi_, id_, startsGroup(control)}));
+    template <typename Kind, typename... More>
+    void attach(Kind& control, More&&... more) {
+        const Site site{parent_, style_, idOf(control), startsGroup(control)};
+        control.attach(makePeer(control, site, std::forward<More>(more)...));
+        if (auto* peer = peerOf(&control)) {
+            peers_.push_back(peer);
+            if (takesFocus(control) && isNameless(control))
+                setSpokenName(peer->window(), control.accessibleName());
+        }
+        control.peer()->update();
     }
 
-    HWND window_;
-    int dpi_ = dpiOf(window_);
-    int id_ = 0;
+    HWND parent_;
+    const Style& style_;
+    std::vector<ControlPeer*>& peers_;
 };
 
 }  // namespace
 
-std::vector<ControlPeer*> buildPeers(forms::Form& form, HWND window) {
-    std::vector<ControlPeer*> peers;
-    PeerBuilder builder(window);
-    int id = firstId;
-    for (forms::Control* control : form.allControls()) {
-        builder.build(*control, id++);
-        auto* peer = dynamic_cast<ControlPeer*>(control->peer());
-        if (!peer) continue;
-        peers.push_back(peer);
-        if (takesFocus(*control) && isNameless(*control))
-            setSpokenName(peer->window(), control->accessibleName());
-    }
-    return peers;
+void buildPeers(forms::Form& form, HWND window, const Style& style,
+                std::vector<ControlPeer*>& peers) {
+    PeerBuilder(window, style, peers).fill(form);
 }
 
 }  // namespace win32

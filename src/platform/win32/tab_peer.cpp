@@ -35,13 +35,6 @@ class TabPeer : public PeerOf<forms::TabStrip> {
         SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
 
-    [[nodiscard]] bool fits(const Ruler& ruler) const override {
-        int width = 0;
-        for (const auto& tab : control_.Tabs)
-            width += ruler.width(tab.caption) + ruler.scaled(14);
-        return width <= widthOf(placeOf(control_, ruler.dpi()));
-    }
-
   protected:
     void draw() override { send(TCM_SETCURSEL, control_.SelectedItem - 1); }
 

@@ -2,7 +2,6 @@
 
 #include "platform/win32/control_peer.h"
 #include "platform/win32/peers.h"
-#include "platform/win32/units.h"
 
 namespace win32 {
 
@@ -21,9 +20,6 @@ class TextPeer : public PeerOf<forms::TextBox> {
     }
     [[nodiscard]] bool wantsKey(WPARAM key) const override {
         return key == VK_RETURN && control_.takesEnter();
-    }
-    [[nodiscard]] bool fits(const Ruler& ruler) const override {
-        return ruler.lineHeight() + ruler.scaled(6) <= heightOf(placeOf(control_, ruler.dpi()));
     }
 
   protected:

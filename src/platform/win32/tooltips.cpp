@@ -6,7 +6,7 @@
 
 namespace win32 {
 
-void addTooltips(HWND window, const std::vector<ControlPeer*>& peers) {
+void addTooltips(HWND window, std::span<ControlPeer* const> peers) {
     const HWND tips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
                                       WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window,
                                       nullptr, GetModuleHandleW(nullptr), nullptr);

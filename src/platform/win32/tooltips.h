@@ -1,12 +1,12 @@
 #pragma once
 
-#include <vector>
+#include <span>
 
 #include "platform/win32/control_peer.h"
 
 namespace win32 {
 
-/// Gives the controls of a form's window their tooltips.
-void addTooltips(HWND window, const std::vector<ControlPeer*>& peers);
+/// Gives controls of a form's window their tooltips.
+void addTooltips(HWND window, std::span<ControlPeer* const> peers);
 
 }  // namespace win32
