@@ -34,6 +34,33 @@ TEST(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefaults)
     EXPECT_TRUE(toolkit.ended);
 }
 
+TEST(Start, AFolderThatCannotBeWrittenIsToldOnceAndAllElseWorks) {
+    for (const bool readOnlyToTheEnd : {true, false}) {
+        FakeRuntime runtime;
+        FakeToolkit toolkit;
+        console::Workbench workbench(runtime, toolkit);
+        runtime.readOnly = true;
+        workbench.start();
+        ASSERT_EQ(runtime.boxes.size(), 2u);
+        EXPECT_EQ(runtime.boxes[1].flags, 48);
+        EXPECT_NE(runtime.lastBox().find("\"c:\\nwb\""), std::string::npos);
+        workbench.application().Forms(0).keyPress('x');
+        auto& form = dynamic_cast<console::frmConsole&>(workbench.application().Forms(0));
+        runtime.files["c.kel"] = runtime.files[R"(c:\kelm\programs\kelm.exe)"] = {};
+        form.tbsOptions.pick(2);
+        form.compile.txtFname.type("c.kel");
+        form.compile.btnCompile.click();
+        EXPECT_EQ(runtime.shells, std::vector<std::string>{R"(1 "c:\temp\~kelmcon.bat")"});
+        toolkit.anyUser = [](forms::Form& dialog) { dialog.pressDefault(); };
+        form.mnuOptionsPrograms.click();
+        runtime.readOnly = readOnlyToTheEnd;
+        form.mnuFileExit.click();
+        EXPECT_EQ(runtime.boxes.size(), 2u) << runtime.lastBox();
+        EXPECT_NE(runtime.files.contains(R"(c:\nwb\nwbw.ini)"), readOnlyToTheEnd);
+        EXPECT_FALSE(runtime.files.contains(R"(c:\nwb\~nwbwtry.tmp)"));
+    }
+}
+
 TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
     Desk desk;
     auto& state = desk.program.state;

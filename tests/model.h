@@ -44,12 +44,14 @@ class FakeRuntime : public core::Runtime {
     std::vector<std::string> shells;  ///< commands started, each behind its style and a blank
     Answer answer = Answer::Yes;
     std::function<void()> whileBoxIsOpen;
-    int calls = 0;    ///< file operations so far
-    int failAt = -1;  ///< the call of this number fails, counted from 1
+    int calls = 0;          ///< file operations so far
+    bool readOnly = false;  ///< nothing can be written beside the program
+    int failAt = -1;        ///< the call of this number fails, counted from 1
 
     std::string lastBox() const { return boxes.empty() ? "" : boxes.back().text; }
 
     std::string AppPath() override { return "c:\\nwb"; }
+    std::string TempPath() override { return "c:\\temp"; }
     std::string rtcDir(const std::string& path) override {
         step("rtcDir");
         return files.contains(path) ? path : "";
@@ -60,6 +62,8 @@ class FakeRuntime : public core::Runtime {
     }
     void vbaFileOpen(const std::string& path, OpenMode mode) override {
         step("vbaFileOpen");
+        if (readOnly && mode == OpenMode::Output && path.starts_with(AppPath()))
+            throw core::RuntimeError("Permission denied");
         open_ = path;
         if (mode == OpenMode::Output) files[path].text.clear();
         reader_ = core::FieldReader(files.at(path).text);

@@ -9,6 +9,7 @@ namespace tour {
 class NoRuntime : public core::Runtime {
   public:
     std::string AppPath() override { return {}; }
+    std::string TempPath() override { return {}; }
     std::string currentFolder() override { return {}; }
     std::vector<std::string> drives() override { return {}; }
     std::vector<std::string> folders(const std::string&) override { return {}; }

@@ -36,7 +36,7 @@ class frmConsole : public forms::Form {
     void fillWithFolders(forms::ListBox& list);
 
     core::Program& program_;
-    tools::CommandScript script_{program_.runtime};
+    tools::CommandScript script_{program_};
 
   public:
     forms::MenuItem mnuFile{*this, {.name = "mnuFile", .caption = "&File"}};

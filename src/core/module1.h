@@ -19,10 +19,16 @@ struct Program {
     Runtime& runtime;
     forms::Application& application;
     AppState state;
+    /// Nothing could be written beside the program when it started, and the user knows.
+    bool folderIsReadOnly = false;
 };
 
-/// The start of a run: shows the splash, then fills the state from the settings file.
+/// The start of a run: shows the splash, then fills the state from the settings file. Tells the
+/// user if the program's folder cannot be written.
 void Main(Program& program, const std::function<void()>& showSplash);
+
+/// True if files can be made in the program's folder.
+bool canWriteBeside(Runtime& runtime);
 
 /// True if the path is set and names an ordinary file.
 bool exists(Runtime& runtime, const std::string& path);

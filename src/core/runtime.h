@@ -39,6 +39,8 @@ class Runtime : public forms::Disk {
 
     /// The folder of the program, without a backslash at its end.
     virtual std::string AppPath() = 0;
+    /// A folder of the user's own for files that need not stay, without a backslash at its end.
+    virtual std::string TempPath() = 0;
 
     /// The name of the ordinary file that the path names; empty if there is none, and for a
     /// folder, a hidden file, an empty path and one with "*" or "?".

@@ -178,6 +178,7 @@ void LoadSettings(Program& program) {
 
 void SaveSettings(Program& program) {
     Runtime& runtime = program.runtime;
+    if (program.folderIsReadOnly && !canWriteBeside(runtime)) return;
     const SettingsPaths paths(runtime);
     try {
         completeSave(runtime, paths);  // else the only whole copy could be overwritten

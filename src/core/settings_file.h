@@ -8,7 +8,8 @@ namespace core {
 /// is only that, or with the defaults. Failures and what the user should know go to message boxes.
 void LoadSettings(Program& program);
 
-/// Writes the settings file from the state. A failure is told to the user, never to the caller.
+/// Writes the settings file from the state. A failure is told to the user, never to the caller,
+/// save for a folder that cannot be written, which the user knows of since the start.
 void SaveSettings(Program& program);
 
 }  // namespace core

@@ -1,6 +1,5 @@
 #include "tools/command_script.h"
 
-#include "core/module1.h"
 #include "core/text.h"
 
 namespace tools {
@@ -28,10 +27,10 @@ void CommandScript::ShortenStem(const std::string& fileText,
     constexpr std::size_t longestStem = 8;
     if (core::length(FileStem) <= longestStem) return;
 
-    std::string shortPath = core::GetShortName(runtime_, fileText);
+    std::string shortPath = core::GetShortName(program_.runtime, fileText);
     for (const std::string_view extension : extensions) {
         if (!shortPath.empty()) break;
-        shortPath = core::GetShortName(runtime_, std::string(FileBase).append(extension));
+        shortPath = core::GetShortName(program_.runtime, std::string(FileBase).append(extension));
     }
     std::string_view ShortStem = shortPath;
     ShortStem.remove_prefix(core::drivePart(ShortStem).size());
@@ -40,16 +39,18 @@ void CommandScript::ShortenStem(const std::string& fileText,
 
 void CommandScript::RunCommandScript(const std::string& commandText, bool withTail,
                                      int windowStyle) {
-    const std::string path = runtime_.AppPath() + "\\~kelmcon.bat";
-    runtime_.vbaFileOpen(path, core::Runtime::OpenMode::Output);
-    runtime_.vbaPrintFile(commandText);
+    core::Runtime& runtime = program_.runtime;
+    const std::string folder = program_.folderIsReadOnly ? runtime.TempPath() : runtime.AppPath();
+    const std::string path = folder + "\\~kelmcon.bat";
+    runtime.vbaFileOpen(path, core::Runtime::OpenMode::Output);
+    runtime.vbaPrintFile(commandText);
     if (withTail) {
         for (const std::string command : {"pause", "exit"}) {
-            runtime_.vbaPrintFile(std::string(crlf) + command + std::string(crlf));
+            runtime.vbaPrintFile(std::string(crlf) + command + std::string(crlf));
         }
     }
-    runtime_.vbaFileClose();
-    runtime_.rtcShell(quoted(path), windowStyle);
+    runtime.vbaFileClose();
+    runtime.rtcShell(quoted(path), windowStyle);
 }
 
 }  // namespace tools

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/runtime.h"
+#include "core/module1.h"
 #include "forms/controls.h"
 
 namespace tools {
@@ -14,7 +14,7 @@ namespace tools {
 /// three, so the fields describe the panel that was rebuilt last.
 class CommandScript {
   public:
-    explicit CommandScript(core::Runtime& runtime) : runtime_(runtime) {}
+    explicit CommandScript(const core::Program& program) : program_(program) {}
 
     /// The file name without drive, folder and extension, as it goes into the commands.
     std::string FileStem;
@@ -31,13 +31,14 @@ class CommandScript {
     void ShortenStem(const std::string& fileText,
                      std::initializer_list<std::string_view> extensions);
 
-    /// Writes the text to the script file and starts that. The tail waits for a key before the
-    /// console closes, where the text itself does not end the script. Throws RuntimeError if the
-    /// script cannot be written or started.
+    /// Writes the text to the script file beside the program, or else in the user's own folder for
+    /// such files, and starts that. The tail waits for a key before the console closes, where the
+    /// text itself does not end the script. Throws RuntimeError if the script cannot be written or
+    /// started.
     void RunCommandScript(const std::string& commandText, bool withTail, int windowStyle);
 
   private:
-    core::Runtime& runtime_;
+    const core::Program& program_;
 };
 
 }  // namespace tools

@@ -4,7 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <QSettings>
+#include <QStandardPaths>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -83,6 +85,13 @@ LinuxRuntime::LinuxRuntime(MessageBox messageBox, const std::string& programFold
       programFolder_(programFolder),
       appPath_(disk_.toWindows(programFolder)) {
     if (appPath_.ends_with('\\')) appPath_.pop_back();
+}
+
+std::string LinuxRuntime::TempPath() {
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    const QString folder = cache + "/nwbw";
+    QDir().mkpath(folder);
+    return disk_.toWindows(folder.toStdString());
 }
 
 std::string LinuxRuntime::rtcDir(const std::string& path) {

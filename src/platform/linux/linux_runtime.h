@@ -26,6 +26,7 @@ class LinuxRuntime : public core::Runtime {
                           const std::string& programFolder = folderOfProgram());
 
     std::string AppPath() override { return appPath_; }
+    std::string TempPath() override;
 
     std::string rtcDir(const std::string& path) override;
     std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override;

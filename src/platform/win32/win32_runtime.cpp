@@ -89,6 +89,12 @@ std::string Win32Runtime::AppPath() {
     return std::string(core::beforeLast(program, '\\'));
 }
 
+std::string Win32Runtime::TempPath() {
+    const std::string folder =
+        textFrom([](wchar_t* buffer, DWORD size) { return GetTempPathW(size, buffer); });
+    return std::string(core::beforeLast(folder, '\\'));
+}
+
 std::string Win32Runtime::rtcDir(const std::string& path) {
     // The last three are further wildcards of the system.
     if (path.find_first_of("*?<>\"") != std::string::npos) return "";

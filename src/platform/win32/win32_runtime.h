@@ -19,6 +19,7 @@ class Win32Runtime : public core::Runtime {
     explicit Win32Runtime(MessageBox messageBox) : messageBox_(std::move(messageBox)) {}
 
     std::string AppPath() override;
+    std::string TempPath() override;
 
     std::string rtcDir(const std::string& path) override;
     std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override;
