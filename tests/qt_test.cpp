@@ -380,6 +380,13 @@ void expectReadable(Form& form) {
             windowOf(form).centralWidget()->findChild<QWidget*>(name(control->fullName()));
         if (!widget) continue;  // menu items and the like
         EXPECT_FALSE(widget->accessibleName().isEmpty()) << form.name << " " << control->fullName();
+        const Control* panel = control;  // of the console; else the control itself
+        while (panel->parent()->parent())
+            panel = panel->parent();
+        const auto& place = panel->name == "picOptions" ? panel->fullName() : form.name;
+        EXPECT_TRUE(!(widget->focusPolicy() & Qt::TabFocus) ||
+                    names.insert(place + ": " + control->accessibleName()).second)
+            << control->fullName();
         EXPECT_TRUE(captionFits(*widget, control->Caption))
             << form.name << " " << control->fullName();
     }

@@ -37,7 +37,7 @@ struct Definition {
     std::string caption = {};
     std::string text = {};
     std::string tooltip = {};
-    std::string spoken = {};  ///< what a screen reader calls it, where no caption tells
+    std::string spoken = {};  ///< what a screen reader calls it, where the caption does not tell
     Place place = {};
     bool ticked = false;  ///< a check box or an option button that starts selected
     bool visible = true;

@@ -152,6 +152,7 @@ class CompilePanel {
         {{.index = 0,
           .caption = "Normal",
           .tooltip = "Normal Windows/DOS text format",
+          .spoken = "Normal character set",
           .place = panel::row(0, column),
           .ticked = true},
          {.index = 1,

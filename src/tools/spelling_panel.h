@@ -75,6 +75,7 @@ class SpellingPanel {
         {.name = "btnBrowseS",
          .caption = panel::browseCaption,
          .tooltip = "open a file-browse dialog box to select desired source code file",
+         .spoken = "Browse for the source file",
          .place = panel::browseButton}};
     forms::Button btnExtract{fraSample4,
                              {.name = "btnExtract",
@@ -130,6 +131,7 @@ class SpellingPanel {
                              {.name = "btnBrowseO",
                               .caption = "Brow&se",
                               .tooltip = "open a file-browse dialog box to select a text file",
+                              .spoken = "Browse for the output file",
                               .place = {4890, nameTop - 15, 840, 375},
                               .visible = false}};
     forms::CheckBox chkOverwrite{

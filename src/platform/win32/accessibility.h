@@ -6,7 +6,7 @@
 
 namespace win32 {
 
-/// Tells screen readers a name for a window that has no caption of its own.
+/// Tells screen readers a name for a window whose caption does not tell it.
 void setSpokenName(HWND window, const std::string& name);
 
 }  // namespace win32

@@ -26,8 +26,9 @@ bool startsGroup(const forms::Control& control) {
 }
 
 /// A screen reader calls a window by its caption or by the label before it; else it must be told.
-bool isNameless(const forms::Control& control) {
-    return control.Caption().empty() && !dynamic_cast<const forms::Label*>(before(control));
+bool mustTellName(const forms::Control& control) {
+    return !control.spoken.empty() ||
+           (control.Caption().empty() && !dynamic_cast<const forms::Label*>(before(control)));
 }
 
 int idOf(forms::Control& control) {
@@ -80,7 +81,7 @@ class PeerBuilder : public forms::ControlVisitor {
         control.attach(makePeer(control, site, std::forward<More>(more)...));
         if (auto* peer = peerOf(&control)) {
             peers_.push_back(peer);
-            if (takesFocus(control) && isNameless(control))
+            if (takesFocus(control) && mustTellName(control))
                 setSpokenName(peer->window(), control.accessibleName());
         }
         control.peer()->update();
