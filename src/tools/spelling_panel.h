@@ -206,6 +206,7 @@ class SpellingPanel {
          {.index = 3,
           .caption = "Re&move codes from Output",
           .tooltip = "Don't show the codes at all in the output file",
+          .spoken = "Remove codes from Output (parameters)",
           .place = panel::row(3, paramWidth)}},
         [this](int index) { optParam_Click(index); }};
 
