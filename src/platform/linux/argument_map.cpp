@@ -1,8 +1,5 @@
 #include "platform/linux/argument_map.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "core/text.h"
 #include "platform/linux/case_fold.h"
 
@@ -51,6 +48,10 @@ std::string ArgumentMap::path(const std::string& path, Target target) {
     return host.empty() ? path : host;
 }
 
+std::string ArgumentMap::name(const std::string& name, Target target) {
+    return target == Target::Windows ? disk_.longPath(name) : disk_.nameHere(name);
+}
+
 std::string ArgumentMap::word(const std::string& word, Target target, bool mayBeValue) {
     if (isPath(word)) return path(word, target);
     if (has(word, '/')) return word;
@@ -58,16 +59,14 @@ std::string ArgumentMap::word(const std::string& word, Target target, bool mayBe
     // happens to be some file's name too, and Windows programs heed no case themselves.
     const bool unmistakable = has(word, '~');
     if (!unmistakable && (mayBeValue || target == Target::Windows)) return word;
-    return disk_.nameHere(word);
+    return name(word, target);
 }
 
 bool ArgumentMap::isJoinedPath(std::string_view text) {
     if (hasDrive(text)) return text.substr(2).starts_with('\\');
     if (has(text, '/')) return false;
     if (!has(text, '\\')) return has(text, '~') && disk_.nameHere(text) != text;
-    std::error_code failed;
-    const std::string folder(text.substr(0, text.rfind('\\') + 1));
-    return std::filesystem::is_directory(disk_.toHost(folder), failed);
+    return !disk_.shortPath(text.substr(0, text.rfind('\\') + 1)).empty();
 }
 
 std::string ArgumentMap::option(const std::string& word, Target target) {
@@ -75,7 +74,7 @@ std::string ArgumentMap::option(const std::string& word, Target target) {
         const std::string joined = word.substr(at);
         if (!isJoinedPath(joined)) continue;
         const bool bare = !hasDrive(joined) && !has(joined, '\\');
-        return word.substr(0, at) + (bare ? disk_.nameHere(joined) : path(joined, target));
+        return word.substr(0, at) + (bare ? name(joined, target) : path(joined, target));
     }
     return word;
 }

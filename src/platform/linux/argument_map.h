@@ -25,6 +25,7 @@ class ArgumentMap {
     std::string word(const std::string& word, Target target, bool mayBeValue);
     std::string option(const std::string& word, Target target);
     std::string path(const std::string& path, Target target);
+    std::string name(const std::string& name, Target target);
     bool isJoinedPath(std::string_view text);
 
     WindowsDisk& disk_;

@@ -1,6 +1,7 @@
 #include "platform/linux/case_fold.h"
 
 #include <QString>
+#include <QStringDecoder>
 #include <algorithm>
 
 namespace platform {
@@ -12,9 +13,11 @@ bool isLetter(char c) {
 std::string caseFolded(std::string_view text) {
     const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
     if (!std::all_of(text.begin(), text.end(), isAscii)) {
-        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))
-            .toCaseFolded()
-            .toStdString();
+        using Flag = QStringDecoder::Flag;
+        QStringDecoder decode(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
+        const QString decoded = decode(QByteArrayView(text.data(), std::ssize(text)));
+        // The bytes of a name that is not UTF-8 tell it apart from others.
+        if (!decode.hasError()) return decoded.toCaseFolded().toStdString();
     }
     std::string folded(text);
     for (char& c : folded)

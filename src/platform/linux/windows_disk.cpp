@@ -75,13 +75,14 @@ void WindowsDisk::enter(Found& place, std::string_view part, Spelling spelling) 
     const std::string* name = folder != nullptr ? folder->find(part) : nullptr;
     place.host += '/';
     if (name != nullptr) {
+        const bool asItIs = spelling == Spelling::Long && fitsWindows(*name);
         place.host += *name;
-        place.text += spelling == Spelling::Short ? folder->shortFor(*name) : *name;
+        place.text += asItIs ? *name : folder->shortFor(*name);
         return;
     }
     const std::string asGiven = folder != nullptr ? folder->nameForNew(part) : std::string(part);
     place.host += asGiven;
-    place.text += asGiven;
+    place.text += fitsWindows(asGiven) ? asGiven : part;
     // A folder that may be entered but not listed can hold the name all the same.
     struct stat state = {};
     if (folder != nullptr || lstat(place.host.c_str(), &state) != 0) place.exists = false;

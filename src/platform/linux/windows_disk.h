@@ -26,8 +26,8 @@ class WindowsDisk {
     std::string toWindows(const std::string& hostPath);
     /// The path with the short form of every part; empty if it names nothing that exists.
     std::string shortPath(std::string_view path);
-    /// The path with each part as it is on the disk, short names replaced by the long ones; parts
-    /// that are not there stay as given.
+    /// The path with each part as it is on the disk, short names replaced by the long ones that a
+    /// Windows path can hold; parts that are not there stay as given.
     std::string longPath(std::string_view path);
 
     /// The name on the disk that a bare name or stem stands for in the current folder: the long one
