@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <QString>
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -18,10 +19,11 @@ namespace platform {
 namespace {
 
 /// Safe to show: a name must not steer the terminal.
-std::string shown(std::string text) {
-    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; };
-    std::replace_if(text.begin(), text.end(), isControl, '?');
-    return text;
+std::string shown(const std::string& text) {
+    const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
+    QString result = QString::fromStdString(text);
+    std::replace_if(result.begin(), result.end(), isControl, QChar('?'));
+    return result.toStdString();
 }
 
 [[noreturn]] void refuse(const std::string& folder, const std::string& reason) {
@@ -101,8 +103,12 @@ std::string BatchInterpreter::inputFile(const CommandLine& command) {
         throw core::RuntimeError("The command was not run: no file is named behind \"<\".");
     }
     std::string file = disk_.toHost(*command.input);
-    if (!file.empty() && access(file.c_str(), R_OK) == 0) return file;
-    const std::string reason = file.empty() ? "No such drive" : std::strerror(errno);
+    const bool readable = !file.empty() && access(file.c_str(), R_OK) == 0;
+    std::error_code failed;
+    if (readable && std::filesystem::is_regular_file(file, failed)) return file;
+    const std::string reason = file.empty() ? "No such drive"
+                               : readable   ? "It is no ordinary file"
+                                            : std::strerror(errno);
     throw core::RuntimeError("The command was not run: cannot read " + *command.input + ": " +
                              reason + '.');
 }

@@ -1,10 +1,10 @@
 #include "platform/linux/desktop_entry.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QStandardPaths>
 #include <QStringList>
 #include <QTextStream>
-#include <QUrl>
 
 namespace platform {
 
@@ -85,12 +85,17 @@ std::vector<std::string> partsOf(const std::string& exec) {
 }  // namespace
 
 std::string onSearchPath(const std::string& name) {
-    return QStandardPaths::findExecutable(QString::fromStdString(name)).toStdString();
+    if (name.find('\0') != std::string::npos) return "";
+    QStringList folders = qEnvironmentVariable("PATH", "/usr/bin:/bin").split(':');
+    folders.removeIf([](const QString& folder) { return !folder.startsWith('/'); });
+    // Qt would take an empty list for the whole search path.
+    if (folders.isEmpty()) return "";
+    return QStandardPaths::findExecutable(QString::fromStdString(name), folders).toStdString();
 }
 
 std::vector<std::string> execWords(const std::string& exec, const std::string& file) {
     const std::string url =
-        QUrl::fromLocalFile(QString::fromStdString(file)).toEncoded().toStdString();
+        "file://" + QByteArray::fromStdString(file).toPercentEncoding("/").toStdString();
     std::vector<std::string> words;
     bool fileNamed = false;
     for (const std::string& part : partsOf(exec)) {

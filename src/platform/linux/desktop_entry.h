@@ -15,7 +15,8 @@ std::optional<Invocation> defaultProgram(const std::string& mimeType, const std:
 /// The words of the Exec line of a desktop entry, its field codes replaced by the file.
 std::vector<std::string> execWords(const std::string& exec, const std::string& file);
 
-/// The host's path of a program found on the search path; empty if there is none.
+/// The host's path of a program found on the search path; empty if there is none. Folders that
+/// count from the current one are left out: the folder of a game must not bring programs along.
 std::string onSearchPath(const std::string& name);
 
 }  // namespace platform

@@ -63,6 +63,10 @@ std::vector<std::string> environmentOf(const Invocation& invocation) {
 
 pid_t spawn(const Invocation& invocation, const SpawnSetup& setup) {
     std::vector<std::string> words = invocation.words;
+    for (const std::string& word : words) {
+        if (word.find('\0') == std::string::npos) continue;
+        throw core::RuntimeError("Cannot start " + words.front() + ": a word holds a NUL byte");
+    }
     std::vector<std::string> environment = environmentOf(invocation);
     pid_t process = 0;
     const int error = posix_spawn(&process, words.front().c_str(), &setup.files, &setup.attributes,
