@@ -1,0 +1,62 @@
+// A batch script, whatever it holds, falls into the lines that its text has, and only "exit",
+// "pause", a drive and "cd" are more than a program's name.
+
+#include <string>
+
+#include "check.h"
+#include "platform/linux/batch_script.h"
+#include "platform/linux/case_fold.h"
+#include "platform/linux/command_line.h"
+
+using platform::BatchLine;
+
+static void checkLine(const BatchLine& line) {
+    using Kind = BatchLine::Kind;
+    using fuzz::check;
+    check(!line.text.empty() && platform::trimmed(line.text) == line.text, "a line says something");
+    check(line.text.find('\n') == std::string::npos, "a line is one line");
+    const auto begins = [&](std::string_view word) {
+        return platform::sameButForCase(line.text.substr(0, word.size()), word);
+    };
+    switch (line.kind) {
+        case Kind::Drive:
+            check(line.text.ends_with(':') && line.text.size() <= 1 + 4 * line.text.size(), "c:");
+            break;
+        case Kind::ChangeFolder:
+            check(begins("cd") && line.folder.find('"') == std::string::npos, "cd has a folder");
+            check(line.text.size() > 2, "cd alone shows the folder");
+            return;
+        case Kind::Pause:
+            check(begins("pause"), "pause is pause");
+            break;
+        case Kind::Exit:
+            check(begins("exit"), "exit is exit");
+            break;
+        case Kind::Command:
+            break;
+    }
+    check(line.folder.empty(), "only cd has a folder");
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    const std::string_view script(reinterpret_cast<const char*>(data), size);
+    const std::vector<BatchLine> lines = platform::parseBatch(script);
+
+    std::string again;
+    std::size_t from = 0;
+    for (const BatchLine& line : lines) {
+        checkLine(line);
+        const std::size_t at = script.find(line.text, from);
+        fuzz::check(at != std::string_view::npos, "the lines are those of the script, in order");
+        from = at + line.text.size();
+        again += line.text + "\r\n";
+    }
+    const std::vector<BatchLine> parsed = platform::parseBatch(again);
+    fuzz::check(parsed.size() == lines.size(), "a script of these lines has as many");
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        fuzz::check(parsed[i].text == lines[i].text && parsed[i].kind == lines[i].kind &&
+                        parsed[i].folder == lines[i].folder,
+                    "a script of these lines says the same");
+    }
+    return 0;
+}

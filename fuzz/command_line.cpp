@@ -1,0 +1,92 @@
+// A command falls into the words that quotes and blanks mark, and it starts the program that it
+// names or nothing.
+
+#include "platform/linux/command_line.h"
+
+#include <algorithm>
+
+#include "check.h"
+#include "core/runtime.h"
+#include "disk.h"
+#include "platform/linux/launcher.h"
+
+namespace {
+
+using fuzz::check;
+using platform::CommandLine;
+
+struct Desk : fuzz::Disk {
+    Desk()
+        : Disk({"drive_c/kelm/tool.exe", "drive_c/My Games/wizardquest.kel", "drive_c/My Games/ed",
+                "drive_d/x", "bin/ed", "bin/ls"}) {
+        setenv("PATH", (bin + ":.:").c_str(), 1);
+        setenv("EDITOR", "ed -w", 1);
+        unsetenv("VISUAL");
+    }
+
+    const std::string bin = home / "bin/";
+};
+
+std::string quoted(const std::string& word) {
+    return '"' + word + '"';
+}
+
+void checkWords(const CommandLine& line, std::string_view text) {
+    check(line.words.size() <= text.size() / 2 + 1, "words have something between them");
+    std::string again;
+    for (const std::string& word : line.words) {
+        check(word.find('"') == std::string::npos, "quotes fall away");
+        again += quoted(word) + ' ';
+    }
+    if (line.input) again += '<' + quoted(*line.input);
+    const CommandLine parsed(again);
+    check(parsed.words == line.words, "quoted words come back as they are");
+    check(parsed.input == line.input, "the input comes back as it is");
+    check(CommandLine(" \t" + std::string(text)).words == line.words,
+          "blanks in front are nothing");
+    check(line.rest.find('"') == std::string::npos, "a name holds no quotes");
+}
+
+/// The programs that a command may start are those in bin, and any that it gives the path of.
+void checkStart(Desk& desk, const CommandLine& line) {
+    try {
+        const auto start = platform::Launcher(desk.disk).prepare(line);
+        const std::string& program = start.words.front();
+        if (start.inTerminal) {  // the editor
+            check(program == desk.bin + "ed" && start.words[1] == "-w", "the editor is the user's");
+            check(start.words.size() == 2 || start.words[2].starts_with('/'), "it gets a path");
+            check(start.words.size() <= 3, "of one file");
+            return;
+        }
+        const bool named = line.words.front().find_first_of("\\/:") != std::string::npos;
+        check(program.starts_with(named ? desk.home.string() : desk.bin), "what is named starts");
+        check(start.words.size() == line.words.size(), "and gets the words meant for it");
+    } catch (const core::RuntimeError& refused) {
+        check(*refused.what() != '\0', "a refusal says why");
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    static Desk desk;
+    std::string_view input(reinterpret_cast<const char*>(data), size);
+    const unsigned kind = fuzz::choice(input) % 4;
+    const CommandLine line(input);
+    checkWords(line, input);
+
+    constexpr const char* programs[] = {"c:\\kelm\\tool.exe", "ls", "Notepad"};
+    if (kind == std::size(programs)) {
+        const bool leavesDrives = !line.words.empty() && line.words.front().starts_with('/');
+        if (!leavesDrives) checkStart(desk, line);
+        return 0;
+    }
+    const std::string program = programs[kind];
+    const CommandLine command(quoted(program) + ' ' + std::string(input));
+    check(command.words.front() == program, "the first word is the program");
+    check(std::equal(line.words.begin(), line.words.end(), command.words.begin() + 1,
+                     command.words.end()),
+          "the others are its arguments");
+    checkStart(desk, command);
+    return 0;
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "platform/linux/windows_disk.h"
+
+namespace fuzz {
+
+namespace fs = std::filesystem;
+
+/// Drives c: and d: in a folder of their own, in memory where the system has such a place. The
+/// current folder is c:\My Games.
+class Disk {
+  public:
+    /// Makes the files, each a program, in drive_c, in drive_d or beside them.
+    explicit Disk(const std::vector<const char*>& files)
+        : home(filled(files)), disk(platform::Drives(home)) {
+        for (const char* name :
+             {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
+            setenv(name, home.c_str(), 1);
+        fs::current_path(c / "My Games");
+    }
+    ~Disk() {
+        fs::current_path("/");
+        fs::remove_all(home);
+    }
+    Disk(const Disk&) = delete;
+    Disk& operator=(const Disk&) = delete;
+
+    const fs::path home;
+    const fs::path c = home / "drive_c";
+    const fs::path d = home / "drive_d";
+    platform::WindowsDisk disk;
+
+  private:
+    static fs::path filled(const std::vector<const char*>& files) {
+        const fs::path memory = "/dev/shm";
+        const bool usable = access(memory.c_str(), W_OK) == 0;
+        std::string name = (usable ? memory : fs::temp_directory_path()) / "nwbw-fuzz-XXXXXX";
+        const fs::path home = fs::canonical(mkdtemp(name.data()));
+
+        fs::create_directories(home / "dosdevices");
+        fs::create_directory_symlink("../drive_c", home / "dosdevices/c:");
+        fs::create_directory_symlink("../drive_d", home / "dosdevices/d:");
+        for (const fs::path file : files) {
+            fs::create_directories((home / file).parent_path());
+            std::ofstream(home / file) << "#!/bin/sh\n";
+            fs::permissions(home / file, fs::perms::owner_all);
+        }
+        // Only of a folder that has been left alone for a while is the listing kept.
+        const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
+        for (const auto& entry : fs::recursive_directory_iterator(home))
+            if (entry.is_directory()) fs::last_write_time(entry, longAgo);
+        return home;
+    }
+};
+
+}  // namespace fuzz

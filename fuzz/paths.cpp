@@ -1,0 +1,83 @@
+// A path leads to one place on its drive, in any case and in its short form, and back.
+
+#include <algorithm>
+
+#include "check.h"
+#include "disk.h"
+#include "platform/linux/argument_map.h"
+#include "platform/linux/case_fold.h"
+
+namespace {
+
+using fuzz::check;
+namespace fs = std::filesystem;
+
+std::string otherCase(std::string text) {
+    for (char& c : text)
+        if (platform::isLetter(c)) c ^= 0x20;
+    return text;
+}
+
+bool liesIn(const std::string& host, const fs::path& drive) {
+    return host == drive.string() || host.starts_with(drive.string() + '/');
+}
+
+void checkPlace(fuzz::Disk& desk, const std::string& path, const std::string& host) {
+    const bool onD = path.size() >= 2 && (path[0] | 0x20) == 'd' && path[1] == ':';
+    check(liesIn(host, onD ? desk.d : desk.c), "a path stays on its drive");
+    check(host == fs::path(host).lexically_normal(), "a place has one name");
+    const std::string other = desk.disk.toHost(otherCase(path));
+    check(platform::sameButForCase(other, host), "case does not matter");
+
+    const std::string windows = desk.disk.toWindows(host);
+    // A backslash can only come from a stem on the disk, put before another extension.
+    std::error_code failed;
+    const bool newWithBackslash = host.find('\\') != std::string::npos && !fs::exists(host, failed);
+    check(newWithBackslash || desk.disk.toHost(windows) == host, "to Windows and back");
+    check(desk.disk.toHost(desk.disk.longPath(path)) == host, "the long form is the same place");
+}
+
+void checkShortForm(fuzz::Disk& desk, const std::string& path, const std::string& host) {
+    const std::string shortPath = desk.disk.shortPath(path);
+    std::error_code failed;
+    if (shortPath.empty()) {
+        const bool asFolder = path.ends_with('\\') || path.ends_with('/');
+        const bool exists = asFolder ? fs::is_directory(host, failed) : fs::exists(host, failed);
+        const bool goesBack = path.find("..") != std::string::npos;  // maybe from a missing folder
+        check(!exists || goesBack, "what exists has a short form");
+        return;
+    }
+    check(fs::exists(host, failed), "only what exists has a short form");
+    check(desk.disk.toHost(shortPath) == host, "the short form is the same place");
+    check(desk.disk.shortPath(shortPath) == shortPath, "the short form is its own");
+    check(shortPath.find_first_of(" \"<>|\n") == std::string::npos, "no short form needs quotes");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    static fuzz::Disk desk(
+        {"drive_c/My Games/Wizardquest.kel", "drive_c/My Games/wizardquest.LIS",
+         "drive_c/My Games/wizards.of.oz", "drive_c/My Games/\xc3\x89lan Vital.kel",
+         "drive_c/My Games/caf\xe9.kel", "drive_c/My Games/x\ndel\".kel", "drive_c/a\\b/c:.kel",
+         "drive_c/A Long Name", "drive_c/a long name/cave.kel", "drive_c/ALONGN~1/x",
+         "drive_c/kelm/k.exe", "drive_d/tales/old.kcd"});
+    const std::string path(reinterpret_cast<const char*>(data), size);
+    if (path.starts_with('/')) return -1;  // leads to the host's own folders
+
+    const std::string host = desk.disk.toHost(path);
+    std::vector<std::string> words = {path, "-OF" + path};
+    platform::ArgumentMap(desk.disk).toHost(words);
+    check(words[1].starts_with("-OF"), "an option stays one");
+    if (host.empty()) {
+        const bool noDrive = path.size() >= 2 && path[1] == ':' && (path[0] | 0x20) != 'c' &&
+                             (path[0] | 0x20) != 'd';
+        check(path.find('\0') != std::string::npos || path.empty() || noDrive,
+              "a path leads somewhere");
+        check(desk.disk.shortPath(path).empty(), "no place has no short form");
+        return 0;
+    }
+    checkPlace(desk, path, host);
+    checkShortForm(desk, path, host);
+    return 0;
+}
