@@ -9,6 +9,7 @@
 #include "platform/linux/linux_runtime.h"
 
 using namespace platform;
+using namespace std::literals;
 
 namespace {
 
@@ -119,6 +120,7 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
         {"-OFD:\\out\\words.txt", "[-OF" + (d / "out/words.txt").string() + "]"},
         {"-OF..\\kelm\\w.txt", "[-OF" + (c / "kelm/w.txt").string() + "]"},
         {"-OFWIZARD~1.txt", "[-OFwizardquest.txt]"},
+        {"-OFd:\\..\\out\\w.txt", "[-OF" + (d / "out/w.txt").string() + "]"},
         {"sub\\x.txt", "[" + games + "/sub/x.txt]"},
         {"cave -CharSet ISO", "[Cave][-CharSet][ISO]"},
         {"-Height 0 https://x.y/z /d NOBODY~1 \"\"", "[-Height][0][https://x.y/z][/d][NOBODY~1][]"},
@@ -133,16 +135,18 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
 
 TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
     write(c / "my games/wizardquest.kel");
+    write(c / "my games/a\\..\\..\\x.kel");
     program(c / "kelm/krun.exe", "MZ");
     const std::string line =
-        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 c:\\MYGAME~1\\x -d";
+        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 c:\\MYGAME~1\\x A____X~1.KEL -d";
     EXPECT_FALSE(run(line));
     EXPECT_NE(shown.find("c:\\kelm\\krun.exe is a Windows program, and Wine is not installed."),
               std::string::npos);
     fs::copy_file(NWBW_ECHO_CHILD, home / "bin/wine");
     EXPECT_TRUE(run(line + " < wizardquest.kel"));
-    EXPECT_EQ(echoed(), (c / "my games").string() +
-                            "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][-d]\n");
+    EXPECT_EQ(echoed(),
+              (c / "my games").string() +
+                  "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][A____X~1.KEL][-d]\n");
 }
 
 TEST_F(Batch, KeepsEachDrivesFolder) {
@@ -161,6 +165,8 @@ TEST_F(Batch, TellsWhatIsMissing) {
             "\x7f"
             "ELF");
     fs::permissions(c / "tool", fs::perms::owner_read);
+    fs::copy_file(NWBW_ECHO_CHILD, c / "lookalike");
+    setenv("PATH", ((home / "bin").string() + "::.:").c_str(), 1);
     const std::string last = '\n' + tool + "last";
     const std::tuple<std::string, const char*, bool> cases[] = {
         {"q:", "Cannot change to q:", false},
@@ -173,6 +179,10 @@ TEST_F(Batch, TellsWhatIsMissing) {
         {"notepad x", "No text editor was found.", true},
         {tool + "x < none.log", "cannot read none.log: No such file or directory", true},
         {tool + "x <", "no file is named", true},
+        {tool + "x < \\", "cannot read \\: It is no ordinary file", true},
+        {tool + "x\0y"s, "a word holds a NUL byte", true},
+        {"c:\\kelm\\..\\..\\bin\\ls x", "Cannot start", true},
+        {"lookalike x", "there is no such program on the search path", true},
     };
     for (const auto& [line, message, goesOn] : cases) {
         fs::remove(home / "echo");

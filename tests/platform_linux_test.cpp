@@ -29,6 +29,7 @@ class Disk : public LinuxDesktop {
 TEST_F(Disk, MapsPathsToTheHost) {
     write(c / "My Games/Wizardquest.kel");
     write(c / "My Games/Élan Vital.kel");
+    write(c / "My Games/caf\xe9.kel");
     write(d / "cave.kel");
     fs::current_path(c / "My Games");
     const std::pair<const char*, fs::path> cases[] = {
@@ -36,6 +37,8 @@ TEST_F(Disk, MapsPathsToTheHost) {
         {"C:/MYGAME~1/wizard~1.KEL", c / "My Games/Wizardquest.kel"},
         {"élan vital.KEL", c / "My Games/Élan Vital.kel"},
         {"c:new.kel", c / "My Games/new.kel"},
+        {"CAF\xe9.kel", c / "My Games/caf\xe9.kel"},
+        {"caf\xea.kel", c / "My Games/caf\xea.kel"},
         {"WIZARD~1.lis", c / "My Games/Wizardquest.lis"},
         {"\\x.kel", c / "x.kel"},
         {"d:cave.kel", d / "cave.kel"},
@@ -189,6 +192,10 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
     EXPECT_EQ(open("z:\\dev\\full"), "");
     runtime.vbaPrintFile("x");
     EXPECT_EQ(errorOf([&] { runtime.vbaFileClose(); }), full);
+    EXPECT_EQ(open("z:\\dev\\full"), "");
+    EXPECT_EQ(errorOf([&] { runtime.vbaPrintFile(std::string(99'999, 'x')); }), full);
+    mkfifo((c / "pipe").c_str(), 0600);
+    EXPECT_EQ(open("c:\\pipe"), "Cannot open c:\\pipe: No such device or address");
     EXPECT_EQ(open("c:\\x"), "");
 }
 
@@ -203,5 +210,6 @@ TEST(DesktopEntry, ReplacesFieldCodes) {
     };
     for (const auto& [exec, words] : cases)
         EXPECT_EQ(execWords(exec, "/a b"), words) << exec;
+    EXPECT_EQ(execWords("gedit %u", "/\xe9%#"), (Words{"gedit", "file:///%E9%25%23"}));
     EXPECT_EQ(execWords("gedit %U", ""), Words{"gedit"});
 }

@@ -127,8 +127,9 @@ void LinuxRuntime::vbaFileOpen(const std::string& path, OpenMode mode) {
 }
 
 void LinuxRuntime::openForOutput(const std::string& path, const std::string& host) {
-    // A link at this place would lead the output to a file of somebody else's choice.
-    const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
+    // A link at this place would lead the output to a file of somebody else's choice, and a pipe
+    // would wait for a reader.
+    const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
     const int handle = open(host.c_str(), flags, 0666);
     if (handle < 0) fail("open", path);
     output_.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
@@ -145,11 +146,16 @@ void LinuxRuntime::openForInput(const std::string& path, const std::string& host
     input_ = core::FieldReader(std::move(text));
 }
 
-void LinuxRuntime::writeOut() {
-    if (output_.flush()) return;
-    const std::string reason = output_.errorString().toStdString();
+void LinuxRuntime::failToWrite() {
+    // Where only a part could be written there is no room for the rest.
+    const bool told = output_.error() != QFileDevice::NoError;
+    const std::string reason = told ? output_.errorString().toStdString() : std::strerror(ENOSPC);
     output_.close();
     fail("write", outputPath_, reason);
+}
+
+void LinuxRuntime::writeOut() {
+    if (!output_.flush()) failToWrite();
 }
 
 void LinuxRuntime::vbaFileClose() {
@@ -162,7 +168,8 @@ void LinuxRuntime::vbaFileClose() {
 void LinuxRuntime::vbaPrintFile(const std::string& text) {
     if (!output_.isOpen()) throw RuntimeError("Cannot write: no file is open for output");
     const std::string line = text + std::string(core::crlf);
-    if (output_.write(line.data(), static_cast<qint64>(line.size())) < 0) writeOut();
+    const auto written = output_.write(line.data(), std::ssize(line));
+    if (written != std::ssize(line)) failToWrite();
 }
 
 void LinuxRuntime::vbaFileFlush() {

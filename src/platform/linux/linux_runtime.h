@@ -72,6 +72,7 @@ class LinuxRuntime : public core::Runtime {
     void openForOutput(const std::string& path, const std::string& host);
     void openForInput(const std::string& path, const std::string& host);
     void writeOut();
+    [[noreturn]] void failToWrite();
     void startScript(const std::string& path, bool maximised);
 
     WindowsDisk disk_{Drives::ofUser()};
