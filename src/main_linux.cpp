@@ -1,14 +1,12 @@
-#include <QApplication>
-
 #include "console/workbench.h"
 #include "platform/linux/linux_runtime.h"
 #include "platform/qt/message_box.h"
+#include "platform/qt/qt_application.h"
 #include "platform/qt/qt_toolkit.h"
 
 /// The program on Linux: the desktop with drives, and Qt's windows.
 int main(int argc, char** argv) {
-    QApplication qt(argc, argv);
-    QApplication::setApplicationName("nwbw");
+    const qt::QtApplication application(argc, argv);
 
     platform::LinuxRuntime runtime(qt::messageBox);
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },

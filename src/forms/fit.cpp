@@ -37,8 +37,9 @@ static bool fits(const Control& control, const Ruler& ruler) {
 std::optional<double> fittingPoints(
     Form& form, double largest, double smallest,
     const std::function<std::unique_ptr<Ruler>(double points)>& rulerOf) {
+    constexpr double step = 0.5;
     std::vector<double> sizes;
-    for (double points = largest; points >= smallest; points -= pointStep)
+    for (double points = largest; points >= smallest; points -= step)
         sizes.push_back(points);
     const auto controls = form.allControls();
     const auto found = std::partition_point(sizes.begin(), sizes.end(), [&](double points) {

@@ -29,10 +29,7 @@ class Ruler {
     [[nodiscard]] virtual Size room(const Control& control) const = 0;
 };
 
-/// Fonts are tried in sizes that differ by as much.
-inline constexpr double pointStep = 0.5;
-
-/// The largest size, from the largest down to the smallest by steps, in which every caption
+/// The largest size, from the largest down to the smallest in half points, in which every caption
 /// of the form can be read whole; nothing if there is none. A caption with a size of its own does
 /// not count.
 std::optional<double> fittingPoints(

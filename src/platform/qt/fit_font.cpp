@@ -83,20 +83,19 @@ class StyleRuler : public forms::Ruler {
 }  // namespace
 
 QFont fittingFont(forms::Form& form) {
-    QFont font = QApplication::font();
+    QFont font;
     const auto sized = [&font](double points) {
         font.setPointSizeF(points);
         return font;
     };
     const auto ruler = [&](double points) { return std::make_unique<StyleRuler>(sized(points)); };
-    const auto own = forms::fittingPoints(form, largest, smallest, ruler);
-    if (own == largest) return sized(largest);
-
     font.setFamily("Liberation Sans");
-    const double larger = own ? *own + forms::pointStep : smallest;
-    const auto narrow = forms::fittingPoints(form, largest, larger, ruler);
-    if (!narrow && own) font.setFamily(QApplication::font().family());
-    return sized(narrow.value_or(own.value_or(smallest)));
+    const double narrow = forms::fittingPoints(form, largest, smallest, ruler).value_or(smallest);
+    const QFont narrowFont = sized(narrow);
+
+    font = QApplication::font();
+    const auto own = forms::fittingPoints(form, largest, narrow, ruler);
+    return own ? sized(*own) : narrowFont;
 }
 
 }  // namespace qt

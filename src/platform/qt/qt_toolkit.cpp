@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QIcon>
 #include <QRegularExpression>
+#include <QTimer>
 
 #include "platform/qt/file_filter.h"
 #include "platform/qt/form_window.h"
@@ -49,7 +50,8 @@ QtToolkit::QtToolkit(PathMap toHost, PathMap toWindows)
     : toHost_(std::move(toHost)), toWindows_(std::move(toWindows)), folder_(QDir::homePath()) {
     QApplication::setQuitOnLastWindowClosed(false);
     linkPictures();
-    QApplication::setWindowIcon(programIcon());
+    constexpr int afterTheFirstPaint = 100;  // ms; a window need not wait for its icon
+    QTimer::singleShot(afterTheFirstPaint, qApp, [] { QApplication::setWindowIcon(programIcon()); });
 }
 
 void QtToolkit::build(forms::Form& form) {

@@ -1,0 +1,89 @@
+// From the press of an action button to the first instruction of the tool, against a shell script
+// of the same lines, started in the same way.
+
+#include <benchmark/benchmark.h>
+
+#include <thread>
+
+#include "benchmarks/home.h"
+#include "console/frm_console.h"
+#include "platform/linux/invocation.h"
+#include "platform/linux/linux_runtime.h"
+#include "platform/linux/terminal.h"
+
+namespace {
+
+using namespace bench;
+using Clock = std::chrono::steady_clock;
+
+/// A compiler that notes when it starts, and a game for it.
+class Desk {
+  public:
+    Desk() {
+        const fs::path programs = home_.driveC() / "kelm";
+        fs::create_directories(programs);
+        fs::create_directories(games());
+        fs::copy_file(fs::read_symlink("/proc/self/exe").parent_path() / "start_stamp", compiler());
+        std::ofstream(games() / "cave.kel") << "\"A cave.\"\n";
+        setenv("NWBW_STAMP", stamp().c_str(), 1);
+    }
+
+    [[nodiscard]] fs::path games() const { return home_.driveC() / "my games"; }
+    [[nodiscard]] fs::path compiler() const { return home_.driveC() / "kelm/kelm.exe"; }
+
+    /// Seconds from the start of the action until the compiler has started.
+    double secondsOf(const std::function<void()>& action) {
+        fs::remove(stamp());
+        const auto before = Clock::now();
+        action();
+        while (!fs::exists(stamp()))
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        long long started = 0;
+        std::ifstream(stamp()) >> started;
+        const auto last = Clock::time_point(Clock::duration(started));
+        return std::chrono::duration<double>(last - before).count();
+    }
+
+  private:
+    [[nodiscard]] fs::path stamp() const { return home_.folder() / "stamp"; }
+
+    Home home_;
+};
+
+void action(benchmark::State& state) {
+    Desk desk;
+    std::string told;
+    platform::LinuxRuntime runtime([&](const std::string& text, int, const std::string&) {
+        told = text;
+        return core::Runtime::Answer::Ok;
+    });
+    NoWindows windows;
+    forms::Application application(windows, [&](const std::string& text) { told = text; });
+    core::Program program{runtime, application, {}};
+    program.state.CompilerPath = "c:\\kelm\\kelm.exe";
+    program.state.StartTab = 2;
+    auto& panel = application.load<console::frmConsole>(program).compile;
+    panel.txtFname.type("c:\\my games\\cave.kel");
+    for (auto _ : state) {
+        state.SetIterationTime(desk.secondsOf([&] {
+            panel.btnCompile.click();
+            if (!told.empty()) throw std::runtime_error(told);
+        }));
+    }
+}
+BENCHMARK(action)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+
+void actionByShell(benchmark::State& state) {
+    Desk desk;
+    const fs::path script = desk.games() / "script.sh";
+    std::ofstream(script) << "cd '" << desk.games().string() << "'\n'" << desk.compiler().string()
+                          << "' cave -List -Height 0\n";
+    for (auto _ : state) {
+        state.SetIterationTime(desk.secondsOf([&] {
+            platform::startDetached(platform::inTerminal({"/bin/sh", script.string()}, false));
+        }));
+    }
+}
+BENCHMARK(actionByShell)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace

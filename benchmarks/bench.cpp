@@ -1,0 +1,106 @@
+// Measures what a user waits for and prints one table, with a reference beside each figure that was
+// measured in the same run. Every figure is the median of many turns, which are taken in random
+// order, so that whatever else the machine does falls on all alike.
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Figure {
+    const char* what;
+    const char* unit;
+    const char* measured;  ///< the name of its runs
+    const char*
+        reference;  ///< the name of the runs that it is held against; null for a length of time
+    double most;    ///< the times of the reference, or the length of time
+    bool memory = false;
+};
+
+constexpr Figure figures[] = {
+    {"Start to console, against an empty window", "ms", "startToConsole", "startToEmptyWindow",
+     1.15},
+    {"... against a window with one word", "ms", "startToConsole", "startToOneWord", 1.15},
+    {"Peak of memory, against an empty window", "MiB", "startToConsole", "startToEmptyWindow", 1.15,
+     true},
+    {"... against a window with one word", "MiB", "startToConsole", "startToOneWord", 1.15, true},
+    {"Keystroke, 10 files", "us", "keystroke/10/0", nullptr, 20},
+    {"Keystroke, 1,000 files", "us", "keystroke/1000/0", nullptr, 20},
+    {"Keystroke, 10,000 files", "us", "keystroke/10000/0", nullptr, 20},
+    {"Keystroke, 10 files, 20 includes", "us", "keystroke/10/20", nullptr, 200},
+    {"Keystroke, 1,000 files, 20 includes", "us", "keystroke/1000/20", nullptr, 200},
+    {"Keystroke, 10,000 files, 20 includes", "us", "keystroke/10000/20", nullptr, 200},
+    {"Button to tool, against a shell script", "ms", "action", "actionByShell", 1.5},
+    {"Save, against a write with a flush", "us", "save", "writeAndFlush", 1.5},
+};
+
+/// Collects the runs and prints the table at the end.
+class Table : public benchmark::BenchmarkReporter {
+  public:
+    bool ReportContext(const Context& /*context*/) override { return true; }
+
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.run_type != Run::RT_Iteration) continue;
+            if (run.error_occurred)
+                std::printf("%s: %s\n", run.run_name.function_name.c_str(),
+                            run.error_message.c_str());
+            std::string name = run.run_name.function_name;
+            if (!run.run_name.args.empty()) name += '/' + run.run_name.args;
+            times_[name].push_back(run.GetAdjustedRealTime());
+            const auto memory = run.counters.find("MiB");
+            if (memory != run.counters.end()) memory_[name].push_back(memory->second);
+        }
+    }
+
+    void Finalize() override {
+        std::printf("%-44s %12s %12s %8s %8s\n", "", "measured", "reference", "ratio", "at most");
+        for (const Figure& figure : figures)
+            print(figure);
+    }
+
+  private:
+    using Runs = std::map<std::string, std::vector<double>>;
+
+    static double median(std::vector<double> values) {
+        if (values.empty()) return 0;
+        std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
+        return values[values.size() / 2];
+    }
+
+    void print(const Figure& figure) {
+        Runs& runs = figure.memory ? memory_ : times_;
+        const double measured = median(runs[figure.measured]);
+        std::printf("%-44s %8.1f %-3s", figure.what, measured, figure.unit);
+        if (!figure.reference) {
+            std::printf(" %12s %8s %5.0f %s\n", "", "", figure.most, figure.unit);
+            return;
+        }
+        const double reference = median(runs[figure.reference]);
+        std::printf(" %8.1f %-3s %8.2f %8.2f\n", reference, figure.unit, measured / reference,
+                    figure.most);
+    }
+
+    Runs times_;
+    Runs memory_;
+};
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    std::vector<char*> words(arguments, arguments + count);
+    std::string repetitions = "--benchmark_repetitions=15";
+    std::string interleaving = "--benchmark_enable_random_interleaving=true";
+    std::string shortest = "--benchmark_min_time=0.02";
+    words.insert(words.begin() + 1, {repetitions.data(), interleaving.data(), shortest.data()});
+    int number = static_cast<int>(words.size());
+    benchmark::Initialize(&number, words.data());
+    if (benchmark::ReportUnrecognizedArguments(number, words.data())) return 1;
+    Table table;
+    benchmark::RunSpecifiedBenchmarks(&table);
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "core/module1.h"
+#include "forms/application.h"
+
+namespace bench {
+
+namespace fs = std::filesystem;
+
+/// A home with a drive c: of its own, away from the user's, for as long as this lives.
+class Home {
+  public:
+    Home() : folder_(fs::temp_directory_path() / "nwbw-bench-XXXXXX") {
+        std::string name = folder_.string();
+        folder_ = mkdtemp(name.data());
+        fs::create_directories(folder_ / "nwbw/drive_c");
+        fs::create_directories(folder_ / "nwbw/dosdevices");
+        fs::create_directory_symlink("../drive_c", folder_ / "nwbw/dosdevices/c:");
+        enter();
+    }
+    ~Home() { fs::remove_all(folder_); }
+    Home(const Home&) = delete;
+    Home& operator=(const Home&) = delete;
+
+    /// Makes it the home of the programs that are started from now on.
+    void enter() const {
+        for (const char* variable : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"})
+            setenv(variable, folder_.c_str(), 1);
+    }
+    [[nodiscard]] const fs::path& folder() const { return folder_; }
+    [[nodiscard]] fs::path driveC() const { return folder_ / "nwbw/drive_c"; }
+
+  private:
+    fs::path folder_;
+};
+
+/// Windows that show nothing.
+class NoWindows : public forms::Toolkit {
+  public:
+    void build(forms::Form& /*form*/) override {}
+    std::string chooseFile(forms::Form& /*owner*/, const forms::FileQuestion&) override {
+        return {};
+    }
+    void quit() override {}
+};
+
+}  // namespace bench

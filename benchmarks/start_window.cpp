@@ -1,0 +1,67 @@
+// Shows the console ("console") or an empty window of the same size ("empty"), and prints when it
+// was painted, on the clock that never jumps, in nanoseconds, and then the peak of memory in KiB.
+
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QMainWindow>
+#include <QTimer>
+#include <QWindow>
+#include <chrono>
+#include <cstdio>
+#include <string>
+
+#include "console/frm_console.h"
+#include "platform/linux/linux_runtime.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/message_box.h"
+#include "platform/qt/qt_application.h"
+#include "platform/qt/qt_toolkit.h"
+
+namespace {
+
+void report(const QMainWindow& window) {
+    // Its first exposure paints it.
+    while (!window.windowHandle()->isExposed())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    const auto painted = std::chrono::steady_clock::now().time_since_epoch();
+
+    constexpr int untilAtRest = 300;  // ms
+    QTimer::singleShot(untilAtRest, [] { QCoreApplication::exit(); });
+    QCoreApplication::exec();
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    std::printf("%lld %ld\n", static_cast<long long>(std::chrono::nanoseconds(painted).count()),
+                used.ru_maxrss);
+}
+
+void showWindow(int count, char** arguments, const QString& text) {
+    const QApplication qt(count, arguments);
+    QMainWindow window;
+    if (!text.isEmpty()) new QLabel(text, &window);
+    window.resize(433, 433);
+    window.show();
+    report(window);
+}
+
+void showConsole(int count, char** arguments) {
+    const qt::QtApplication application(count, arguments);
+    platform::LinuxRuntime runtime(qt::messageBox);
+    qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
+                          [&](const std::string& path) { return runtime.disk().toWindows(path); });
+    forms::Application forms(toolkit, [](const std::string&) {});
+    core::Program program{runtime, forms, {}};
+    auto& console = forms.load<console::frmConsole>(program);
+    console.Show();
+    report(dynamic_cast<qt::FormWindow&>(*console.window()).widget());
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const std::string what = count > 1 ? arguments[1] : "";
+    if (what == "console") showConsole(count, arguments);
+    if (what == "empty") showWindow(count, arguments, "");
+    if (what == "word") showWindow(count, arguments, "Norvane");
+}

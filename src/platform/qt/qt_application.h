@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QApplication>
+#include <thread>
+
+namespace qt {
+
+/// Qt's application. The system's fonts are looked up while it greets the screen: either takes a good
+/// part of the start, and neither needs the other.
+class QtApplication {
+  public:
+    QtApplication(int& argc, char** argv);
+
+  private:
+    std::jthread fonts_;
+    QApplication application_;
+};
+
+}  // namespace qt
