@@ -233,7 +233,7 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     widget(form->lstFolders).setFocus();
     EXPECT_EQ(form->lstFolders.ListIndex, -1);
     EXPECT_EQ(strike(Qt::Key_Down), "lstFolders @lstFolders");
-    EXPECT_EQ(form->lstFolders.ListIndex, 1);
+    EXPECT_EQ(form->lstFolders.ListIndex, 0);
     auto& list = widget<QListWidget>(form->lstFolders);
     list.clearSelection();  // a user may do so; the model always keeps one
     EXPECT_EQ(list.selectedItems().size(), 1);

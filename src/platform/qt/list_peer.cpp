@@ -1,5 +1,7 @@
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "platform/qt/peers.h"
 #include "platform/qt/widget_peer.h"
@@ -15,6 +17,7 @@ class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
         // The middle of a long path goes; its tooltip has it whole.
         widget_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         widget_.setTextElideMode(Qt::ElideMiddle);
+        widget_.installEventFilter(this);
         connect(&widget_, &QListWidget::itemSelectionChanged, this, [this] {
             const int row = selectedRow();
             act([&] {
@@ -33,6 +36,16 @@ class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
         if (selectedRow() == control_.ListIndex) return;
         widget_.clearSelection();
         if (control_.ListIndex >= 0) widget_.setCurrentRow(control_.ListIndex);
+    }
+
+    /// While nothing is selected, an arrow key selects the row that bears the mark of the focus. Qt
+    /// would step over it, and so never come to the only row of a list.
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress || selectedRow() >= 0) return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Up && key != Qt::Key_Down) return false;
+        widget_.setCurrentRow(std::max(widget_.currentRow(), 0));
+        return true;
     }
 
   private:
