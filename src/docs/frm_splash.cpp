@@ -4,7 +4,11 @@ namespace docs {
 
 frmSplash::frmSplash(forms::Application& application, std::function<void()> openConsole)
     : Form(application, "frmSplash",
-           {.place = {0, 0, 7275, 4320}, .bare = true, .keyPreview = true, .background = 0x000080}),
+           {.spoken = core::appTitle,
+            .place = {0, 0, 7275, 4320},
+            .bare = true,
+            .keyPreview = true,
+            .background = 0x000080}),
       openConsole_(std::move(openConsole)) {}
 
 void frmSplash::Form_Load() {

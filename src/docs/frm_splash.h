@@ -26,11 +26,9 @@ class frmSplash : public forms::Form {
     inline static const forms::Font text{.family = "MS Sans Serif", .points = 9.75};
 
   public:
-    forms::Frame Frame1{*this,
-                        {.name = "Frame1",
-                         .spoken = core::appTitle,
-                         .place = {120, 120, 7080, 4050},
-                         .event = [this] { Frame1_Click(); }}};
+    forms::Frame Frame1{*this, {.name = "Frame1", .place = {120, 120, 7080, 4050}, .event = [this] {
+                                    Frame1_Click();
+                                }}};
     forms::Image imgLogo{Frame1,
                          {.name = "imgLogo", .text = "logo", .place = {120, 120, 6855, 2400}}};
     forms::Label lblProductName{

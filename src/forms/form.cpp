@@ -5,7 +5,10 @@
 namespace forms {
 
 Form::Form(Application& application, std::string name, const FormStyle& style)
-    : Container(nullptr, {.name = std::move(name), .caption = style.caption, .place = style.place}),
+    : Container(nullptr, {.name = std::move(name),
+                          .caption = style.caption,
+                          .spoken = style.spoken,
+                          .place = style.place}),
       style(style),
       application_(application) {}
 

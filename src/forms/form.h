@@ -12,6 +12,7 @@ namespace forms {
 /// What a form looks like as a window.
 struct FormStyle {
     std::string caption = {};
+    std::string spoken = {};  ///< what a screen reader calls it, where it has no caption
     Place place = {};         ///< in twips; left and top count only where the form is not centred
     bool sizable = false;     ///< with minimise and maximise buttons
     bool bare = false;        ///< without a title bar, and out of the task bar

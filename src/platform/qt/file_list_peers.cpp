@@ -15,6 +15,8 @@ namespace {
 class DrivePeer : public PeerOf<forms::DriveList, QComboBox> {
   public:
     DrivePeer(forms::DriveList& list, QWidget& parent) : PeerOf(list, new QComboBox(&parent)) {
+        // On Linux Qt gives the chosen entry as the name.
+        widget_.setAccessibleDescription(QString::fromStdString(list.accessibleName()));
         const QIcon icon = widget_.style()->standardIcon(QStyle::SP_DriveHDIcon);
         for (const std::string& drive : list.drives())
             widget_.addItem(icon, QString::fromStdString(drive));

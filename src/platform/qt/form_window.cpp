@@ -56,6 +56,7 @@ void layMenuBar(QMenuBar& bar) {
 FormWindow::FormWindow(forms::Form& form)
     : form_(form), window_(*new QMainWindow(nullptr, windowFlags(form.style))) {
     window_.setObjectName(QString::fromStdString(form.name));
+    window_.setAccessibleName(QString::fromStdString(form.style.spoken));
     auto* client = new QWidget(&window_);
     window_.setCentralWidget(client);
     if (form.hasMenu()) layMenuBar(*window_.menuBar());
