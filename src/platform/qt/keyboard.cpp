@@ -1,6 +1,7 @@
 #include "platform/qt/keyboard.h"
 
 #include <QMainWindow>
+#include <QMenuBar>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -102,9 +103,18 @@ bool Keyboard::keyPressed(const QKeyEvent& key) {
             return !controlTakesEnter() && (key.isAutoRepeat() || form_.pressDefault());
         case Qt::Key_Escape:
             return key.isAutoRepeat() || form_.pressCancel();
+        case Qt::Key_F10:
+            return openMenu(key);
         default:
             return (isTab(key) && key.modifiers() & Qt::ControlModifier) || isVoidMnemonic(key);
     }
+}
+
+/// F10 opens the first menu, as desktops have it; Qt leaves that to the program.
+bool Keyboard::openMenu(const QKeyEvent& key) {
+    if (key.modifiers() != Qt::NoModifier || !form_.hasMenu()) return false;
+    window_.menuBar()->setActiveAction(window_.menuBar()->actions().first());
+    return true;
 }
 
 bool Keyboard::controlTakesEnter() {

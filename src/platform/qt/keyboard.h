@@ -29,6 +29,7 @@ class Keyboard : public QObject {
 
   private:
     bool keyPressed(const QKeyEvent& key);
+    bool openMenu(const QKeyEvent& key);
     bool controlTakesEnter();
     forms::Control* mnemonicTarget(const QKeyEvent& key);
     void followPanel();
