@@ -13,17 +13,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto patience = 20s;  ///< for a thing to happen
-
-bool happens(const std::function<bool()>& thing) {
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (!thing()) {
-        if (std::chrono::steady_clock::now() > end) return false;
-        std::this_thread::sleep_for(50ms);
-    }
-    return true;
-}
-
 std::string indented(const std::vector<std::string>& lines) {
     std::string text;
     for (const std::string& line : lines)
@@ -44,6 +33,16 @@ std::string fileName(const std::string& what) {
 }
 
 }  // namespace
+
+bool happens(const std::function<bool()>& thing) {
+    constexpr auto patience = 20s;
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!thing()) {
+        if (std::chrono::steady_clock::now() > end) return false;
+        std::this_thread::sleep_for(10ms);
+    }
+    return true;
+}
 
 Guide::Guide(const Display& display, const Demo& demo, std::filesystem::path pictures)
     : display_(display), demo_(demo), pictures_(std::move(pictures)), program_(demo.start()) {}

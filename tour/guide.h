@@ -15,6 +15,9 @@
 
 namespace tour {
 
+/// Waits for the thing; false if it does not happen in 20 seconds.
+bool happens(const std::function<bool()>& thing);
+
 /// Goes through the steps: does what the user does, waits for what must happen, and leaves a
 /// picture of each step.
 class Guide {

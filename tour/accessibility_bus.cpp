@@ -1,0 +1,109 @@
+#include "accessibility_bus.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <stdexcept>
+
+namespace tour {
+
+namespace {
+
+constexpr const char* accessible = "org.a11y.atspi.Accessible";
+
+QDBusConnection connection() {
+    const auto address = QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
+        "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress"));
+    if (address.type() != QDBusMessage::ReplyMessage)
+        throw std::runtime_error("there is no accessibility bus: " +
+                                 address.errorMessage().toStdString());
+    return QDBusConnection::connectToBus(address.arguments().at(0).toString(), "accessibility");
+}
+
+}  // namespace
+
+AccessibilityBus::AccessibilityBus() : bus_(connection()) {
+    if (!bus_.isConnected()) throw std::runtime_error("the accessibility bus does not answer");
+}
+
+QVariant AccessibilityBus::call(const Spoken& object, const char* interface, const char* method,
+                                const QVariantList& arguments) const {
+    auto message = QDBusMessage::createMethodCall(object.service, object.path, interface, method);
+    message.setArguments(arguments);
+    const QDBusMessage reply = bus_.call(message, QDBus::Block, 3000);
+    return reply.arguments().isEmpty() ? QVariant() : reply.arguments().at(0);
+}
+
+std::vector<Spoken> AccessibilityBus::children(const Spoken& object) const {
+    std::vector<Spoken> all;
+    const QVariant reply = call(object, accessible, "GetChildren");
+    if (!reply.canConvert<QDBusArgument>()) return all;
+    const auto list = reply.value<QDBusArgument>();
+    for (list.beginArray(); !list.atEnd();) {
+        Spoken child;
+        QDBusObjectPath path;
+        list.beginStructure();
+        list >> child.service >> path;
+        list.endStructure();
+        child.path = path.path();
+        all.push_back(child);
+    }
+    return all;
+}
+
+std::string AccessibilityBus::property(const Spoken& object, const char* name) const {
+    return call(object, "org.freedesktop.DBus.Properties", "Get", {accessible, name})
+        .value<QDBusVariant>()
+        .variant()
+        .toString()
+        .trimmed()
+        .toStdString();
+}
+
+quint64 AccessibilityBus::states(const Spoken& object) const {
+    const auto halves = qdbus_cast<QList<uint>>(call(object, accessible, "GetState"));
+    return halves.size() == 2 ? halves[0] | static_cast<quint64>(halves[1]) << 32 : 0;
+}
+
+QRect AccessibilityBus::place(const Spoken& object) const {
+    const QVariant reply = call(object, "org.a11y.atspi.Component", "GetExtents", {0U});
+    if (!reply.canConvert<QDBusArgument>()) return {};
+    const auto edges = reply.value<QDBusArgument>();
+    int left = 0, top = 0, width = 0, height = 0;
+    edges.beginStructure();
+    edges >> left >> top >> width >> height;
+    edges.endStructure();
+    return {left, top, width, height};
+}
+
+void AccessibilityBus::read(Spoken object, std::vector<Spoken>& all) const {
+    object.states = states(object);
+    if (!object.is(State::Showing)) return;
+    object.role = call(object, accessible, "GetRoleName").toString().toStdString();
+    // Of a combo box Qt gives the chosen entry as the name.
+    object.name = property(object, object.role == "combo box" ? "Description" : "Name");
+    object.place = place(object);
+    const int self = static_cast<int>(all.size());
+    all.push_back(object);
+    for (Spoken& child : children(object)) {
+        child.parent = self;
+        read(child, all);
+    }
+}
+
+std::vector<Spoken> AccessibilityBus::window(const std::string& program) const {
+    Spoken registry;
+    registry.service = "org.a11y.atspi.Registry";
+    registry.path = "/org/a11y/atspi/accessible/root";
+    std::vector<Spoken> all;
+    for (const Spoken& found : children(registry)) {
+        if (property(found, "Name") != program) continue;
+        for (Spoken& window : children(found)) {
+            window.states = states(window);
+            if (all.empty() && window.is(State::Active)) read(window, all);
+        }
+    }
+    return all;
+}
+
+}  // namespace tour

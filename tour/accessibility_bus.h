@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QRect>
+#include <string>
+#include <vector>
+
+namespace tour {
+
+/// States as the bus counts them.
+enum class State {
+    Active = 1,
+    Checked = 4,
+    Editable = 7,
+    Enabled = 8,
+    Focusable = 11,
+    Focused = 12,
+    Selected = 23,
+    Showing = 25,
+    ReadOnly = 44,
+};
+
+/// What a screen reader gets to know of a control, or of an item of one.
+struct Spoken {
+    QString service;
+    QString path;
+    std::string role;
+    std::string name;
+    quint64 states = 0;
+    QRect place;      ///< on the screen
+    int parent = -1;  ///< index in the window that it was read with
+
+    [[nodiscard]] bool is(State state) const { return states >> static_cast<int>(state) & 1; }
+};
+
+/// The accessibility bus of the session, as a screen reader uses it.
+class AccessibilityBus {
+  public:
+    /// Throws std::runtime_error if the session has none.
+    AccessibilityBus();
+
+    /// All that shows in the program's active window, containers before their contents; empty if
+    /// there is no such window.
+    [[nodiscard]] std::vector<Spoken> window(const std::string& program) const;
+    /// The states that the object has now.
+    [[nodiscard]] quint64 states(const Spoken& object) const;
+
+  private:
+    [[nodiscard]] QVariant call(const Spoken& object, const char* interface, const char* method,
+                                const QVariantList& arguments = {}) const;
+    [[nodiscard]] std::vector<Spoken> children(const Spoken& object) const;
+    [[nodiscard]] std::string property(const Spoken& object, const char* name) const;
+    [[nodiscard]] QRect place(const Spoken& object) const;
+    void read(Spoken object, std::vector<Spoken>& all) const;
+
+    QDBusConnection bus_;
+};
+
+}  // namespace tour
