@@ -114,4 +114,19 @@ inline void expectConsole(console::frmConsole& form) {
     }
 }
 
+/// Every rule above. Where the paths have been changed, they reach the texts with a rebuild.
+inline void expectAll(console::frmConsole& form, const core::AppState& state, bool pathsChanged) {
+    if (pathsChanged) {
+        form.compile.UpdateCmdline();
+        form.play.UpdateCmdlineP();
+        form.spelling.UpdateCmdlineS();
+    }
+    expectConsole(form);
+    expectCompile(form.compile, state);
+    expectPlay(form.play, state);
+    expectSpelling(form.spelling, state);
+    ASSERT_LE(form.compile.lstInclude.ListCount(), core::mostIncludes);
+    ASSERT_EQ(state.IncludeFolders[core::mostIncludes], "");
+}
+
 }  // namespace rules
