@@ -13,7 +13,6 @@ enum class State {
     Checked = 4,
     Editable = 7,
     Enabled = 8,
-    Focusable = 11,
     Focused = 12,
     Selected = 23,
     Showing = 25,

@@ -92,11 +92,10 @@ std::vector<Stop> stops() {
 
 std::vector<Menu> menus() {
     const Way leaveDialogs = Way{Press{"Escape"}, Vanish{}, Appear{folders}} + leave;
-    const Way leaveMenu{Press{"Escape"}, Press{"Escape"}};
-    return {{"File, by F10", leaveDialogs + Way{Press{"F10"}, Press{"Down"}}, "Exit"},
-            {"Settings, by the arrow keys", {Press{"Right"}}, "Other Programs ..."},
-            {"Settings, by its letter", leaveMenu + Way{Press{"Alt+G"}}, "Other Programs ..."},
-            {"Help, by its letter", leaveMenu + Way{Press{"Alt+H"}}, "About"}};
+    return {{"Settings, by its letter", leaveDialogs + Way{Press{"Alt+G"}}, "Other Programs ..."},
+            {"Help, by its letter", {Press{"Alt+H"}}, "About"},
+            {"File, by F10", {Press{"F10"}, Press{"Down"}}, "Exit"},
+            {"Settings, by the arrow keys", {Press{"F10"}, Press{"Right"}}, "Other Programs ..."}};
 }
 
 }  // namespace tour

@@ -31,7 +31,7 @@ std::vector<Stop> stops();
 /// A menu of the console, opened.
 struct Menu {
     std::string what;
-    std::vector<Action> way;  ///< from the last stop, or from the menu before
+    std::vector<Action> way;  ///< from the last stop, or from the console
     std::string item;         ///< one that it holds
 };
 

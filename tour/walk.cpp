@@ -25,7 +25,7 @@ const std::set<std::string> roles = {"push button", "button", "check box", "radi
                                      "list",        "tree",   "combo box", "page tab list"};
 
 bool isControl(const Spoken& spoken) {
-    return spoken.is(State::Focusable) && roles.contains(spoken.role);
+    return roles.contains(spoken.role);
 }
 
 void demand(bool holds, const std::string& what, const Spoken& spoken) {
@@ -71,7 +71,7 @@ class Walk {
         checkOrder(round, stop.order);
     }
 
-    /// Goes by the arrow keys over all of its items that can be chosen.
+    /// Goes by the arrow keys over all of the menu's items that can be chosen, and leaves it.
     void visit(const Menu& menu) {
         begin(menu.what, menu.way);
         arrive(core::appTitle, {menu.item});
@@ -85,6 +85,10 @@ class Walk {
             demand(happens([&] { return is(item, State::Focused); }), "no key reaches", item);
             guide_(Press{"Down"});
         }
+        guide_(Press{"Escape"});
+        demand(happens([&] { return !is(items.front(), State::Showing); }), "stays", items.front());
+        guide_(Press{"Escape"});  // out of the menu bar
+        focused();
     }
 
   private:
@@ -156,18 +160,14 @@ class Walk {
 
     /// Goes round by Tab, and by the arrow keys among options; all that takes the focus is met.
     Round tabRound() {
-        const auto waiting = [this] {
-            return std::count_if(window_.begin(), window_.end(), [](const Spoken& spoken) {
-                return isControl(spoken) && spoken.is(State::Enabled);
-            });
-        };
+        const auto stays = std::count_if(window_.begin(), window_.end(), isControl) == 1;
         std::set<QString> met;
         Round round;
         for (Spoken now = focused(); met.insert(now.path).second;) {
             round.push_back(now);
             if (now.role == "radio button") meetOptions(now, met);
             if (now.role == "check box") toggle(now);
-            if (waiting() == 1) break;
+            if (stays) break;
             now = press("Tab", now);
         }
         for (const Spoken& spoken : window_)
