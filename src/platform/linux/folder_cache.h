@@ -30,7 +30,8 @@ class Folder {
 
     /// True while nothing was added to the folder or taken from it since it was read.
     [[nodiscard]] bool isCurrent() const;
-    [[nodiscard]] std::size_t size() const { return names_.size(); }
+    /// The number of names held: the folder's own, and those in it.
+    [[nodiscard]] std::size_t size() const { return 1 + names_.size(); }
 
   private:
     explicit Folder(std::string path) : path_(std::move(path)) {}
@@ -54,7 +55,7 @@ class FolderCache {
 
   private:
     std::unordered_map<std::string, Folder> folders_;
-    std::size_t names_ = 0;  ///< in all folders together
+    std::size_t names_ = 0;  ///< of all folders together
 };
 
 }  // namespace platform
