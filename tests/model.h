@@ -33,6 +33,7 @@ class FakeRuntime : public core::Runtime {
         std::string title;
         bool operator==(const Box&) const = default;
     };
+    struct Killed {};
 
     std::map<std::string, File> files;
     std::map<std::string, std::string> shortNames;  ///< of paths that exist
@@ -47,6 +48,7 @@ class FakeRuntime : public core::Runtime {
     int calls = 0;          ///< file operations so far
     bool readOnly = false;  ///< nothing can be written beside the program
     int failAt = -1;        ///< the call of this number fails, counted from 1
+    int killAt = -1;        ///< before the call of this number the process ends
 
     std::string lastBox() const { return boxes.empty() ? "" : boxes.back().text; }
 
@@ -77,8 +79,12 @@ class FakeRuntime : public core::Runtime {
     void vbaPrintFile(const std::string& text) override {
         step("vbaPrintFile");
         files[open_].text += text + "\r\n";
+        unflushed_ = open_;
     }
-    void vbaFileFlush() override { step("vbaFileFlush"); }
+    void vbaFileFlush() override {
+        step("vbaFileFlush");
+        unflushed_.clear();
+    }
     void rtcKillFiles(const std::string& path) override {
         step("rtcKillFiles");
         files.erase(path);
@@ -86,6 +92,7 @@ class FakeRuntime : public core::Runtime {
     void vbaNameFile(const std::string& from, const std::string& to) override {
         step("vbaNameFile");
         if (files.contains(to)) throw core::RuntimeError("File already exists");
+        EXPECT_NE(from, unflushed_) << "a power cut could leave nothing behind the new name";
         files[to] = files.at(from);
         files.erase(from);
     }
@@ -103,6 +110,7 @@ class FakeRuntime : public core::Runtime {
     }
     std::string rtcGetSetting(const std::string&, const std::string&, const std::string& key,
                               const std::string& byDefault) override {
+        step("rtcGetSetting");
         return settings.contains(key) ? settings[key] : byDefault;
     }
     void rtcSaveSetting(const std::string&, const std::string&, const std::string& key,
@@ -134,10 +142,12 @@ class FakeRuntime : public core::Runtime {
 
   private:
     void step(const std::string& operation) {
-        if (++calls == failAt) throw core::RuntimeError(operation + " failed");
+        if (++calls == killAt) throw Killed();
+        if (calls == failAt) throw core::RuntimeError(operation + " failed");
     }
 
     std::string open_;
+    std::string unflushed_;
     core::FieldReader reader_{""};
 };
 

@@ -9,6 +9,7 @@ using core::AppState;
 namespace {
 
 const std::string ini = R"(c:\nwb\nwbw.ini)";
+const std::string tmp = R"(c:\nwb\~nwbwini.tmp)";
 const std::string bkp = R"(c:\nwb\nwbwini.bkp)";
 const std::string beta3 = R"(c:\nwb\kelmcons.ini)";
 const std::string header = "'1.0 Norvane Workbench'|";
@@ -129,49 +130,66 @@ TEST_F(Settings, WhateverWasTypedNoOtherFieldMoves) {
     EXPECT_TRUE(runtime.boxes.empty());
 }
 
-TEST_F(Settings, AFailureAtAnyCallOfASaveLosesNothing) {
-    load(ini, sample);
-    runtime.files[bkp].text = "older";
-    const auto disk = runtime.files;
-    int failures = 0;
-    for (int call = 1;; ++call) {
-        runtime.files = disk;
-        runtime.calls = 0;
-        runtime.failAt = call;
-        state.StartTab = 3;
-        core::SaveSettings(desk.program);
-        if (runtime.boxes.empty()) break;
-        ++failures;
-        EXPECT_EQ(runtime.boxes.size(), 1u);
-        EXPECT_EQ(runtime.boxes[0].flags, 48);
-        EXPECT_TRUE(runtime.lastBox().ends_with(" failed"));
-        runtime.calls = 0;
-        runtime.failAt = 15;  // while the next save writes
-        core::SaveSettings(desk.program);
-        runtime.boxes.clear();
-        runtime.failAt = -1;
-        core::LoadSettings(desk.program);  // as at the next start
-        EXPECT_TRUE(runtime.boxes.empty()) << "after a failure at call " << call;
-        EXPECT_TRUE(state.StartTab == 2 || state.StartTab == 3);
-        state.StartTab = 2;
-        core::SaveSettings(desk.program);
-        EXPECT_EQ(runtime.files[ini].text, sample) << "whole, old or new";
-    }
-    EXPECT_GT(failures, 30);
-    EXPECT_TRUE(runtime.files[ini].text.find(" 3 \r\n") != std::string::npos);
+/// The settings that a start from the disk comes up with, as a file.
+std::string settingsOn(const std::map<std::string, FakeRuntime::File>& disk) {
+    Desk desk;
+    desk.runtime.files = disk;
+    core::LoadSettings(desk.program);
+    core::SaveSettings(desk.program);
+    return desk.runtime.files[ini].text;
 }
 
-TEST_F(Settings, AFailureAtAnyCallOfALoadIsToldAndTheRestHasDefaults) {
-    runtime.files[ini].text = sample;
-    for (int call = 1; call < 30; ++call) {
-        runtime.boxes.clear();
-        runtime.calls = 0;
-        runtime.failAt = call;
-        core::LoadSettings(desk.program);
-        ASSERT_EQ(runtime.boxes.size(), 1u);
-        EXPECT_EQ(runtime.boxes[0].flags, 48);
-        EXPECT_EQ(state.CompilerPath, R"(c:\kelm\programs\kelm.exe)");
-        EXPECT_EQ(state.ExtractorPath.empty(), call <= 9) << call;
+/// A run of the whole program whose user turns to the tab Spelling. True if it could load.
+bool work(FakeRuntime& runtime) {
+    FakeToolkit toolkit;
+    console::Workbench workbench(runtime, toolkit);
+    workbench.start();
+    const bool loaded = runtime.boxes.empty() || runtime.boxes.back().flags != 48;
+    forms::Application& application = workbench.application();
+    application.Forms(0).keyPress('x');
+    dynamic_cast<console::frmConsole&>(application.Forms(0)).tbsOptions.pick(4);
+    application.Forms(0).close();
+    EXPECT_TRUE(toolkit.ended);
+    return loaded;
+}
+
+TEST_F(Settings, AFailureOrKillAtAnyCallOfARunLosesNothing) {
+    const FakeRuntime::File older{lines(beta3Header + texts + "lib")};
+    const std::map<std::string, FakeRuntime::File> disks[] = {
+        {{ini, {sample}}, {bkp, older}},
+        {{tmp, {sample}}, {bkp, older}},  // a save was cut off
+        {{beta3, older}, {bkp, older}},   // the settings file was taken away
+        {}};
+    for (const auto& disk : disks) {
+        const std::string before = settingsOn(disk);
+        FakeRuntime good;
+        good.files = disk;
+        EXPECT_TRUE(work(good));
+        const std::string after = good.files[ini].text;
+        EXPECT_NE(after.find(" 4 \r\n"), std::string::npos);
+        for (int call = 1; call <= good.calls; ++call) {
+            FakeRuntime killed;
+            killed.files = disk;
+            killed.killAt = call;
+            EXPECT_THROW(work(killed), FakeRuntime::Killed);
+            const std::string left = settingsOn(killed.files);
+            EXPECT_TRUE(left == before || left == after) << call;
+
+            FakeRuntime runtime;
+            runtime.files = disk;
+            runtime.failAt = call;
+            const bool loaded = work(runtime);
+            ASSERT_EQ(std::count_if(runtime.boxes.begin(), runtime.boxes.end(),
+                                    [](const auto& box) { return box.flags == 48; }),
+                      1);
+            runtime.failAt = runtime.calls + 50;  // while the next save writes
+            work(runtime);
+            const std::string now = settingsOn(runtime.files);
+            // What could not be read stays in the backup, or in the older format's file.
+            const bool kept = before == settingsOn({{ini, runtime.files[bkp]}}) ||
+                              runtime.files[beta3].text == older.text;
+            EXPECT_TRUE(now == after || (loaded ? now == before : kept)) << call;
+        }
     }
 }
 

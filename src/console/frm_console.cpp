@@ -52,7 +52,8 @@ frmConsole::frmConsole(forms::Application& application, core::Program& program)
 }
 
 void frmConsole::Form_Load() {
-    placeWindow();
+    // Without its place from the store the window still shows the files and options.
+    application().dispatch([this] { placeWindow(); });
     tbsOptions.SelectedItem = program_.state.StartTab;
     help.fitToPaths();
     compile.chooseViewer();

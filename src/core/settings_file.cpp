@@ -129,6 +129,17 @@ void completeSave(Runtime& runtime, const SettingsPaths& paths) {
     }
 }
 
+void removeBackup(Runtime& runtime, const SettingsPaths& paths) {
+    if (exists(runtime, paths.backup)) runtime.rtcKillFiles(paths.backup);
+}
+
+/// Leaves no state in which what is about to be written could be taken for whole before it is.
+void prepareSave(Runtime& runtime, const SettingsPaths& paths) {
+    completeSave(runtime, paths);  // else the only whole copy could be overwritten
+    // A user may have taken the settings file away, but not its backup.
+    if (!exists(runtime, paths.current)) removeBackup(runtime, paths);
+}
+
 /// A text as it goes on its line, such that reading gives it back and no other field moves. The
 /// file has no way to hold a double quote or a line break, so these are left out.
 std::string stored(std::string text) {
@@ -172,6 +183,7 @@ void LoadSettings(Program& program) {
             runtime.rtcMsgBox(noFile, Runtime::okOnly);
         }
     } catch (const RuntimeError& error) {
+        program.state = defaults();  // not half of the settings
         runtime.rtcMsgBox(error.what(), Runtime::exclamation);
     }
 }
@@ -181,12 +193,15 @@ void SaveSettings(Program& program) {
     if (program.folderIsReadOnly && !canWriteBeside(runtime)) return;
     const SettingsPaths paths(runtime);
     try {
-        completeSave(runtime, paths);  // else the only whole copy could be overwritten
+        prepareSave(runtime, paths);
         runtime.vbaFileOpen(paths.writing, Runtime::OpenMode::Output);
         writeFields(runtime, program.state);
+        // Once the new file is whole on the disk, the order of the steps is all that matters: a
+        // cut behind any of them, of power too, leaves the old settings current, or the new ones
+        // for completeSave to make current, or the new ones current.
         runtime.vbaFileFlush();
         runtime.vbaFileClose();
-        if (exists(runtime, paths.backup)) runtime.rtcKillFiles(paths.backup);
+        removeBackup(runtime, paths);
         if (exists(runtime, paths.current)) runtime.vbaNameFile(paths.current, paths.backup);
         runtime.vbaNameFile(paths.writing, paths.current);
     } catch (const RuntimeError& error) {

@@ -55,15 +55,6 @@ bool renameToNew(const std::string& from, const std::string& to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
 }
 
-/// Brings a folder's names to the disk itself, where its file system can.
-void flushFolderOf(const std::string& file) {
-    const std::string folder = fs::path(file).parent_path().string();
-    const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0) return;
-    fsync(handle);
-    close(handle);
-}
-
 QSettings settingsOf(const std::string& application) {
     return {QSettings::IniFormat, QSettings::UserScope, "nwbw",
             QString::fromStdString(application)};
@@ -163,6 +154,10 @@ void LinuxRuntime::vbaFileClose() {
     if (!output_.isOpen()) return;
     writeOut();
     output_.close();
+    // Some file systems tell only now that there was no room.
+    if (output_.error() != QFileDevice::NoError) {
+        fail("write", outputPath_, output_.errorString().toStdString());
+    }
 }
 
 void LinuxRuntime::vbaPrintFile(const std::string& text) {
@@ -184,9 +179,9 @@ void LinuxRuntime::rtcKillFiles(const std::string& path) {
 }
 
 void LinuxRuntime::vbaNameFile(const std::string& from, const std::string& to) {
-    const std::string hostTo = hostPath("rename to", to);
-    if (!renameToNew(hostPath("rename", from), hostTo)) fail("rename " + from + " to", to);
-    flushFolderOf(hostTo);
+    if (!renameToNew(hostPath("rename", from), hostPath("rename to", to))) {
+        fail("rename " + from + " to", to);
+    }
 }
 
 core::Runtime::Answer LinuxRuntime::rtcMsgBox(const std::string& text, int flags,
