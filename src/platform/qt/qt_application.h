@@ -5,8 +5,8 @@
 
 namespace qt {
 
-/// Qt's application. The system's fonts are looked up while it greets the screen: either takes a good
-/// part of the start, and neither needs the other.
+/// Qt's application. The system's fonts are looked up while it greets the screen: either takes a
+/// good part of the start, and neither needs the other.
 class QtApplication {
   public:
     QtApplication(int& argc, char** argv);

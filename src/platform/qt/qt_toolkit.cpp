@@ -51,7 +51,8 @@ QtToolkit::QtToolkit(PathMap toHost, PathMap toWindows)
     QApplication::setQuitOnLastWindowClosed(false);
     linkPictures();
     constexpr int afterTheFirstPaint = 100;  // ms; a window need not wait for its icon
-    QTimer::singleShot(afterTheFirstPaint, qApp, [] { QApplication::setWindowIcon(programIcon()); });
+    QTimer::singleShot(afterTheFirstPaint, qApp,
+                       [] { QApplication::setWindowIcon(programIcon()); });
 }
 
 void QtToolkit::build(forms::Form& form) {
