@@ -23,7 +23,8 @@ inline std::string lead(const std::string& fileText) {
 
 /// The stem of a name that needs no short form.
 inline std::string stem(const std::string& fileText) {
-    std::string name = fileText.substr(fileText.find_last_of("\\:") + 1);
+    std::string name = fileText.substr(fileText.size() > 1 && fileText[1] == ':' ? 2 : 0);
+    name = name.substr(name.rfind('\\') + 1);
     name = name.substr(0, name.rfind('.'));
     return name.size() > 8 ? "" : name;
 }

@@ -10,7 +10,7 @@ using namespace model;
 namespace {
 
 /// A user who does anything that the topmost form lets one do.
-class Walker : public forms::ControlVisitor {
+class Walker {
   public:
     explicit Walker(Desk& desk) : desk_(desk) {}
 
@@ -30,34 +30,23 @@ class Walker : public forms::ControlVisitor {
                 if (&form != desk_.form) form.pressCancel();
                 break;
             default:
-                controls[any(controls.size())]->accept(*this);
+                touch(*controls[any(controls.size())]);
         }
     }
 
     std::size_t any(std::size_t count) { return random_() % count; }
 
-    void visit(forms::Label&) override {}
-    void visit(forms::Line&) override {}
-    void visit(forms::Image&) override {}
-    void visit(forms::Frame&) override {}
-    void visit(forms::PictureBox&) override {}
-    void visit(forms::StatusBar&) override {}
-    void visit(forms::Button& button) override {
+    void touch(forms::Control& control) {
         desk_.toolkit.fileChosen = any(2) ? names_[any(names_.size())] : "";
         desk_.runtime.answer = any(2) ? core::Runtime::Answer::Yes : core::Runtime::Answer::No;
-        button.click();
-    }
-    void visit(forms::CheckBox& box) override { box.click(); }
-    void visit(forms::OptionButton& option) override { option.click(); }
-    void visit(forms::TextBox& box) override { box.type(names_[any(names_.size())]); }
-    void visit(forms::ListBox& list) override {
-        if (list.ListCount() > 0) list.pick(static_cast<int>(any(list.ListCount())));
-    }
-    void visit(forms::DriveList& list) override { list.pick(static_cast<int>(any(3))); }
-    void visit(forms::FolderList& list) override { list.choose(static_cast<int>(any(4))); }
-    void visit(forms::TabStrip& tabs) override { tabs.pick(1 + static_cast<int>(any(4))); }
-    void visit(forms::MenuItem& item) override {
-        if (item.name != "mnuFileExit") item.click();
+        const int row = static_cast<int>(any(20));
+        if (auto* text = dynamic_cast<forms::TextBox*>(&control))
+            text->type(names_[any(names_.size())]);
+        if (auto* list = dynamic_cast<forms::ListBox*>(&control)) list->pick(row);
+        if (auto* drives = dynamic_cast<forms::DriveList*>(&control)) drives->pick(row % 3);
+        if (auto* folders = dynamic_cast<forms::FolderList*>(&control)) folders->choose(row % 4);
+        if (auto* tabs = dynamic_cast<forms::TabStrip*>(&control)) tabs->pick(1 + row % 4);
+        if (control.name != "mnuFileExit") control.click();
     }
 
   private:

@@ -1,0 +1,137 @@
+#include <QTest>
+#include <QtWidgets>
+#include <random>
+
+#include "endurance.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/message_box.h"
+#include "platform/qt/qt_toolkit.h"
+#include "platform/qt/widget_peer.h"
+#include "rules.h"
+
+namespace {
+
+/// What a control holds beyond its caption, as its widget's own property would tell it.
+std::string held(const forms::Control& control, const std::string& otherwise) {
+    if (const auto* box = dynamic_cast<const forms::CheckBox*>(&control))
+        return box->Value ? "true" : "false";
+    if (const auto* option = dynamic_cast<const forms::OptionButton*>(&control))
+        return option->Value ? "true" : "false";
+    if (const auto* text = dynamic_cast<const forms::TextBox*>(&control))
+        return std::regex_replace(text->Text(), std::regex("\r"), "");
+    const auto* list = dynamic_cast<const forms::ListBox*>(&control);
+    return list && list->ListIndex >= 0 ? std::to_string(list->ListIndex) : otherwise;
+}
+
+/// A user who strikes any key and clicks anywhere, in whatever window is up.
+struct WindowWalk : testing::Test {
+    std::size_t any(std::size_t count) { return random() % count; }
+
+    /// Acts on the window, and on those that come up above it, until it goes or for a while.
+    void work(QWidget& window, int most) {
+        const QPointer<QWidget> open(&window);
+        const QPointer<QWidget> below = std::exchange(worked, open);
+        for (const int end = actions + most; actions < end && !HasFatalFailure();) {
+            SCOPED_TRACE("action " + std::to_string(++actions));
+            const int before = modals;
+            act(window);
+            QCoreApplication::processEvents();
+            if (!open || !open->isVisible()) break;
+            for (int form = 0; form < application.Count(); ++form)
+                expectShown(window, application.Forms(form));
+            if (below) continue;
+            rules::expectAll(console, program.state, modals != before);
+            runtime.shells.clear();
+            if (settled == 0 && actions > most / 10) settled = endurance::heapInUse();
+        }
+        if (open && below) open->close();
+        worked = below;
+    }
+
+    void act(QWidget& window) {
+        const bool files = qobject_cast<QFileDialog*>(&window);
+        if (files) window.findChild<QLineEdit*>()->setText("any");
+        if (files || any(2)) {
+            const Qt::Key key = any(2) ? keys[any(keys.size())] : Qt::Key(Qt::Key_A + any(26));
+            QTest::keyClick(window.windowHandle(), files ? keys[any(2)] : key,
+                            Qt::KeyboardModifiers(any(2) || files ? 0 : 1 << (25 + any(3))));
+            return;
+        }
+        QWidget* popup = QApplication::activePopupWidget();
+        QWidget& place = popup ? *popup : window;
+        QList<QWidget*> inside = place.findChildren<QWidget*>() << &place;
+        inside.removeIf(
+            [&](auto* inner) { return !inner->isVisible() || inner->window() != &place; });
+        const QWidget& target = *inside[any(inside.size())];
+        const QPoint at = target.mapTo(&place, QPoint(any(target.width()), any(target.height())));
+        QTest::mouseEvent(any(4) ? QTest::MouseClick : QTest::MouseDClick, place.windowHandle(),
+                          Qt::LeftButton, {}, at);
+    }
+
+    static void expectShown(const QWidget& window, forms::Form& form) {
+        for (const forms::Control* control : form.allControls()) {
+            const auto* peer = dynamic_cast<qt::WidgetPeer*>(control->peer());
+            if (!peer || peer->widget().window() != &window || !control->Visible) continue;
+            const QWidget& widget = peer->widget();
+            const auto own = widget.metaObject()->userProperty().read(&widget).toString();
+            ASSERT_EQ(own.toStdString(), held(*control, own.toStdString())) << control->fullName();
+            ASSERT_EQ(widget.isEnabledTo(widget.parentWidget()), control->Enabled);
+            ASSERT_EQ(widget.isVisibleTo(widget.parentWidget()), control->inSight());
+        }
+    }
+
+    /// Works the modal windows that come up inside an action.
+    void watch() {
+        QTimer::singleShot(1, &timers, [this] { watch(); });
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal || modal == worked) return;
+        ++modals;
+        work(*modal, 40);
+    }
+
+    const int seed = endurance::setting("NWBW_SEED", 1);
+    std::mt19937 random{static_cast<unsigned>(seed)};
+    const std::vector<std::string> names{"c:\\games\\cave.kel", "d:\\tool.exe", "d:quest.kelm",
+                                         "a,b\"c.log", "much too long.kel"};
+    const std::vector<Qt::Key> keys{
+        Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,       Qt::Key_Tab,  Qt::Key_Space,
+        Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Backspace, Qt::Key_Home, Qt::Key_Left,
+        Qt::Key_Colon,  Qt::Key_Period, Qt::Key_Backslash, Qt::Key_Tab};
+    const QTemporaryDir folder;
+    model::FakeRuntime runtime;
+    qt::QtToolkit toolkit{[this](const std::string&) { return folder.path().toStdString(); },
+                          [this](const std::string&) { return names[any(names.size())]; }};
+    forms::Application application{
+        toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
+    core::Program program{runtime, application, {}};
+    console::frmConsole& console = application.load<console::frmConsole>(program);
+    QObject timers;
+    QPointer<QWidget> worked;
+    int actions = 0;
+    int modals = 0;
+    std::size_t settled = 0;
+};
+
+TEST_F(WindowWalk, RandomKeysAndClicksKeepEveryRuleAndNoMemory) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    const int most = endurance::setting("NWBW_ACTIONS", 1500);
+    runtime.whileBoxIsOpen = [this] {
+        const auto box = std::exchange(runtime.boxes, {}).back();
+        runtime.answer = qt::messageBox(box.text, box.flags, box.title);
+    };
+    for (const std::string& name : names)
+        runtime.files[name];
+    console.mnuFileExit.Enabled = false;
+    QTimer::singleShot(0, [&] {
+        console.Show();
+        watch();
+        work(dynamic_cast<qt::FormWindow&>(*console.window()).widget(), most);
+        // Qt's caches and the fields' histories of edits; a form or a window kept takes far more.
+        EXPECT_LE(endurance::heapInUse(), settled + 2'000'000);
+        console.close();
+    });
+    QApplication::exec();
+    EXPECT_GT(modals, most / 50);
+}
+
+}  // namespace
