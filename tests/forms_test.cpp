@@ -73,12 +73,6 @@ TEST_F(Forms, SelectingAnOptionClearsItsSiblingsSilently) {
     EXPECT_FALSE(form.opt(1).Value);
 }
 
-TEST_F(Forms, TheTabStripRunsItsClickEveryTime) {
-    form.tabs.SelectedItem = 1;
-    form.tabs.pick(1);
-    EXPECT_EQ(events(), (Log{"tabs", "tabs"}));
-}
-
 TEST_F(Forms, AListKeepsItsSelectionInStep) {
     for (const char* entry : {"a", "b", "c"})
         form.list.AddItem(entry);
@@ -122,13 +116,6 @@ TEST_F(Forms, AFormUnloadedByItsOwnHandlerLivesUntilThatHasReturned) {
     EXPECT_EQ(log, (Log{"later", "unload", "later ends"}));
     EXPECT_EQ(application.Count(), 0);
     EXPECT_TRUE(toolkit.ended);
-}
-
-TEST_F(Forms, EveryControlHasANameToReadAloud) {
-    EXPECT_EQ(form.chk.accessibleName(), "Tick");
-    EXPECT_EQ(form.txt.accessibleName(), "Name");
-    EXPECT_EQ(form.opt(3).fullName(), "opt(3)");
-    EXPECT_EQ(form.find("opt(3)"), &form.opt(3));
 }
 
 }  // namespace

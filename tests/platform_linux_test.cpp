@@ -2,9 +2,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <random>
-#include <set>
-
 #include "linux_desktop.h"
 #include "platform/linux/desktop_entry.h"
 #include "platform/linux/linux_runtime.h"
@@ -122,42 +119,6 @@ TEST_F(Disk, SeesEveryChangeOfAKeptFolder) {
         EXPECT_EQ(disk.shortPath("c:\\games\\wizardquest.kel"), "");
         write(source);
         EXPECT_EQ(disk.shortPath("c:\\games\\wizardquest.kel"), "c:\\games\\WIZARD~1.KEL");
-    }
-}
-
-TEST(ShortNames, AreUniqueLegalFoundAgainAndStayAsTheyAre) {
-    std::mt19937 random(4711);
-    const auto pick = [&](int below) { return static_cast<int>(random() % below); };
-    const std::string letters[] = {"a", "A", "b", "~", "1", "2", " ", ".", "é", "+", "abcdefg"};
-    const std::string extensions[] = {"", ".kel", ".KEL", ".lis", ".kelm", ".k l"};
-    for (int round = 0; round < 60; ++round) {
-        std::vector<std::string> names;
-        std::map<std::string, std::string> before;
-        for (int size = 1; size < 40; ++size) {
-            std::string name = size % 2 == 0 ? "abcdef" : "";
-            for (int length = 1 + pick(6); length > 0; --length)
-                name += letters[pick(std::size(letters))];
-            name += extensions[pick(std::size(extensions))];
-            // A name that looks like a short one takes its stem away from another.
-            const bool known = std::find(names.begin(), names.end(), name) != names.end();
-            const std::string_view stem = NameParts(name).stem;
-            if (known || (stem.size() <= 8 && stem.find('~') != std::string::npos)) continue;
-            names.push_back(name);
-
-            const auto bornAt = [&](const std::string& old) {
-                return std::find(names.begin(), names.end(), old) - names.begin();
-            };
-            const ShortNames shortNames(names, bornAt);
-            std::set<std::string> seen;
-            for (const std::string& old : names) {
-                const std::string shortName = shortNames.shortFor(old);
-                EXPECT_TRUE(seen.insert(shortName).second) << old;
-                EXPECT_TRUE(isShortName(shortName)) << shortName;
-                EXPECT_EQ(isShortName(old), shortName == old);
-                EXPECT_EQ(shortNames.nameFor(shortName), shortName != old ? old : "");
-                EXPECT_EQ(before.emplace(old, shortName).first->second, shortName) << name;
-            }
-        }
     }
 }
 

@@ -183,14 +183,6 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     }
 }
 
-TEST_F(Windows, AnUnclaimedMnemonicOpensTheMenu) {
-    QTest::keyClick(&widget(form->txtName), Qt::Key_F, Qt::AltModifier);
-    QWidget* menu = QApplication::activePopupWidget();
-    ASSERT_TRUE(menu);
-    QTest::keyClick(menu, Qt::Key_X);
-    EXPECT_EQ(heard, "mnuExit ");
-}
-
 TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     auto& first = widget<QRadioButton>(form->optKind(0));
     auto& second = widget<QRadioButton>(form->optKind(2));
@@ -237,45 +229,6 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     auto& list = widget<QListWidget>(form->lstFolders);
     list.clearSelection();  // a user may do so; the model always keeps one
     EXPECT_EQ(list.selectedItems().size(), 1);
-}
-
-/// A dialog of the test's own; closes by its button.
-struct Dialog : Form {
-    explicit Dialog(Application& application)
-        : Form(application, "Dialog", {.caption = "Dialog", .place = {0, 0, 3000, 1500}}) {}
-    Button OKButton{*this,
-                    {.name = "OKButton",
-                     .caption = "OK",
-                     .place = {900, 400, 900, 375},
-                     .isDefault = true,
-                     .event = [this] { Unload(); }}};
-};
-
-TEST_F(Windows, AModalDialogBlocksUntilItIsUnloaded) {
-    for (const bool byKey : {true, false}) {
-        QPointer<QWidget> shown;
-        form->onEvent = [&] {
-            auto& dialog = application.load<Dialog>();
-            shown = &windowOf(dialog);
-            QTimer::singleShot(0, [&] {
-                EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == shown; }));
-                EXPECT_EQ(QApplication::activeModalWidget(), shown);
-                const QPoint off = shown->geometry().center() - window->geometry().center();
-                EXPECT_LE(off.manhattanLength(), 10) << "centred on its owner, but for the frame";
-                if (byKey) QTest::keyClick(shown->focusWidget(), Qt::Key_Return);
-                if (!byKey) shown->close();
-            });
-            dialog.ShowModal(*form);
-            heard += "back ";
-        };
-        QTest::mouseClick(&widget(form->btnRun), Qt::LeftButton);
-        EXPECT_EQ(application.Count(), 1);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == window; }));
-        EXPECT_TRUE(heard == "btnRun [active]back " || heard == "btnRun back [active]") << heard;
-        heard.clear();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_FALSE(shown);
-    }
 }
 
 TEST_F(Windows, AFormMayEndInsideItsOwnEvents) {
