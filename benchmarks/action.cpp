@@ -3,6 +3,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
+#include <fstream>
 #include <thread>
 
 #include "benchmarks/home.h"
@@ -10,6 +12,7 @@
 #include "platform/linux/invocation.h"
 #include "platform/linux/linux_runtime.h"
 #include "platform/linux/terminal.h"
+#include "practice/no_platform.h"
 
 namespace {
 
@@ -57,7 +60,7 @@ void action(benchmark::State& state) {
         told = text;
         return core::Runtime::Answer::Ok;
     });
-    NoWindows windows;
+    practice::NoToolkit windows;
     forms::Application application(windows, [&](const std::string& text) { told = text; });
     core::Program program{runtime, application, {}};
     program.state.CompilerPath = "c:\\kelm\\kelm.exe";

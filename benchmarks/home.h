@@ -1,14 +1,8 @@
 #pragma once
 
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
-#include <vector>
-
-#include "core/module1.h"
-#include "forms/application.h"
 
 namespace bench {
 
@@ -39,16 +33,6 @@ class Home {
 
   private:
     fs::path folder_;
-};
-
-/// Windows that show nothing.
-class NoWindows : public forms::Toolkit {
-  public:
-    void build(forms::Form& /*form*/) override {}
-    std::string chooseFile(forms::Form& /*owner*/, const forms::FileQuestion&) override {
-        return {};
-    }
-    void quit() override {}
 };
 
 }  // namespace bench

@@ -3,9 +3,13 @@
 
 #include <benchmark/benchmark.h>
 
+#include <fstream>
+#include <vector>
+
 #include "benchmarks/home.h"
 #include "console/frm_console.h"
 #include "platform/linux/linux_runtime.h"
+#include "practice/no_platform.h"
 
 namespace {
 
@@ -40,7 +44,7 @@ void keystroke(benchmark::State& state) {
     home.enter();
     const auto paths = fill(home, state.range(0), state.range(1));
     platform::LinuxRuntime runtime(nullptr);
-    NoWindows windows;
+    practice::NoToolkit windows;
     forms::Application application(windows, nullptr);
     core::Program program{runtime, application, {}};
     program.state.CompilerPath = "c:\\kelm\\programs\\kelm.exe";

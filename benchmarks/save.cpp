@@ -4,9 +4,12 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <fstream>
+
 #include "benchmarks/home.h"
 #include "core/settings_file.h"
 #include "platform/linux/linux_runtime.h"
+#include "practice/no_platform.h"
 
 namespace {
 
@@ -19,7 +22,7 @@ void save(benchmark::State& state) {
         told = text;
         return core::Runtime::Answer::Ok;
     });
-    NoWindows windows;
+    practice::NoToolkit windows;
     forms::Application application(windows, nullptr);
     core::Program program{runtime, application, {}};
     for (auto& folder : program.state.IncludeFolders)

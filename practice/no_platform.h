@@ -3,9 +3,9 @@
 #include "core/runtime.h"
 #include "forms/application.h"
 
-/// A platform that does nothing, for a form of which only the definition counts.
-namespace tour {
+namespace practice {
 
+/// A platform that does nothing, for a program of which only the forms count.
 class NoRuntime : public core::Runtime {
   public:
     std::string AppPath() override { return {}; }
@@ -44,6 +44,7 @@ class NoRuntime : public core::Runtime {
     void RegCloseKey(RegistryKey) override {}
 };
 
+/// Windows that show nothing.
 class NoToolkit : public forms::Toolkit {
   public:
     void build(forms::Form&) override {}
@@ -51,4 +52,4 @@ class NoToolkit : public forms::Toolkit {
     void quit() override {}
 };
 
-}  // namespace tour
+}  // namespace practice
