@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "accessibility_bus.h"
@@ -12,9 +13,12 @@ namespace tour {
 /// What tells that the walk has arrived: a control, or an item of one, that has the state or lacks
 /// it.
 struct Sight {
+    Sight(std::string name, State state = State::Showing, bool holds = true)
+        : name(std::move(name)), state(state), holds(holds) {}
+
     std::string name;
-    State state = State::Showing;
-    bool holds = true;
+    State state;
+    bool holds;
 };
 
 struct Stop {

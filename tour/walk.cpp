@@ -11,13 +11,12 @@
 #include <set>
 #include <stdexcept>
 
-#include "guide.h"
+#include "outing.h"
 #include "stops.h"
 
 namespace {
 
 using namespace tour;
-namespace fs = std::filesystem;
 
 using Round = std::vector<Spoken>;
 
@@ -229,48 +228,20 @@ class Walk {
     std::vector<Spoken> window_;  ///< as it was on arrival, with the states of controls since
 };
 
-void walk(const fs::path& project, const fs::path& build) {
-    const fs::path folder = project / "build" / "walk";
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    setenv("LC_ALL", "C.UTF-8", 1);
+void walk(const Display& display, const Demo& demo, const std::filesystem::path& pictures) {
     setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
-    for (const char* name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_QPA_PLATFORMTHEME",
-                             "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR"})
-        unsetenv(name);
-
-    const auto demo = makeDemo(folder / "demo", project, build);
-    const Display display;
     const AccessibilityBus bus;
-    Guide guide(display, *demo, folder);
+    Guide guide(display, demo, pictures);
     Walk walk(guide, bus);
-    try {
-        for (const Stop& stop : stops())
-            walk.visit(stop);
-        for (const Menu& menu : menus())
-            walk.visit(menu);
-    } catch (const std::exception&) {
-        display.picture(folder / "failed.png");
-        throw;
-    }
+    for (const Stop& stop : stops())
+        walk.visit(stop);
+    for (const Menu& menu : menus())
+        walk.visit(menu);
 }
 
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-    if (argumentCount != 3) {
-        std::cerr << "walk PROJECT_FOLDER BUILD_FOLDER\n";
-        return 2;
-    }
     const QCoreApplication application(argumentCount, arguments);
-    adoptOrphans();
-    int code = 0;
-    try {
-        walk(arguments[1], arguments[2]);
-    } catch (const std::exception& error) {
-        std::cerr << "\nThe walk ends here: " << error.what() << "\n";
-        code = 1;
-    }
-    endOrphans();
-    return code;
+    return goOut("walk", argumentCount, arguments, walk);
 }
