@@ -135,6 +135,7 @@ void removeBackup(Runtime& runtime, const SettingsPaths& paths) {
 
 /// Leaves no state in which what is about to be written could be taken for whole before it is.
 void prepareSave(Runtime& runtime, const SettingsPaths& paths) {
+    if (exists(runtime, paths.current)) return;
     completeSave(runtime, paths);  // else the only whole copy could be overwritten
     // A user may have taken the settings file away, but not its backup.
     if (!exists(runtime, paths.current)) removeBackup(runtime, paths);

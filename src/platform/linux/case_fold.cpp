@@ -6,12 +6,23 @@
 
 namespace platform {
 
+namespace {
+
+bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+char lowered(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
 std::string caseFolded(std::string_view text) {
-    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
     if (!std::all_of(text.begin(), text.end(), isAscii)) {
         using Flag = QStringDecoder::Flag;
         QStringDecoder decode(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
@@ -20,13 +31,17 @@ std::string caseFolded(std::string_view text) {
         if (!decode.hasError()) return decoded.toCaseFolded().toStdString();
     }
     std::string folded(text);
-    for (char& c : folded)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    std::transform(folded.begin(), folded.end(), folded.begin(), lowered);
     return folded;
 }
 
 bool sameButForCase(std::string_view one, std::string_view other) {
-    return caseFolded(one) == caseFolded(other);
+    // Most names differ at once, in plain characters.
+    for (std::size_t i = 0; i < std::min(one.size(), other.size()); ++i) {
+        if (!isAscii(one[i]) || !isAscii(other[i])) return caseFolded(one) == caseFolded(other);
+        if (lowered(one[i]) != lowered(other[i])) return false;
+    }
+    return one.size() == other.size();
 }
 
 }  // namespace platform

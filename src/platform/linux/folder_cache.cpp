@@ -43,6 +43,15 @@ bool showsChanges(const struct stat& state) {
     return changed != 0 && std::abs(now() - changed) > longestTick;
 }
 
+/// Opens a folder for listing, null if that cannot be. To note the time of each access costs a
+/// write to the disk; only the folder's owner may go without.
+DIR* openFolder(const std::string& path) {
+    constexpr int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+    int handle = open(path.c_str(), flags | O_NOATIME);
+    if (handle < 0) handle = open(path.c_str(), flags);
+    return handle < 0 ? nullptr : fdopendir(handle);
+}
+
 /// When a file came into being, in nanoseconds; 0 where the file system does not know.
 std::int64_t bornAt(const std::string& path) {
     struct statx state = {};
@@ -54,7 +63,7 @@ std::int64_t bornAt(const std::string& path) {
 }  // namespace
 
 std::optional<Folder> Folder::read(const std::string& path) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> handle(opendir(path.c_str()), closedir);
+    const std::unique_ptr<DIR, int (*)(DIR*)> handle(openFolder(path), closedir);
     Folder folder(path);
     if (!handle || fstat(dirfd(handle.get()), &folder.state_) != 0) return {};
     folder.settled_ = showsChanges(folder.state_);
@@ -62,7 +71,7 @@ std::optional<Folder> Folder::read(const std::string& path) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") folder.names_.emplace_back(name);
     }
-    std::sort(folder.names_.begin(), folder.names_.end());
+    if (folder.settled_) std::sort(folder.names_.begin(), folder.names_.end());
     return folder;
 }
 
@@ -72,19 +81,30 @@ bool Folder::isCurrent() const {
 }
 
 const std::string* Folder::findExact(std::string_view name) const {
-    const auto found = std::lower_bound(names_.begin(), names_.end(), name);
+    const auto found = settled_ ? std::lower_bound(names_.begin(), names_.end(), name)
+                                : std::find(names_.begin(), names_.end(), name);
     return found != names_.end() && *found == name ? &*found : nullptr;
 }
 
-const std::string* Folder::find(std::string_view name) {
-    if (const std::string* exact = findExact(name)) return exact;
+const std::string* Folder::findInAnyCase(std::string_view name) {
+    if (!settled_) {
+        const std::string* first = nullptr;
+        for (const std::string& known : names_)
+            if (sameButForCase(known, name) && (first == nullptr || known < *first)) first = &known;
+        return first;
+    }
     if (byFoldedName_.empty()) {
         for (const std::string& known : names_)
             byFoldedName_.emplace(caseFolded(known), &known);
     }
-    const auto folded = byFoldedName_.find(caseFolded(name));
-    if (folded != byFoldedName_.end()) return folded->second;
-    if (name.find('~') == std::string_view::npos) return nullptr;
+    const auto found = byFoldedName_.find(caseFolded(name));
+    return found != byFoldedName_.end() ? found->second : nullptr;
+}
+
+const std::string* Folder::find(std::string_view name) {
+    if (const std::string* exact = findExact(name)) return exact;
+    if (const std::string* known = findInAnyCase(name)) return known;
+    if (!endsAsShortened(name)) return nullptr;
     const std::string longName = shortNames().nameFor(name);
     if (!longName.empty()) return findExact(longName);
     const std::string other = nameForNew(name);
@@ -92,7 +112,7 @@ const std::string* Folder::find(std::string_view name) {
 }
 
 std::string Folder::nameForNew(std::string_view name) {
-    if (name.find('~') == std::string_view::npos) return std::string(name);
+    if (!endsAsShortened(name)) return std::string(name);
     const std::string longName = shortNames().withLongStem(name);
     return longName.empty() ? std::string(name) : longName;
 }
@@ -102,14 +122,13 @@ const std::string& Folder::shortFor(const std::string& name) {
 }
 
 std::string Folder::spelledStem(std::string_view stem) const {
-    const std::string folded = caseFolded(stem);
-    std::string spelled(stem);
+    std::string_view spelled;
     for (const std::string& name : names_) {
         const std::string_view known = NameParts(name).stem;
         if (known == stem) return std::string(stem);
-        if (caseFolded(known) == folded) spelled = known;
+        if (sameButForCase(known, stem)) spelled = std::max(spelled, known);
     }
-    return spelled;
+    return std::string(spelled.empty() ? stem : spelled);
 }
 
 ShortNames& Folder::shortNames() {

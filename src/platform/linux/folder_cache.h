@@ -36,12 +36,14 @@ class Folder {
   private:
     explicit Folder(std::string path) : path_(std::move(path)) {}
     [[nodiscard]] const std::string* findExact(std::string_view name) const;
+    const std::string* findInAnyCase(std::string_view name);
     ShortNames& shortNames();
 
     std::string path_;
     struct stat state_ = {};
-    bool settled_ = false;            ///< any change since the reading shows in the state
-    std::vector<std::string> names_;  ///< sorted
+    bool settled_ = false;  ///< any change since the reading shows in the state
+    // Only a settled folder is kept and worth the effort of an order and of an index.
+    std::vector<std::string> names_;  ///< sorted if settled
     // Made at the first need.
     std::unordered_map<std::string, const std::string*> byFoldedName_;
     std::optional<ShortNames> shortNames_;

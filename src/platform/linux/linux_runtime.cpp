@@ -89,8 +89,8 @@ std::string LinuxRuntime::rtcDir(const std::string& path) {
     if (path.find_first_of("*?") != std::string::npos) return "";
     const std::string host = disk_.toHost(path);
     if (host.empty() || path.ends_with('\\') || !isOrdinaryFile(host, path)) return "";
-    const std::string name = fs::path(host).filename().string();
-    return name.starts_with('.') ? "" : name;
+    const std::string_view name = core::afterLast(host, '/');
+    return std::string(name.starts_with('.') ? "" : name);
 }
 
 std::string LinuxRuntime::hostPath(const std::string& doing, const std::string& path) {

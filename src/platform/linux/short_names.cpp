@@ -118,6 +118,12 @@ bool isShortName(std::string_view name) {
            isShortExtension(parts.extension);
 }
 
+bool endsAsShortened(std::string_view name) {
+    const std::string_view stem = NameParts(name).stem;
+    const std::size_t base = stem.find_last_not_of("0123456789");
+    return base != std::string_view::npos && stem[base] == '~' && base + 1 < stem.size();
+}
+
 ShortNames::ShortNames(const std::vector<std::string>& names,
                        const std::function<std::int64_t(const std::string&)>& bornAt) {
     std::vector<Candidate> byAge;

@@ -21,6 +21,9 @@ struct NameParts {
 /// plain characters.
 bool isShortName(std::string_view name);
 
+/// True if the stem ends as all do that were shortened: in "~" and a number.
+bool endsAsShortened(std::string_view name);
+
 /// The short names of one folder. Stems are shortened, not files: names that share a long stem and
 /// have a short extension share one short stem, so that a tool which is told only the stem, and
 /// puts another extension behind it, names the same thing as its user.

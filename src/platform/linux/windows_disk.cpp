@@ -70,13 +70,35 @@ std::optional<WindowsDisk::Start> WindowsDisk::startOf(std::string_view path) {
     return start;
 }
 
+/// Goes as far as the disk has the path, or else its folder, in just this spelling: on that way no
+/// folder need be listed. Gives the rest of the path.
+std::string_view WindowsDisk::enterExact(std::string& host, std::string_view path) {
+    std::string names(path);
+    std::replace(names.begin(), names.end(), '\\', '/');
+    if (!names.starts_with('/')) names.insert(0, 1, '/');
+    const auto has = [&](const char* text) { return names.find(text) != std::string::npos; };
+    if (names.ends_with('/') || has("//") || has("/.")) return path;
+
+    struct stat state = {};
+    const auto isThere = [&] { return lstat((host + names).c_str(), &state) == 0; };
+    if (isThere()) {
+        host += names;
+        return {};
+    }
+    names.erase(names.rfind('/'));
+    if (names.empty() || !isThere()) return path;
+    host += names;
+    return path.substr(path.find_last_of(separators) + 1);
+}
+
 void WindowsDisk::enter(Found& place, std::string_view part, Spelling spelling) {
     Folder* folder = list(place.host);
     const std::string* name = folder != nullptr ? folder->find(part) : nullptr;
     place.host += '/';
     if (name != nullptr) {
-        const bool asItIs = spelling == Spelling::Long && fitsWindows(*name);
         place.host += *name;
+        if (spelling == Spelling::Host) return;
+        const bool asItIs = spelling == Spelling::Long && fitsWindows(*name);
         place.text += asItIs ? *name : folder->shortFor(*name);
         return;
     }
@@ -93,6 +115,7 @@ std::optional<WindowsDisk::Found> WindowsDisk::follow(std::string_view path, Spe
     if (!start) return {};
     Found place{start->host, std::string(start->leading), true};
     path.remove_prefix(start->leading.size());
+    if (spelling == Spelling::Host) path = enterExact(place.host, path);
     while (!path.empty()) {
         if (isSeparator(path.front())) {
             place.text += path.front();
@@ -112,7 +135,7 @@ std::optional<WindowsDisk::Found> WindowsDisk::follow(std::string_view path, Spe
 }
 
 std::string WindowsDisk::toHost(std::string_view path) {
-    const auto found = follow(path, Spelling::Long);
+    const auto found = follow(path, Spelling::Host);
     if (!found) return "";
     return found->host.empty() ? "/" : found->host;
 }

@@ -37,10 +37,10 @@ class WindowsDisk {
     [[nodiscard]] const Drives& drives() const { return drives_; }
 
   private:
-    enum class Spelling { Short, Long };
+    enum class Spelling { Short, Long, Host };
     struct Found {
         std::string host;  ///< "/" is empty here
-        std::string text;  ///< the path in the spelling asked for
+        std::string text;  ///< the path in the spelling asked for, if it is not the host's
         bool exists = true;
     };
     struct Start {
@@ -51,6 +51,7 @@ class WindowsDisk {
     Folder* list(const std::string& host) { return folders_.at(host.empty() ? "/" : host); }
     std::optional<Start> startOf(std::string_view path);
     std::optional<Found> follow(std::string_view path, Spelling spelling);
+    static std::string_view enterExact(std::string& host, std::string_view path);
     void enter(Found& place, std::string_view part, Spelling spelling);
 
     Drives drives_;
