@@ -4,6 +4,7 @@
 #include <fcntl.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <memory>
@@ -48,7 +49,7 @@ bool showsChanges(const struct stat& state) {
 DIR* openFolder(const std::string& path) {
     constexpr int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
     int handle = open(path.c_str(), flags | O_NOATIME);
-    if (handle < 0) handle = open(path.c_str(), flags);
+    if (handle < 0 && errno == EPERM) handle = open(path.c_str(), flags);
     return handle < 0 ? nullptr : fdopendir(handle);
 }
 
@@ -71,7 +72,7 @@ std::optional<Folder> Folder::read(const std::string& path) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") folder.names_.emplace_back(name);
     }
-    if (folder.settled_) std::sort(folder.names_.begin(), folder.names_.end());
+    std::sort(folder.names_.begin(), folder.names_.end());
     return folder;
 }
 
@@ -81,17 +82,17 @@ bool Folder::isCurrent() const {
 }
 
 const std::string* Folder::findExact(std::string_view name) const {
-    const auto found = settled_ ? std::lower_bound(names_.begin(), names_.end(), name)
-                                : std::find(names_.begin(), names_.end(), name);
+    const auto found = std::lower_bound(names_.begin(), names_.end(), name);
     return found != names_.end() && *found == name ? &*found : nullptr;
 }
 
 const std::string* Folder::findInAnyCase(std::string_view name) {
+    // Only a settled folder is kept, and worth an index.
     if (!settled_) {
-        const std::string* first = nullptr;
-        for (const std::string& known : names_)
-            if (sameButForCase(known, name) && (first == nullptr || known < *first)) first = &known;
-        return first;
+        const auto found = std::find_if(names_.begin(), names_.end(), [&](const auto& known) {
+            return sameButForCase(known, name);
+        });
+        return found != names_.end() ? &*found : nullptr;
     }
     if (byFoldedName_.empty()) {
         for (const std::string& known : names_)
@@ -122,13 +123,13 @@ const std::string& Folder::shortFor(const std::string& name) {
 }
 
 std::string Folder::spelledStem(std::string_view stem) const {
-    std::string_view spelled;
+    std::string_view spelled = stem;
     for (const std::string& name : names_) {
         const std::string_view known = NameParts(name).stem;
         if (known == stem) return std::string(stem);
-        if (sameButForCase(known, stem)) spelled = std::max(spelled, known);
+        if (sameButForCase(known, stem)) spelled = known;
     }
-    return std::string(spelled.empty() ? stem : spelled);
+    return std::string(spelled);
 }
 
 ShortNames& Folder::shortNames() {

@@ -41,9 +41,8 @@ class Folder {
 
     std::string path_;
     struct stat state_ = {};
-    bool settled_ = false;  ///< any change since the reading shows in the state
-    // Only a settled folder is kept and worth the effort of an order and of an index.
-    std::vector<std::string> names_;  ///< sorted if settled
+    bool settled_ = false;            ///< any change since the reading shows in the state
+    std::vector<std::string> names_;  ///< sorted
     // Made at the first need.
     std::unordered_map<std::string, const std::string*> byFoldedName_;
     std::optional<ShortNames> shortNames_;
