@@ -7,6 +7,7 @@
 
 #include "check.h"
 #include "core/runtime.h"
+#include "core/text.h"
 #include "disk.h"
 #include "platform/linux/launcher.h"
 
@@ -27,18 +28,14 @@ struct Desk : fuzz::Disk {
     const std::string bin = home / "bin/";
 };
 
-std::string quoted(const std::string& word) {
-    return '"' + word + '"';
-}
-
 void checkWords(const CommandLine& line, std::string_view text) {
     check(line.words.size() <= text.size() / 2 + 1, "words have something between them");
     std::string again;
     for (const std::string& word : line.words) {
         check(word.find('"') == std::string::npos, "quotes fall away");
-        again += quoted(word) + ' ';
+        again += core::quoted(word) + ' ';
     }
-    if (line.input) again += '<' + quoted(*line.input);
+    if (line.input) again += '<' + core::quoted(*line.input);
     const CommandLine parsed(again);
     check(parsed.words == line.words, "quoted words come back as they are");
     check(parsed.input == line.input, "the input comes back as it is");
@@ -82,7 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         return 0;
     }
     const std::string program = programs[kind];
-    const CommandLine command(quoted(program) + ' ' + std::string(input));
+    const CommandLine command(core::quoted(program) + ' ' + std::string(input));
     check(command.words.front() == program, "the first word is the program");
     check(std::equal(line.words.begin(), line.words.end(), command.words.begin() + 1,
                      command.words.end()),

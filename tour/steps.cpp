@@ -1,5 +1,7 @@
 #include "steps.h"
 
+#include "core/text.h"
+
 namespace tour {
 
 namespace {
@@ -35,10 +37,6 @@ const std::string questTexts =
     "The wizard looks up from his book. 'You are late,' he says.\n"
     "Three doors lead out of the tower.\n";
 
-std::string quoted(const std::string& text) {
-    return '"' + text + '"';
-}
-
 Texts operator+(Texts first, const Texts& more) {
     first.insert(first.end(), more.begin(), more.end());
     return first;
@@ -52,7 +50,7 @@ Steps operator+(Steps first, const Steps& more) {
 const Step backToConsole{"Go back to the console", Appear{console}};
 
 /// Puts a text in the place of the one in the box that has the keys.
-Steps fill(const std::string& text) {
+Steps retype(const std::string& text) {
     return {{"Select the old name", Press{"Ctrl+A"}}, {"Type " + text, Type{text}}};
 }
 
@@ -97,10 +95,10 @@ Steps wrote(const Texts& commands, const Texts& tail = {""}) {
 
 Steps wroteCompile(const std::string& library, const std::string& options,
                    const std::string& viewer) {
-    return wrote(
-        {quoted(kelm) + " -Include " + quoted(library) + " " + options + " -List -Height 0", viewer,
-         "exit"},
-        {"", "", "pause", "", "", "exit", ""});
+    return wrote({core::quoted(kelm) + " -Include " + core::quoted(library) + " " + options +
+                      " -List -Height 0",
+                  viewer, "exit"},
+                 {"", "", "pause", "", "", "exit", ""});
 }
 
 Steps called(const std::string& program, const Texts& arguments, const Texts& input = {}) {
@@ -111,7 +109,7 @@ Steps calledCompiler(const std::string& library, const Texts& arguments) {
     return called(kelm, Texts{"-Include", library} + arguments + Texts{"-List", "-Height", "0"});
 }
 
-Steps left(const std::string& file, const std::string& text) {
+Steps leftBehind(const std::string& file, const std::string& text) {
     return {{"The file " + file + " was left", Left{file, text}}};
 }
 
@@ -135,12 +133,12 @@ Scene start(const System& system) {
 
 Scene compileByMouse(const System& system) {
     return {"Compile, with the mouse",
-            click("the file's box", "txtFname") + fill(cave + ".kel") + click("Debug", "chkDebug") +
-                click("Compile", "btnCompile") +
+            click("the file's box", "txtFname") + retype(cave + ".kel") +
+                click("Debug", "chkDebug") + click("Compile", "btnCompile") +
                 calledCompiler(system.tools.library, {"cave", "-Debug"}) +
                 seenInEditor(system, notepad, "cave.lis", system.caveListing) +
                 wroteCompile(system.scripts.library, "cave -Debug", "notepad cave.lis") +
-                left(cave + ".kcd", caveTexts)};
+                leftBehind(cave + ".kcd", caveTexts)};
 }
 
 /// What the settings file holds, as far as the tour changes it.
@@ -168,7 +166,7 @@ Steps saved(const Settings& settings) {
     std::string text;
     for (const std::string& line : all)
         text += line + "\n";
-    return left("nwbw.ini", text);
+    return leftBehind("nwbw.ini", text);
 }
 
 /// Goes from box to box of a dialog of locations, past the Browse button of each.
@@ -194,19 +192,20 @@ Scene dialogs() {
     const auto go = [&scene](const Steps& steps) { scene.steps = scene.steps + steps; };
 
     go(press("Alt+M", "modify the include folders") + Steps{list} + press("Alt+A", "add one") +
-       Steps{folder} + fill(games) + leave("Return", "OK", list) + leave("Escape", "cancel"));
+       Steps{folder} + retype(games) + leave("Return", "OK", list) + leave("Escape", "cancel"));
     go(press("Alt+M", "modify them after all") + Steps{list} + press("Alt+A", "add one") +
-       Steps{folder} + fill(games) + leave("Return", "OK", list) + leave("Alt+C", "close"));
+       Steps{folder} + retype(games) + leave("Return", "OK", list) + leave("Alt+C", "close"));
     settings.folders = {library, games};
     go(saved(settings));
 
-    go(openDialog("Alt+G", "K", programs) + toBox(2) + fill(consolePlayer) +
+    go(openDialog("Alt+G", "K", programs) + toBox(2) + retype(consolePlayer) +
        leave("Escape", "cancel") + saved(settings));
-    go(openDialog("Alt+G", "K", programs) + toBox(2) + fill(consolePlayer) + leave("Return", "OK"));
+    go(openDialog("Alt+G", "K", programs) + toBox(2) + retype(consolePlayer) +
+       leave("Return", "OK"));
     settings.consolePlayer = consolePlayer;
     go(saved(settings));
 
-    go(openDialog("Alt+G", "O", others) + toBox(3) + fill(wordProcessor) + leave("Return", "OK"));
+    go(openDialog("Alt+G", "O", others) + toBox(3) + retype(wordProcessor) + leave("Return", "OK"));
     settings.wordProcessor = wordProcessor;
     go(saved(settings));
 
@@ -225,82 +224,84 @@ Scene compileByKeyboard(const System& system) {
             press("Alt+E", "the listing in my editor") + press("Tab", "the next option") +
                 press("space", "all of the source in the listing") + press("Alt+P", "packed") +
                 press("Alt+C", "compile again") + box("Game newer than Source", "Alt+Y") +
-                called("cave") + fromButtonToFile() + fill(games + "\\dragon.kel") +
+                called("cave") + fromButtonToFile() + retype(games + "\\dragon.kel") +
                 press("Alt+C", "compile a file that is not there") + box(console, "Return") +
-                fromButtonToFile() + fill(quest + ".kel") + press("Alt+C", "compile") +
+                fromButtonToFile() + retype(quest + ".kel") + press("Alt+C", "compile") +
                 called(system.tools.quest) +
-                wroteCompile(
-                    system.scripts.library,
-                    "-Include " + quoted(system.scripts.games) + " " + stem + " -Pack -Debug -Full",
-                    quoted(editor) + " " + stem + ".lis") +
-                left(games + "\\" + system.tools.quest + ".kcd", questTexts)};
+                wroteCompile(system.scripts.library,
+                             "-Include " + core::quoted(system.scripts.games) + " " + stem +
+                                 " -Pack -Debug -Full",
+                             core::quoted(editor) + " " + stem + ".lis") +
+                leftBehind(games + "\\" + system.tools.quest + ".kcd", questTexts)};
 }
 
 Scene playByMouse(const System& system) {
     return {"Play, with the mouse",
             press("Ctrl+Tab", "the next tab") + click("the file's box", "txtFnameP") +
-                fill(cave + ".kcd") + click("Trace", "chkTrace") +
+                retype(cave + ".kcd") + click("Trace", "chkTrace") +
                 click("Full Transcript", "optRecord(1)") + click("Play", "btnPlay") +
                 Steps{{"The player's terminal comes up", Appear{system.terminal}},
                       {"Play a little", Type{"look\nquit\n"}},
                       {"The terminal goes", Vanish{}},
                       backToConsole} +
                 called(consolePlayer, {"cave", "-t", "-L"}, {"look", "quit"}) +
-                wrote({quoted(consolePlayer) + " cave -t -L"}) +
-                left(cave + ".log", "look\nquit\n")};
+                wrote({core::quoted(consolePlayer) + " cave -t -L"}) +
+                leftBehind(cave + ".log", "look\nquit\n")};
 }
 
 Scene playByKeyboard(const System& system) {
-    return {
-        "Replay with the MSDOS player, with the keyboard",
-        press("Alt+E", "no recording") + press("Alt+T", "no trace") + press("Alt+R", "replay") +
-            press("Tab", "the log's box") + fill("cave.log") + press("Alt+M", "the MSDOS player") +
-            fromOptionToFile() + fill(games + "\\" + system.tools.quest + ".kcd") +
-            press("Alt+P", "play") + called(dosKrun, {system.tools.quest}, {"look", "quit"}) +
-            wrote({quoted(dosKrun) + " " + system.scripts.quest + " < cave.log"}) + done(system)};
+    return {"Replay with the MSDOS player, with the keyboard",
+            press("Alt+E", "no recording") + press("Alt+T", "no trace") + press("Alt+R", "replay") +
+                press("Tab", "the log's box") + retype("cave.log") +
+                press("Alt+M", "the MSDOS player") + fromOptionToFile() +
+                retype(games + "\\" + system.tools.quest + ".kcd") + press("Alt+P", "play") +
+                called(dosKrun, {system.tools.quest}, {"look", "quit"}) +
+                wrote({core::quoted(dosKrun) + " " + system.scripts.quest + " < cave.log"}) +
+                done(system)};
 }
 
 Scene spellingByMouse(const System& system) {
-    return {"Spelling, with the mouse",
-            press("Ctrl+Tab", "the next tab") + click("the file's box", "txtFnameS") +
-                fill(quest + ".kel") + click("Remove codes", "optCodes(2)") +
-                click("Remove parameter codes", "optParam(3)") +
-                click("No line numbers", "chkLineNum") +
-                click("A name of my own", "chkOutputfile") +
-                click("the output's box", "txtFnameO") + fill("words.txt") +
-                click("Extract", "btnExtract") +
-                called(klex, {system.tools.quest, "-FR", "-PR", "-NL", "-OFwords.txt"}) +
-                seenInEditor(system, wordProcessor, "words.txt", "words.txt") +
-                wrote({quoted(klex) + " " + system.scripts.quest + " -FR -PR -NL  -OFwords.txt",
-                       quoted(wordProcessor) + "  words.txt"}) +
-                left(games + "\\words.txt", questTexts)};
+    return {
+        "Spelling, with the mouse",
+        press("Ctrl+Tab", "the next tab") + click("the file's box", "txtFnameS") +
+            retype(quest + ".kel") + click("Remove codes", "optCodes(2)") +
+            click("Remove parameter codes", "optParam(3)") +
+            click("No line numbers", "chkLineNum") + click("A name of my own", "chkOutputfile") +
+            click("the output's box", "txtFnameO") + retype("words.txt") +
+            click("Extract", "btnExtract") +
+            called(klex, {system.tools.quest, "-FR", "-PR", "-NL", "-OFwords.txt"}) +
+            seenInEditor(system, wordProcessor, "words.txt", "words.txt") +
+            wrote({core::quoted(klex) + " " + system.scripts.quest + " -FR -PR -NL  -OFwords.txt",
+                   core::quoted(wordProcessor) + "  words.txt"}) +
+            leftBehind(games + "\\words.txt", questTexts)};
 }
 
 Scene spellingByKeyboard(const System& system) {
     return {"Spelling, with the keyboard",
             press("Alt+R", "format with the codes") + press("Alt+U", "upper case words") +
                 press("Alt+D", "line numbers again") + press("Alt+C", "the default name") +
-                fromOptionToFile() + fill(cave + ".kel") + press("Alt+E", "extract") +
+                fromOptionToFile() + retype(cave + ".kel") + press("Alt+E", "extract") +
                 called(klex, {"cave", "-FF", "-PC"}) +
                 seenInEditor(system, wordProcessor, "cave.txt", "cave.txt") +
-                wrote({quoted(klex) + " cave -FF -PC", quoted(wordProcessor) + "  cave.txt"}) +
+                wrote({core::quoted(klex) + " cave -FF -PC",
+                       core::quoted(wordProcessor) + "  cave.txt"}) +
                 press("Alt+E", "extract again, over a file that is there") +
                 box(console, "Return") + press("Alt+O", "overwrite") +
                 press("Alt+W", "no word processor") + press("Alt+E", "extract") +
                 called(klex, {"cave", "-OO", "-FF", "-PC"}) +
-                wrote({quoted(klex) + " cave -OO -FF -PC"}) + done(system)};
+                wrote({core::quoted(klex) + " cave -OO -FF -PC"}) + done(system)};
 }
 
 Scene editByMouse(const System& system) {
     return {"Edit, with the mouse",
             press("Ctrl+Tab", "round to the first tab") + click("the file's box", "txtFnameE") +
-                fill(quest + ".kel") + click("Edit", "btnEdit") +
+                retype(quest + ".kel") + click("Edit", "btnEdit") +
                 seenInEditor(system, editor, "wizardquest.kel", quest + ".kel")};
 }
 
 Scene editByKeyboard(const System& system) {
     return {"Edit with Notepad, with the keyboard",
-            press("Alt+N", "Notepad") + fromOptionToFile() + fill(cave + ".kel") +
+            press("Alt+N", "Notepad") + fromOptionToFile() + retype(cave + ".kel") +
                 press("Alt+E", "edit") + seenInEditor(system, notepad, "cave.kel", cave + ".kel")};
 }
 

@@ -6,7 +6,7 @@
 namespace core {
 
 static std::string cannotWrite(Runtime& runtime) {
-    return "NWB/w cannot write to its folder " + quoted(runtime.AppPath()) +
+    return "NWB/w cannot write to its folder " + core::quoted(runtime.AppPath()) +
            ", so your settings will not be kept when you close NWB/w. (Copy NWB/w to a folder of "
            "your own to keep them.)";
 }

@@ -146,7 +146,7 @@ void prepareSave(Runtime& runtime, const SettingsPaths& paths) {
 std::string stored(std::string text) {
     std::erase_if(text, [](char c) { return c == '"' || c == '\r' || c == '\n'; });
     const bool needsQuotes = text.starts_with(' ') || text.find(',') != std::string::npos;
-    return needsQuotes ? quoted(text) : text;
+    return needsQuotes ? core::quoted(text) : text;
 }
 
 std::string stored(int value) {

@@ -6,8 +6,6 @@
 
 namespace docs {
 
-using core::quoted;
-
 HelpMenu::HelpMenu(core::Program& program, forms::Container& bar) : program_(program), bar_(bar) {}
 
 void HelpMenu::fitToPaths() {
@@ -40,7 +38,8 @@ void HelpMenu::view(const char* viewerName, const std::string& viewer,
                                " not found. Please correct program location in Settings menu.")) {
         return;
     }
-    program_.runtime.rtcShell(quoted(viewer) + " " + quoted(document), core::Runtime::normalFocus);
+    program_.runtime.rtcShell(core::quoted(viewer) + " " + core::quoted(document),
+                              core::Runtime::normalFocus);
 }
 
 }  // namespace docs

@@ -5,7 +5,6 @@
 namespace tools {
 
 using core::crlf;
-using core::quoted;
 
 void CommandScript::SplitFileName(const std::string& fileText, forms::TextBox& box) {
     const std::string_view drive = core::drivePart(fileText);
@@ -15,7 +14,7 @@ void CommandScript::SplitFileName(const std::string& fileText, forms::TextBox& b
 
     std::string lines;
     if (!drive.empty()) lines.append(drive).append(crlf);
-    if (!folder.empty()) lines.append("cd ").append(quoted(folder)).append(crlf);
+    if (!folder.empty()) lines.append("cd ").append(core::quoted(folder)).append(crlf);
     box.Text = lines;
 
     FileStem = core::beforeLast(fileName, '.');
@@ -50,7 +49,7 @@ void CommandScript::RunCommandScript(const std::string& commandText, bool withTa
         }
     }
     runtime.vbaFileClose();
-    runtime.rtcShell(quoted(path), windowStyle);
+    runtime.rtcShell(core::quoted(path), windowStyle);
 }
 
 }  // namespace tools

@@ -7,7 +7,6 @@ namespace tools {
 
 using core::crlf;
 using core::exists;
-using core::quoted;
 using core::Runtime;
 
 CompilePanel::CompilePanel(core::Program& program, CommandScript& script, forms::Container& panel)
@@ -18,10 +17,10 @@ void CompilePanel::UpdateCmdline() {
     const std::string& fileText = txtFname.Text;
 
     script_.SplitFileName(fileText, txtCmdline);
-    txtCmdline.Text += quoted(program_.state.CompilerPath);
+    txtCmdline.Text += core::quoted(program_.state.CompilerPath);
     for (int entry = 0; entry < lstInclude.ListCount(); ++entry) {
         txtCmdline.Text +=
-            " -Include " + quoted(core::GetShortName(runtime, lstInclude.List(entry)));
+            " -Include " + core::quoted(core::GetShortName(runtime, lstInclude.List(entry)));
     }
     script_.ShortenStem(fileText, {".kel", ".kelm"});
     txtCmdline.Text += " " + script_.FileStem + PackOption + DebugOption + FullOption +
@@ -58,7 +57,7 @@ void CompilePanel::btnCompile_Click() {
 }
 
 void CompilePanel::chooseViewer() {
-    ViewerPrefix = optEditor(1).Value ? quoted(program_.state.EditorPath) + " " : "notepad ";
+    ViewerPrefix = optEditor(1).Value ? core::quoted(program_.state.EditorPath) + " " : "notepad ";
 }
 
 void CompilePanel::fitToPaths() {

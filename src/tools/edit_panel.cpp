@@ -5,7 +5,6 @@
 
 namespace tools {
 
-using core::quoted;
 using core::Runtime;
 
 EditPanel::EditPanel(core::Program& program, forms::Container& panel)
@@ -16,8 +15,9 @@ void EditPanel::btnEdit_Click() {
     const std::string& editor = program_.state.EditorPath;
     const std::string& file = txtFnameE.Text;
     if (optEditWith(0).Value && !requireEditor(runtime, editor)) return;
-    runtime.rtcShell(optEditWith(1).Value ? "notepad " + file : quoted(editor) + " " + quoted(file),
-                     Runtime::normalFocus);
+    runtime.rtcShell(
+        optEditWith(1).Value ? "notepad " + file : core::quoted(editor) + " " + core::quoted(file),
+        Runtime::normalFocus);
 }
 
 void EditPanel::fitToPaths() {

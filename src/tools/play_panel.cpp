@@ -8,7 +8,6 @@ namespace tools {
 using core::AppState;
 using core::crlf;
 using core::exists;
-using core::quoted;
 using core::Runtime;
 
 namespace {
@@ -36,7 +35,7 @@ int PlayPanel::player() const {
 void PlayPanel::UpdateCmdlineP() {
     const std::string& fileText = txtFnameP.Text;
     script_.SplitFileName(fileText, txtCmdlineP);
-    txtCmdlineP.Text += quoted(program_.state.*players[player()].path);
+    txtCmdlineP.Text += core::quoted(program_.state.*players[player()].path);
     script_.ShortenStem(fileText, {".kcd"});
     txtCmdlineP.Text += " " + script_.FileStem + KbugOption + TraceOption + SingleOption +
                         RecordOption + PlaybackOption + crlf;
@@ -53,7 +52,7 @@ void PlayPanel::btnPlay_Click() {
     }
     const std::string game = script_.FileBase + ".kcd";
     if (!exists(runtime, game)) {
-        runtime.rtcMsgBox("Kelm game file " + quoted(game) + " not found", Runtime::okOnly);
+        runtime.rtcMsgBox("Kelm game file " + core::quoted(game) + " not found", Runtime::okOnly);
         return;
     }
     script_.RunCommandScript(txtCmdlineP.Text, false,

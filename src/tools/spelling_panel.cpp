@@ -7,7 +7,6 @@ namespace tools {
 
 using core::crlf;
 using core::exists;
-using core::quoted;
 using core::Runtime;
 
 namespace {
@@ -35,13 +34,13 @@ void SpellingPanel::UpdateCmdlineS() {
     script_.SplitFileName(fileText, txtCmdlineS);
     script_.ShortenStem(fileText, {".kel", ".kelm"});
 
-    txtCmdlineS.Text += quoted(program_.state.ExtractorPath) + " " + script_.FileStem +
+    txtCmdlineS.Text += core::quoted(program_.state.ExtractorPath) + " " + script_.FileStem +
                         OverwriteOption + CodesOption + ParamOption + LineNumOption;
     if (named) txtCmdlineS.Text += "  -OF" + txtFnameO.Text();
     txtCmdlineS.Text += crlf;
     if (chkAutoOpen.Value) {
         const std::string output = named ? txtFnameO.Text() : script_.FileStem + ".txt";
-        txtCmdlineS.Text += quoted(program_.state.WordProcessorPath) + "  " + output + crlf;
+        txtCmdlineS.Text += core::quoted(program_.state.WordProcessorPath) + "  " + output + crlf;
     }
 }
 
@@ -68,7 +67,7 @@ void SpellingPanel::btnExtract_Click() {
 bool SpellingPanel::mayWriteOutput() const {
     const std::string output = chkOutputfile.Value ? txtFnameO.Text() : script_.FileBase + ".txt";
     if (!exists(program_.runtime, output)) return true;
-    program_.runtime.rtcMsgBox("Output file " + quoted(output) + " exists. " + overwriteHint,
+    program_.runtime.rtcMsgBox("Output file " + core::quoted(output) + " exists. " + overwriteHint,
                                Runtime::okOnly);
     return false;
 }
