@@ -1,5 +1,7 @@
+#include "forms/drop.h"
 #include "model.h"
 
+using namespace forms;
 using namespace model;
 
 namespace {
@@ -146,6 +148,30 @@ TEST(Console, TheTabsFitTheOptionsToThePathsThatAreSet) {
     form.tbsOptions.pick(4);
     EXPECT_TRUE(form.compile.optEditor(1).Enabled && form.compile.optEditor(3).Value);
     EXPECT_TRUE(form.spelling.chkAutoOpen.Enabled && !form.spelling.chkAutoOpen.Value);
+}
+
+TEST(Console, ADroppedFileGoesIntoTheBoxThatIsMeant) {
+    Desk desk;
+    auto& form = desk.open();
+    auto& play = form.play;
+    const struct {
+        int tab;
+        bool replay;
+        Control& on;
+        TextBox* box;
+    } rows[] = {{1, false, form, &form.edit.txtFnameE},
+                {2, false, form.compile.chkDebug, &form.compile.txtFname},
+                {3, false, play.fraMode, &play.txtFnameP},
+                {3, false, play.txtLogfile, nullptr},  // not in use
+                {3, true, play.labLogfile, &play.txtLogfile},
+                {3, true, play.txtFnameP, &play.txtFnameP},
+                {3, true, form.tbsOptions, nullptr},  // either
+                {4, false, form.sbStatusBar, &form.spelling.txtFnameS}};
+    for (const auto& row : rows) {
+        form.tbsOptions.pick(row.tab);
+        if (play.chkPlayback.Value != row.replay) play.chkPlayback.click();
+        EXPECT_EQ(dropTarget(row.on), row.box) << row.tab << row.replay << row.on.fullName();
+    }
 }
 
 }  // namespace

@@ -107,7 +107,7 @@ TEST_F(Forms, AUserReachesOnlyWhatCanBeUsed) {
 TEST_F(Forms, AFailedHandlerIsToldAndTheProgramLivesOn) {
     form.ok.click();
     EXPECT_EQ(told, Log{"no such drive"});
-    form.txt.type("more");
+    form.txt.type("mo\tre\x7f\nlost");
     EXPECT_EQ(events(), (Log{"ok", "txt more"}));
 }
 

@@ -27,7 +27,8 @@ class frmIncludeAdd : public forms::Form {
     forms::Label Label1{
         *this, {.name = "Label1", .caption = "Folder Name", .place = {180, 150, 3000, 225}}};
     forms::TextBox txtFolder{
-        *this, {.name = "txtFolder", .text = "Text1", .place = {180, 390, 5100, 345}}};
+        *this,
+        {.name = "txtFolder", .text = "Text1", .place = {180, 390, 5100, 345}, .holdsPath = true}};
     forms::DriveList Drive1{*this,
                             {.name = "Drive1",
                              .spoken = "Drive",

@@ -110,7 +110,9 @@ void LocationsDialog::addRow(const Location& location, forms::Container& contain
     Label1.add(
         container,
         {.index = index, .caption = location.label, .place = {left, top + 60, labelWidth, 225}});
-    txtFname.add(container, {.index = index, .place = {left + labelWidth, top, textWidth, 345}});
+    txtFname.add(
+        container,
+        {.index = index, .place = {left + labelWidth, top, textWidth, 345}, .holdsPath = true});
     btnBrowse.add(container,
                   {.index = index,
                    .caption = "&Browse",

@@ -77,6 +77,19 @@ void Control::raise() {
     if (event_) event_();
 }
 
+static void collect(const Container& container, std::vector<Control*>& controls) {
+    for (Control* control : container.children()) {
+        controls.push_back(control);
+        if (const auto* inner = dynamic_cast<Container*>(control)) collect(*inner, controls);
+    }
+}
+
+std::vector<Control*> Container::allControls() const {
+    std::vector<Control*> controls;
+    collect(*this, controls);
+    return controls;
+}
+
 std::string withoutMnemonic(const std::string& caption) {
     std::string plain = caption;
     std::erase(plain, '&');

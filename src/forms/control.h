@@ -46,6 +46,7 @@ struct Definition {
     bool isCancel = false;   ///< the button that Esc presses
     bool readOnly = false;
     bool multiLine = false;
+    bool holdsPath = false;  ///< a text box for the path of a file or folder
     bool centred = false;
     Font font = {};
     std::function<void()> event = {};  ///< the control's click or change handler
@@ -88,7 +89,7 @@ class Control {
     [[nodiscard]] std::string fullName() const;
     /// What a screen reader calls the control: the definition's own word, else its caption without
     /// "&", else that of the label before it, and failing that its container's.
-    [[nodiscard]] std::string accessibleName() const;
+    [[nodiscard]] virtual std::string accessibleName() const;
     /// The letter, in upper case, that reaches the control together with Alt, or 0.
     [[nodiscard]] char mnemonic() const;
     /// True if the control is visible and has not been moved out of its container to the left, out
@@ -136,6 +137,8 @@ class Container : public Control {
 
     /// The controls directly inside, in the order of their declaration.
     [[nodiscard]] const std::vector<Control*>& children() const { return children_; }
+    /// All controls inside, containers before their contents, in order of tabbing.
+    [[nodiscard]] std::vector<Control*> allControls() const;
 
   private:
     friend class Control;

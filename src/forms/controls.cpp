@@ -18,7 +18,15 @@ void OptionButton::changed(Effect effect) {
 }
 
 void TextBox::type(const std::string& text) {
-    if (!readOnly) act([&] { Text = text; });
+    if (!readOnly) act([&] { Text = fitting(text); });
+}
+
+std::string TextBox::fitting(const std::string& text) const {
+    if (multiLine) return text;
+    std::string line = text.substr(0, text.find_first_of("\r\n"));
+    std::erase_if(line,
+                  [](unsigned char character) { return character < ' ' || character == 127; });
+    return line;
 }
 
 void ListBox::Clear() {

@@ -26,11 +26,12 @@ class Label : public Control {
     const bool centred;
 };
 
-/// A line drawn for decoration, as wide or as high as its place.
+/// A line drawn for decoration, as wide or as high as its place. It has no name to read aloud.
 class Line : public Control {
   public:
     Line(Container& parent, Definition definition) : Control(&parent, std::move(definition)) {}
     void accept(ControlVisitor& visitor) override;
+    [[nodiscard]] std::string accessibleName() const override { return {}; }
 };
 
 /// A picture, named by the text of its definition.
@@ -89,16 +90,21 @@ class TextBox : public Control {
         : Control(&parent, definition),
           readOnly(definition.readOnly),
           multiLine(definition.multiLine),
+          holdsPath(definition.holdsPath),
           Text(*this, definition.text, Effect::Raise) {}
     void accept(ControlVisitor& visitor) override;
     [[nodiscard]] bool takesEnter() const override { return multiLine && !readOnly; }
 
     const bool readOnly;
     const bool multiLine;
+    const bool holdsPath;
     Property<std::string> Text;
 
-    /// The user has edited the text, which now reads as given.
+    /// The user has edited the text, which now reads as given as far as the box can hold it.
     void type(const std::string& text);
+    /// The part of the text that the box can hold: of one line, the text before the first line
+    /// break without control characters.
+    [[nodiscard]] std::string fitting(const std::string& text) const;
 
   protected:
     void clicked() override {}

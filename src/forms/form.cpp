@@ -88,19 +88,6 @@ void Form::moved(const Place& place, forms::WindowState state) {
     WindowState = state;
 }
 
-static void collect(const Container& container, std::vector<Control*>& controls) {
-    for (Control* control : container.children()) {
-        controls.push_back(control);
-        if (const auto* inner = dynamic_cast<Container*>(control)) collect(*inner, controls);
-    }
-}
-
-std::vector<Control*> Form::allControls() {
-    std::vector<Control*> controls;
-    collect(*this, controls);
-    return controls;
-}
-
 bool Form::hasMenu() const {
     return std::any_of(children().begin(), children().end(), [](const Control* control) {
         return dynamic_cast<const MenuItem*>(control) != nullptr;

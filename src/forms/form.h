@@ -75,8 +75,6 @@ class Form : public Container {
     Form& form() override { return *this; }
     void accept(ControlVisitor& /*visitor*/) override {}
     Application& application() { return application_; }
-    /// All controls of the form, containers before their contents, in order of tabbing.
-    [[nodiscard]] std::vector<Control*> allControls();
     /// True if the form has a menu bar.
     [[nodiscard]] bool hasMenu() const;
     /// The control with the full name, or null.

@@ -57,6 +57,7 @@ class CompilePanel {
                              .text = "mygame.kel",
                              .tooltip = "Name of source code file to be compiled",
                              .place = panel::fileText,
+                             .holdsPath = true,
                              .event = [this] { txtFname_Change(); }}};
     forms::Button btnBrowse{
         fraSample2,

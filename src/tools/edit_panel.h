@@ -33,7 +33,8 @@ class EditPanel {
                              {.name = "txtFnameE",
                               .text = "mygame.kel",
                               .tooltip = "Name of source code file you wish to create or edit",
-                              .place = panel::fileText}};
+                              .place = panel::fileText,
+                              .holdsPath = true}};
     forms::Button btnBrowseE{
         fraSample1,
         {.name = "btnBrowseE",

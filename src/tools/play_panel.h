@@ -69,6 +69,7 @@ class PlayPanel {
                               .text = "mygame.kcd",
                               .tooltip = "Name of game file to play",
                               .place = panel::fileText,
+                              .holdsPath = true,
                               .event = [this] { txtFnameP_Change(); }}};
     forms::Button btnBrowseP{
         fraSample3,
@@ -200,6 +201,7 @@ class PlayPanel {
          .tooltip = "Name of a previously recorded \"Player's Commands\" log file to playback",
          .place = {960, 630, 3840, 345},
          .enabled = false,
+         .holdsPath = true,
          .event = [this] { txtLogfile_Change(); }}};
     forms::Button btnBrowselog{
         fraPlayback,

@@ -69,6 +69,7 @@ class SpellingPanel {
          .text = "mygame.kel",
          .tooltip = "Name of source code file from which you want to extract text to spellcheck",
          .place = panel::fileText,
+         .holdsPath = true,
          .event = [this] { txtFnameS_Change(); }}};
     forms::Button btnBrowseS{
         fraSample4,
@@ -126,6 +127,7 @@ class SpellingPanel {
                               .tooltip = "Name of file to store extracted text",
                               .place = {1740, nameTop, 3060, 345},
                               .visible = false,
+                              .holdsPath = true,
                               .event = [this] { txtFnameO_Change(); }}};
     forms::Button btnBrowseO{fraOutputFile,
                              {.name = "btnBrowseO",
