@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -12,6 +13,8 @@
 class LinuxDesktop : public testing::Test {
   protected:
     LinuxDesktop() {
+        // Children that read their input find its end at once, also where it is a terminal.
+        if (std::freopen("/dev/null", "r", stdin) == nullptr) ADD_FAILURE() << "no /dev/null";
         fs::create_directories(links);
         fs::create_directories(c);
         fs::create_directories(d);
