@@ -1,7 +1,8 @@
 #include "console/frm_console.h"
 
-#include <charconv>
 #include <cmath>
+#include <locale>
+#include <sstream>
 
 #include "core/settings_file.h"
 #include "dialogs/frm_include_list.h"
@@ -31,9 +32,13 @@ constexpr StoredPlace storedPlaces[] = {
 std::optional<int> twips(const std::string& text) {
     constexpr float farthest = 1e6F;
     float value = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || stop != end || !(std::abs(value) < farthest)) return {};
+    // Not every standard library has std::from_chars for it.
+    std::istringstream stored(text);
+    stored.imbue(std::locale::classic());
+    stored >> std::noskipws >> value;
+    if (!stored || stored.peek() != std::istringstream::traits_type::eof() ||
+        !(std::abs(value) < farthest))
+        return {};
     return static_cast<int>(value);
 }
 
