@@ -22,7 +22,7 @@ add_custom_target(wine_prefix ALL DEPENDS wine/system.reg)
 # Each start under Wine takes its time, so that a program with tests is one test here.
 function(nwbw_tests program)
   add_test(NAME ${program} COMMAND ${program})
-  set_tests_properties(${program} PROPERTIES ENVIRONMENT "${wine_environment}" TIMEOUT 120)
+  set_tests_properties(${program} PROPERTIES ENVIRONMENT "${wine_environment}" TIMEOUT ${nwbw_time_limit})
 endfunction()
 
 # The same for a program that opens windows: on a screen that nobody sees. Wine keeps to the screen
@@ -31,13 +31,13 @@ function(nwbw_window_tests program)
   add_test(NAME ${program} COMMAND
     sh -c "wineserver --kill; exec xvfb-run --auto-servernum wine \"$0\"" $<TARGET_FILE:${program}>)
   set_tests_properties(${program} PROPERTIES
-    ENVIRONMENT "${wine_environment}" TIMEOUT 120 RUN_SERIAL ON)
+    ENVIRONMENT "${wine_environment}" TIMEOUT ${nwbw_time_limit} RUN_SERIAL ON)
 endfunction()
 
 # The tour of the real program. The guide is a program of this system.
 add_test(NAME tour_guide COMMAND ${PROJECT_SOURCE_DIR}/scripts/build dev tour)
-set_tests_properties(tour_guide PROPERTIES FIXTURES_SETUP tour_guide)
+set_tests_properties(tour_guide PROPERTIES FIXTURES_SETUP tour_guide TIMEOUT ${nwbw_time_limit})
 add_test(NAME tour_windows
   COMMAND ${PROJECT_SOURCE_DIR}/build/dev/bin/tour ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
 set_tests_properties(tour_windows PROPERTIES
-  FIXTURES_REQUIRED tour_guide RUN_SERIAL ON TIMEOUT 120)
+  FIXTURES_REQUIRED tour_guide RUN_SERIAL ON TIMEOUT ${nwbw_time_limit})

@@ -274,7 +274,7 @@ TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
     auto& folder = runtime.registry[R"(SOFTWARE\Microsoft\Shared Tools Location)"];
     const auto press = [&] {
         nextDialog<docs::frmAbout>([](docs::frmAbout& about) {
-            EXPECT_EQ(about.lblVersion.Caption(), "Version 1.0.0");
+            EXPECT_EQ(about.lblVersion.Caption(), "Version " NWBW_VERSION);
             EXPECT_EQ(about.lblTitle.Caption(), "The Norvane Workbench");
             about.cmdSysInfo.click();
             EXPECT_TRUE(about.pressCancel() && about.unloaded());

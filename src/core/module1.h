@@ -10,9 +10,6 @@
 namespace core {
 
 inline constexpr const char* appTitle = "The Norvane Workbench";
-inline constexpr int appMajor = 1;
-inline constexpr int appMinor = 0;
-inline constexpr int appRevision = 0;
 
 /// What the forms and procedures of the program work with.
 struct Program {

@@ -1,5 +1,6 @@
 #include "docs/frm_about.h"
 
+#include "core/version.h"
 #include "docs/system_info.h"
 
 namespace docs {
