@@ -8,7 +8,7 @@ endif()
 set(build ${CPACK_PACKAGE_DIRECTORY}/windows)
 execute_process(COMMAND_ERROR_IS_FATAL ANY
   WORKING_DIRECTORY ${CMAKE_CURRENT_LIST_DIR}/..
-  COMMAND ${CMAKE_COMMAND} --preset windows -B ${build} --log-level=WARNING
-    -DBUILD_TESTING=OFF -DCPACK_PACKAGE_DIRECTORY=${CPACK_PACKAGE_DIRECTORY})
+  COMMAND ${CMAKE_COMMAND} --preset windows-program -B ${build} --log-level=WARNING
+    -DCPACK_PACKAGE_DIRECTORY=${CPACK_PACKAGE_DIRECTORY})
 execute_process(COMMAND_ERROR_IS_FATAL ANY
   COMMAND ${CMAKE_COMMAND} --build ${build} --target package)
