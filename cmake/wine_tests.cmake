@@ -16,6 +16,7 @@ set(wine_environment
 add_custom_command(OUTPUT wine/system.reg
   COMMAND ${CMAKE_COMMAND} -E env ${wine_environment} wine wineboot --init
   COMMENT "Making a Windows for the tests"
+  VERBATIM
 )
 add_custom_target(wine_prefix ALL DEPENDS wine/system.reg)
 
