@@ -39,8 +39,8 @@ std::optional<double> fittingPoints(
     const std::function<std::unique_ptr<Ruler>(double points)>& rulerOf) {
     constexpr double step = 0.5;
     std::vector<double> sizes;
-    for (double points = largest; points >= smallest; points -= step)
-        sizes.push_back(points);
+    for (int steps = 0; largest - steps * step >= smallest; ++steps)
+        sizes.push_back(largest - steps * step);
     const auto controls = form.allControls();
     const auto found = std::partition_point(sizes.begin(), sizes.end(), [&](double points) {
         const auto ruler = rulerOf(points);
