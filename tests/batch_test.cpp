@@ -5,7 +5,6 @@
 #include <thread>
 
 #include "linux_desktop.h"
-#include "model.h"
 #include "platform/linux/batch_interpreter.h"
 #include "platform/linux/linux_runtime.h"
 
@@ -85,22 +84,6 @@ TEST(BatchScript, TellsLinesApart) {
     }
     EXPECT_EQ(kinds, "DFFFCCCPX");
     EXPECT_EQ(folders, "\\my games\\|..|\\x|");
-}
-
-TEST_F(Batch, HandsToolsTheRightWordsInTheRightFolder) {
-    const std::string names[] = {"a b", "märchen", "50%PATH%", "a&touch x", "it's", "a'b>c"};
-    std::string expected;
-    std::string script = "c:\r\n";
-    for (const std::string& name : names) {
-        write(c / name / "walk log.txt", "say " + name);
-        script += "cd \"\\" + name + "\\\"\r\n" + tool + '"' + name + "\" -OF\"" + name +
-                  "\" < \"Walk log.txt\"\r\n";
-        expected += (c / name).string() + '[' + name + "][-OF" + name + "]say " + name + '\n';
-    }
-    EXPECT_TRUE(run(script)) << shown;
-    EXPECT_EQ(echoed(), expected);
-    for (const std::string& name : names)
-        EXPECT_EQ(std::distance(fs::directory_iterator(c / name), {}), 1) << name;
 }
 
 TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
@@ -215,44 +198,4 @@ TEST_F(Batch, ShellOpensEditorsAndTellsWhatIsMissing) {
     fs::remove(home / "bin/xterm");
     write(c / "~kelmcon.bat");
     EXPECT_THROW(runtime.rtcShell("\"c:\\~kelmcon.bat\"", 1), core::RuntimeError);
-}
-
-TEST_F(Batch, NoNameOfAGameStartsOrMakesAnythingElse) {
-    const fs::path place = c / "nwb's $(x);&`y`";
-    fs::create_directories(place);
-    fs::create_symlink(NWBW_PROGRAMS "/nwbw-batch", place / "nwbw-batch");
-    program(home / "bin/uxterm", "#!/bin/sh\nshift\nexec \"$@\"\n");
-    fs::copy_file(NWBW_ECHO_CHILD, home / "bin/ed");
-    setenv("VISUAL", "ed", 1);
-    setenv("TERMINAL", "uxterm", 1);
-    LinuxRuntime runtime(nullptr, place);
-    model::FakeToolkit toolkit;
-    forms::Application application(toolkit, [](const auto& text) { ADD_FAILURE() << text; });
-    core::Program workbench{runtime, application, {}};
-    workbench.state.CompilerPath = "c:\\kelm\\tool.exe";
-    workbench.state.StartTab = 2;
-    auto& form = application.load<console::frmConsole>(workbench);
-    form.Show();
-    const std::string stems[] = {
-        "a&ed",    "a;ed", "a|ed",         "$(ed)",       "`ed`",
-        "a>b",     "a<b",  "$HOME",        "%PATH%",      "-rf",
-        "--help",  "*",    "a?b",          "[a]",         "{a,b}",
-        "~",       "a'b",  "a\"b",         "\\..\\..\\b", "c:",
-        "#x",      "a\tb", "a\ned\nexit",  "a\rb",        "\x1b]0;x\a",
-        "caf\xe9", "exit", "pause x & ed", "<walk log",   std::string(240, 'n')};
-    for (const std::string& stem : stems) {
-        const fs::path folder = c / stem;
-        write(folder / (stem + ".kel"));
-        fs::remove(home / "echo");
-        form.compile.txtFname.type(runtime.disk().toWindows(folder / (stem + ".kel")));
-        form.compile.btnCompile.click();
-        const std::string expected = folder.string() + '[' + stem + "][-List][-Height][0]\n" +
-                                     folder.string() + '[' + (folder / stem).string() + ".lis]\n";
-        for (int tries = 0; tries < 500 && echoed() != expected; ++tries)
-            std::this_thread::sleep_for(10ms);
-        ASSERT_EQ(echoed(), expected);
-        EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << stem;
-    }
-    EXPECT_EQ(std::distance(fs::directory_iterator(place), {}), 2);  // the interpreter and a script
-    EXPECT_EQ(std::distance(fs::directory_iterator(c), {}), 2 + std::ssize(stems));
 }

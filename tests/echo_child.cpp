@@ -1,11 +1,18 @@
 // Adds what it was started with to the file that NWBW_ECHO names: the folder, the words, and the
-// input, unless the last word tells that there is none.
+// input unless that is a keyboard. On Windows it adds nothing without the variable that keeps the
+// interpreter from starting programs of the current folder.
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
 
 namespace fs = std::filesystem;
 
@@ -16,15 +23,16 @@ static std::string textOf(const fs::path& words) {
 
 #ifdef _WIN32
 int wmain(int count, wchar_t* words[]) {
+    if (std::getenv("NoDefaultCurrentDirectoryInExePath") == nullptr) return 1;
+    const bool isKeyboard = _isatty(0) != 0;
 #else
 int main(int count, char* words[]) {
+    const bool isKeyboard = isatty(0) != 0;
 #endif
-    std::ofstream echo(std::getenv("NWBW_ECHO"), std::ios::app | std::ios::binary);
-    echo << textOf(fs::current_path());
+    std::string echo = textOf(fs::current_path());
     for (int i = 1; i < count; ++i)
-        echo << '[' << textOf(words[i]) << ']';
-    if (count == 1 || fs::path(words[count - 1]) != "no-input")
-        echo << std::string(std::istreambuf_iterator<char>(std::cin), {});
-    echo << '\n';
+        echo += '[' + textOf(words[i]) + ']';
+    if (!isKeyboard) echo += std::string(std::istreambuf_iterator<char>(std::cin), {});
+    std::ofstream(std::getenv("NWBW_ECHO"), std::ios::app | std::ios::binary) << echo + '\n';
     return 0;
 }

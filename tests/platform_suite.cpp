@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "core/text.h"
+#include "model.h"
 
 namespace {
 
@@ -38,7 +39,7 @@ class Platform : public System {
     /// Puts the echo child in a folder that is the search path; gives its path.
     [[nodiscard]] std::string echoChild() const {
         setVariable("NWBW_ECHO", place / "echo");
-        setVariable("PATH", place / "tools");
+        setSearchPath(place / "tools");
         fs::create_directories(place / "tools");
         fs::copy_file(NWBW_ECHO_CHILD, place / "tools/tool.exe");
         return in("tools\\tool.exe");
@@ -97,6 +98,7 @@ TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {
     fs::last_write_time(place / "x.tmp", now);
     EXPECT_EQ(changed("x.tmp") - changed("old.ini"), 2s);
 
+    const std::jthread heldForAWhile = hold(place / "x.tmp");
     runtime.vbaNameFile(in("x.tmp"), in("y.ini"));
     const std::pair<std::function<void()>, std::string> failures[] = {
         {[&] { runtime.vbaNameFile(in("y.ini"), in("OLD.ini")); },
@@ -126,27 +128,78 @@ TEST_F(Platform, GivesShortPaths) {
     EXPECT_EQ(runtime.GetShortPathName(in("my games\\none.kel")), "");
 }
 
-TEST_F(Platform, RunsAScript) {
+TEST_F(Platform, RunsAScriptInItsFolderAndNowhereElse) {
     const std::string child = core::quoted(echoChild());
-    write(place / "my games/walk log.txt", "say hello");
-    // Wine's interpreter reads scripts in a code page of its own: the accent stands behind the end.
+    for (const char* lead : {"q:", "cd \"\\none\\\"", "cd \"tools\\tool.exe\\\""}) {
+        write(place / "astray.bat", std::string(lead) + "\r\n" + child + " astray\r\n");
+        errorOf([&] { runtime.rtcShell(core::quoted(in("astray.bat")), Runtime::normalFocus); });
+    }
+    write(place / u8"Spiele für été/wälk log.txt", "say hello");
     write(place / "Nor & vane (x)/~kelmcon.bat",
-          folder.substr(0, 2) + "\r\ncd \"" + folder.substr(2) + "\\my games\\\"\r\n" + child +
-              " cave -Pack \"a & b\" -OF\"x y\" < \"walk log.txt\"\r\nexit\r\n" + child +
-              " märchen\r\n");
+          folder.substr(0, 2) + "\r\ncd \"" + folder.substr(2) + "\\Spiele für été\\\"\r\n" +
+              child + " märchen -Pack \"a & b\" -OF\"x y\" < \"wälk log.txt\"\r\nexit\r\n" + child +
+              "\r\n");
     runtime.rtcShell(core::quoted(in("Nor & vane (x)\\~kelmcon.bat")), Runtime::maximisedFocus);
-    EXPECT_EQ(echoed(), textOf(place / "my games") + "[cave][-Pack][a & b][-OFx y]say hello\n");
+    EXPECT_EQ(echoed(),
+              textOf(place / u8"Spiele für été") + "[märchen][-Pack][a & b][-OFx y]say hello\n");
 }
 
 TEST_F(Platform, StartsPrograms) {
     const std::string child = echoChild();
-    runtime.rtcShell(core::quoted(child) + " \"a märchen\" no-input", Runtime::normalFocus);
-    EXPECT_EQ(echoed(), textOf(place) + "[a märchen][no-input]\n");
-    runtime.rtcShell("tool.exe no-input", Runtime::normalFocus);
-    EXPECT_EQ(echoed(), textOf(place) + "[no-input]\n");
+    fs::copy_file(NWBW_ECHO_CHILD, place / "planted.exe");
+    fs::copy_file(NWBW_ECHO_CHILD, place / "tool.exe");
+    fs::copy_file(NWBW_ECHO_CHILD, place / "my tools.exe");
+    runtime.rtcShell(core::quoted(child) + " \"a märchen\"", Runtime::normalFocus);
+    EXPECT_EQ(echoed(), textOf(place) + "[a märchen]\n");
+    runtime.rtcShell(commandOf(place / "my tools.exe"), Runtime::normalFocus);
+    EXPECT_EQ(echoed(), textOf(place) + "\n");
+    runtime.rtcShell("tool.exe x", Runtime::normalFocus);
+    EXPECT_EQ(echoed(), textOf(place) + "[x]\n");
     for (const std::string& command :
-         {core::quoted(in("none.bat")), core::quoted(in("x.exe")), ""s})
+         {core::quoted(in("none.bat")), core::quoted(in("none.bat")) + " a&ed",
+          core::quoted(in("x.exe")), "planted.exe x"s, "\"planted.exe\" x"s, ""s})
         EXPECT_NE(errorOf([&] { runtime.rtcShell(command, Runtime::normalFocus); }), "") << command;
+}
+
+TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
+    const std::string tool = echoChild();
+    for (const char* other : {"ed", "ed.exe", "notepad.exe"})
+        fs::copy_file(NWBW_ECHO_CHILD, place / "tools" / other);
+    setVariable("VISUAL", "ed");
+    model::FakeToolkit toolkit;
+    std::string box;
+    forms::Application application(toolkit, [&](const std::string& text) { box = text; });
+    core::Program workbench{runtime, application, {}};
+    workbench.state.CompilerPath = tool;
+    workbench.state.StartTab = 2;
+    auto& form = application.load<console::frmConsole>(workbench);
+    form.Show();
+    const auto compile = [&](const std::string& stem) {
+        const fs::path folder = place / "games" / pathOf(stem);
+        write(folder / pathOf(stem + ".kel"));
+        fs::remove(place / "echo");
+        box.clear();
+        form.compile.txtFname.type(asTyped(runtime, folder / pathOf(stem + ".kel")));
+        form.compile.btnCompile.click();
+        return folder;
+    };
+    for (const std::string& stem : ordinaryNames) {
+        const fs::path game = compile(stem);
+        const auto [given, listing] = wordsFor(runtime, game / pathOf(stem));
+        const std::string expected = textOf(game) + '[' + given + "][-List][-Height][0]\n" +
+                                     textOf(game) + '[' + listing + ".lis]\n";
+        for (int tries = 0; tries < 1000 && contentOf(place / "echo") != expected; ++tries)
+            std::this_thread::sleep_for(20ms);
+        ASSERT_EQ(contentOf(place / "echo"), expected) << box;
+        EXPECT_EQ(std::distance(fs::directory_iterator(game), {}), 1) << stem;
+    }
+    for (const auto& [stem, character] : refusedNames) {
+        compile(stem);
+        EXPECT_NE(box.find(core::quoted(character) + " in the name "), std::string::npos) << box;
+        EXPECT_EQ(contentOf(place / "echo"), "");
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(place / "games"), {}),
+              std::ssize(ordinaryNames) + std::ssize(refusedNames));
 }
 
 TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {

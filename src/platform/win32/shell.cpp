@@ -1,10 +1,12 @@
 #include "platform/win32/shell.h"
 
 #include <algorithm>
+#include <cwchar>
 
 #include "core/runtime.h"
 #include "core/text.h"
 #include "platform/win32/file.h"
+#include "platform/win32/script_reading.h"
 #include "platform/win32/system_error.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/windows_api.h"
@@ -13,11 +15,73 @@ namespace platform {
 
 namespace {
 
-/// The program that a command begins with, without its quotes.
-std::string programOf(const std::string& command) {
-    if (!command.starts_with('"')) return command.substr(0, command.find(' '));
-    return command.substr(1, command.find('"', 1) - 1);
+/// True of a path that counts from no current folder and no current drive.
+bool isWhole(const std::string& path) {
+    const auto isSlash = [](char c) { return c == '\\' || c == '/'; };
+    return path.starts_with("\\\\") || (path.size() > 2 && path[1] == ':' && isSlash(path[2]));
 }
+
+bool isFile(const std::string& path) {
+    const DWORD attributes = GetFileAttributesW(wide(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::string systemFolder() {
+    std::wstring folder(MAX_PATH, L'\0');
+    folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
+    return narrow(folder);
+}
+
+/// The folders of the search path that mean the same from everywhere.
+std::string safeSearchPath() {
+    std::wstring variable(GetEnvironmentVariableW(L"PATH", nullptr, 0), L'\0');
+    variable.resize(
+        GetEnvironmentVariableW(L"PATH", variable.data(), static_cast<DWORD>(variable.size())));
+    std::string folders = narrow(variable);
+    std::erase(folders, '"');
+    std::string safe;
+    for (std::string_view rest = folders; !rest.empty();) {
+        const std::string folder(rest.substr(0, rest.find(';')));
+        rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
+        if (isWhole(folder)) safe += folder + ';';
+    }
+    return safe;
+}
+
+/// Keeps programs that lie in a game's folder from being started for those of the system, here and
+/// in all that is started.
+void guardSearchPath(const std::string& folders) {
+    SetEnvironmentVariableW(L"PATH", wide(folders).c_str());
+    SetEnvironmentVariableW(L"NoDefaultCurrentDirectoryInExePath", L"1");
+}
+
+/// Where a program without a path lies.
+std::string found(const std::string& name, const std::string& folders) {
+    std::wstring path(32768, L'\0');
+    const DWORD length =
+        SearchPathW(wide(systemFolder() + ';' + folders).c_str(), wide(name).c_str(), L".exe",
+                    static_cast<DWORD>(path.size()), path.data(), nullptr);
+    if (length == 0) fail("start", name);
+    path.resize(length);
+    return narrow(path);
+}
+
+/// A command parted into its program, without quotes, and all that stands behind it.
+struct Command {
+    explicit Command(const std::string& text) {
+        if (isWhole(text) && isFile(text)) {
+            program = text;
+            return;
+        }
+        const bool isQuoted = text.starts_with('"');
+        const std::size_t end = isQuoted ? text.find('"', 1) : text.find(' ');
+        program = text.substr(isQuoted ? 1 : 0, isQuoted ? end - 1 : end);
+        if (end != std::string::npos) arguments = text.substr(isQuoted ? end + 1 : end);
+    }
+
+    std::string program;
+    std::string arguments;  ///< with the blank before them
+};
 
 bool isScript(const std::string& program) {
     constexpr int extension = 4;
@@ -26,45 +90,93 @@ bool isScript(const std::string& program) {
     return lstrcmpiW(end.c_str(), L".bat") == 0 || lstrcmpiW(end.c_str(), L".cmd") == 0;
 }
 
-/// The path, quoted, of a program that comes with the system.
-std::string ofSystem(const std::string& program) {
-    std::wstring folder(MAX_PATH, L'\0');
-    folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
-    return core::quoted(narrow(folder) + '\\' + program);
+/// The code page in which a new console begins, and in which the interpreter reads scripts there.
+unsigned consoleCodePage() {
+    DWORD chosen = 0;
+    DWORD size = sizeof(chosen);
+    if (RegGetValueW(HKEY_CURRENT_USER, L"Console", L"CodePage", RRF_RT_REG_DWORD, nullptr, &chosen,
+                     &size) == ERROR_SUCCESS) {
+        return chosen;
+    }
+    // The process itself is in UTF-8, whatever the system is in.
+    wchar_t number[16] = {};
+    size = sizeof(number);
+    RegGetValueW(HKEY_LOCAL_MACHINE, LR"(SYSTEM\CurrentControlSet\Control\Nls\CodePage)", L"OEMCP",
+                 RRF_RT_REG_SZ, nullptr, number, &size);
+    return std::wcstoul(number, nullptr, 10);
 }
 
-/// Has the interpreter run the script. It reads one in the code page of its console, which stays
-/// the user's own unless the script needs another.
-std::string interpreted(const std::string& script, const std::string& command) {
-    const std::string text = readFile(script);
-    const bool isPlain =
-        std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
-    const std::string before =
-        isPlain ? "" : ofSystem("chcp.com") + ' ' + std::to_string(utf8) + " >nul & ";
-    return ofSystem("cmd.exe") + " /s /c " + core::quoted(before + command);
+/// Brings the script into the code page in which the interpreter will read it. Gives what the
+/// interpreter has to do first: a console is changed only for a script that needs it.
+std::string encode(const std::string& script, const std::string& text) {
+    const std::wstring characters = wide(text);
+    const unsigned codePage = consoleCodePage();
+    const std::string bytes = narrow(characters, codePage);
+    // A mere likeness of a character is another character.
+    if (bytes.empty() || wide(bytes, codePage) != characters)
+        return core::quoted(systemFolder() + "\\chcp.com") + ' ' + std::to_string(utf8) +
+               " >nul & ";
+    if (bytes != text) write(openForOutput(script), bytes, script);
+    return "";
 }
 
-void start(const std::string& program, const std::string& command, bool maximised) {
+/// Starts the program with the whole command line, in the folder or, if none is given, in the
+/// current one.
+void start(const std::string& program, const std::string& command, const std::string& folder,
+           bool maximised) {
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = maximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL;
     PROCESS_INFORMATION process = {};
     std::wstring line = wide(command);
-    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NEW_CONSOLE, nullptr,
-                       nullptr, &startup, &process) == FALSE) {
+    if (CreateProcessW(wide(program).c_str(), line.data(), nullptr, nullptr, FALSE,
+                       CREATE_NEW_CONSOLE | CREATE_DEFAULT_ERROR_MODE, nullptr,
+                       folder.empty() ? nullptr : wide(folder).c_str(), &startup,
+                       &process) == FALSE) {
         fail("start", program);
     }
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
 }
 
+/// Has the interpreter run the script, free of the user's start-up commands, which may change the
+/// code page.
+void startScript(const std::string& script, const std::string& arguments, bool maximised) {
+    const std::string command = core::quoted(script) + arguments;
+    checkLine(command);
+    std::string before;
+    std::string folder;
+    if (arguments.empty()) {
+        const std::string text = readFile(script);
+        folder = folderOfScript(text);
+        if (GetFullPathNameW(wide(folder).c_str(), 0, nullptr, nullptr) > MAX_PATH)
+            fail("go to", folder, ERROR_FILENAME_EXCED_RANGE);
+        if (!folder.empty()) requireFolder(folder);
+        before = encode(script, text);
+    }
+    // Begins where the "cd" line leads to, so that no tool runs elsewhere even if that line should
+    // fail. One that counts from the current folder needs that folder.
+    if (!folder.substr(core::drivePart(folder).size()).starts_with('\\')) folder.clear();
+    const std::string interpreter = systemFolder() + "\\cmd.exe";
+    start(interpreter,
+          core::quoted(interpreter) + " /d /e:on /v:off /s /c " + core::quoted(before + command),
+          folder, maximised);
+}
+
 }  // namespace
 
-void startCommand(const std::string& command, bool maximised) {
-    const std::string program = programOf(command);
+void startCommand(const std::string& text, bool maximised) {
+    auto [program, arguments] = Command(text);
     if (program.empty()) throw core::RuntimeError("Cannot start a program: none is named.");
-    start(program, isScript(program) ? interpreted(program, command) : command, maximised);
+    const std::string folders = safeSearchPath();
+    guardSearchPath(folders);
+    if (program.find_first_of("\\/:") == std::string::npos) program = found(program, folders);
+    if (isScript(program)) {
+        startScript(program, arguments, maximised);
+    } else {
+        start(program, core::quoted(program) + arguments, "", maximised);
+    }
 }
 
 }  // namespace platform

@@ -12,11 +12,11 @@ std::wstring wide(std::string_view text, unsigned codePage) {
     return result;
 }
 
-std::string narrow(std::wstring_view text) {
+std::string narrow(std::wstring_view text, unsigned codePage) {
     const int size = static_cast<int>(text.size());
     std::string result(
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), size, result.data(),
+        WideCharToMultiByte(codePage, 0, text.data(), size, nullptr, 0, nullptr, nullptr), '\0');
+    WideCharToMultiByte(codePage, 0, text.data(), size, result.data(),
                         static_cast<int>(result.size()), nullptr, nullptr);
     return result;
 }

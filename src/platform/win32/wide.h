@@ -11,7 +11,8 @@ inline constexpr unsigned utf8 = 65001;
 /// the other code page that is given, becomes U+FFFD.
 std::wstring wide(std::string_view text, unsigned codePage = utf8);
 
-/// The system's text in UTF-8. Half a surrogate pair becomes U+FFFD.
-std::string narrow(std::wstring_view text);
+/// The system's text in UTF-8, or in another code page. Half a surrogate pair becomes U+FFFD, and
+/// what the other code page lacks a likeness or a question mark.
+std::string narrow(std::wstring_view text, unsigned codePage = utf8);
 
 }  // namespace platform

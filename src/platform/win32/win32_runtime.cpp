@@ -83,6 +83,11 @@ bool isUnknown(DWORD error) {
 
 }  // namespace
 
+Win32Runtime::Win32Runtime(MessageBox messageBox) : messageBox_(std::move(messageBox)) {
+    // A drive without a disk is an error of the operation, not a box of the system's.
+    SetErrorMode(SEM_FAILCRITICALERRORS);
+}
+
 std::string Win32Runtime::AppPath() {
     const std::string program = textFrom(
         [](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); });
@@ -135,12 +140,7 @@ void Win32Runtime::vbaFileClose() {
 
 void Win32Runtime::vbaPrintFile(const std::string& text) {
     if (!output_) throw RuntimeError("Cannot write: no file is open for output");
-    const std::string line = text + std::string(core::crlf);
-    DWORD written = 0;
-    if (WriteFile(output_.get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr) ==
-        FALSE) {
-        fail("write", outputPath_);
-    }
+    write(output_, text + core::crlf, outputPath_);
 }
 
 void Win32Runtime::vbaFileFlush() {
@@ -148,13 +148,14 @@ void Win32Runtime::vbaFileFlush() {
 }
 
 void Win32Runtime::rtcKillFiles(const std::string& path) {
-    if (DeleteFileW(wide(path).c_str()) == FALSE) fail("delete", path);
+    if (!insist([&] { return DeleteFileW(wide(path).c_str()) != FALSE; })) fail("delete", path);
 }
 
 void Win32Runtime::vbaNameFile(const std::string& from, const std::string& to) {
-    if (MoveFileExW(wide(from).c_str(), wide(to).c_str(), MOVEFILE_WRITE_THROUGH) == FALSE) {
-        fail("rename " + from + " to", to);
-    }
+    const bool renamed = insist([&] {
+        return MoveFileExW(wide(from).c_str(), wide(to).c_str(), MOVEFILE_WRITE_THROUGH) != FALSE;
+    });
+    if (!renamed) fail("rename " + from + " to", to);
 }
 
 core::Runtime::Answer Win32Runtime::rtcMsgBox(const std::string& text, int flags,

@@ -16,7 +16,8 @@ class Win32Runtime : public core::Runtime {
     using MessageBox =
         std::function<Answer(const std::string& text, int flags, const std::string& title)>;
 
-    explicit Win32Runtime(MessageBox messageBox) : messageBox_(std::move(messageBox)) {}
+    /// Has the system report critical errors of this process to the operations alone.
+    explicit Win32Runtime(MessageBox messageBox);
 
     std::string AppPath() override;
     std::string TempPath() override;
