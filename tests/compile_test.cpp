@@ -28,6 +28,13 @@ struct Compile : testing::Test {
 TEST_F(Compile, TheFileNameMakesTheCommands) {
     runtime.shortNames[R"(c:\my games\wizardquest.kel)"] = R"(c:\MYGAME~1\WIZARD~1.KEL)";
     runtime.shortNames[R"(c:\games\epistle99.kelm)"] = R"(c:\games\EPISTL~1.KEL)";
+    runtime.shortNames["c:ninechars.kel"] = "c:NINECH~1.KEL";
+    runtime.shortNames[R"(c:\data\nine chars.kel)"] = R"(c:\data\nine chars.kel)";
+    for (const int length : {254, 255}) {
+        const std::string name = std::to_string(length) + "characters";
+        runtime.shortNames[name] =
+            std::string(length - 13, 'x') + '\\' + name.substr(0, 8) + ".KEL";
+    }
     const struct {
         std::string typed, lead, stem;
     } cases[] = {
@@ -43,6 +50,10 @@ TEST_F(Compile, TheFileNameMakesTheCommands) {
         {"", "", ""},
         {"éééééééé.kel", "", "éééééééé"},
         {"ninechars.kel", "", ""},
+        {"c:ninechars.kel", "c:|", "NINECH~1"},
+        {R"(c:\data\nine chars.kel)", R"(c:|cd "\data\"|)", "nine chars"},
+        {"254characters", "", "254chara"},
+        {"255characters", "", ""},
         {"my game.kel", "", "my game"},
         {R"(c:\my games\wizardquest.kel)", R"(c:|cd "\my games\"|)", "WIZARD~1"},
         {R"(c:\my games\wizardquest)", R"(c:|cd "\my games\"|)", "WIZARD~1"},
@@ -84,6 +95,7 @@ TEST_F(Compile, ThePressWritesAndStartsTheScript) {
     panel.chkDebug.click();
     panel.chkFullsource.click();
     panel.optCharset(1).click();
+    form.play.txtFnameP.Text = R"(d:\other.kcd)";  // leaves its stem with the script
     EXPECT_TRUE(form.pressDefault());
     EXPECT_EQ(runtime.files[script].text,
               lines(R"(c:|cd "\my games\"|)" + tool +
@@ -133,6 +145,14 @@ TEST_F(Compile, TheChecksStandInTheirOrder) {
     runtime.files[base + ".kcd"].changed = 12;
     runtime.answer = core::Runtime::Answer::Yes;
     panel.txtFname.type(base + ".kel");
+    panel.btnCompile.click();
+    EXPECT_EQ(runtime.lastBox(),
+              "48 The file \"" + base +
+                  ".kel\" cannot be given to the tool: its path has no short form of up to 254 "
+                  "characters. Give the file a name of one to eight characters, or move it nearer "
+                  "to the root of its drive.");
+    EXPECT_FALSE(runtime.files.contains(script));
+    runtime.shortNames[base + ".kel"] = base + ".kel";  // its drive keeps no short names
     panel.btnCompile.click();
     EXPECT_EQ(runtime.shells.size(), 1u) << "Yes goes on";
 }

@@ -109,7 +109,7 @@ TEST(Console, AStoreThatCannotBeWrittenCostsNoSettings) {
     form.edit.txtFnameE.type("new.kel");
     desk.runtime.failAt = desk.runtime.calls + 1;
     form.close();
-    EXPECT_EQ(desk.runtime.lastBox(), "rtcSaveSetting failed");
+    EXPECT_EQ(desk.runtime.lastBox(), "48 rtcSaveSetting failed");
     EXPECT_NE(desk.runtime.files[R"(c:\nwb\nwbw.ini)"].text.find("new.kel"), std::string::npos);
 }
 

@@ -292,6 +292,8 @@ TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
     EXPECT_EQ(press(), R"(1 d:\tools\MSINFO32.EXE)");
     path["PATH"] = {1, R"(c:\info.exe)"};
     EXPECT_EQ(press(), R"(1 c:\info.exe)");
+    runtime.failAt = runtime.calls + 1;
+    EXPECT_EQ(press(), unavailable) << "a start that fails is told in the same words";
 
     const std::string key = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
     path["N"] = {4, std::string("\x05\x01\x00\x00", 4)};

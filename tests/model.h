@@ -50,7 +50,13 @@ class FakeRuntime : public core::Runtime {
     int failAt = -1;        ///< the call of this number fails, counted from 1
     int killAt = -1;        ///< before the call of this number the process ends
 
-    std::string lastBox() const { return boxes.empty() ? "" : boxes.back().text; }
+    /// The text of the last box, behind its style and a blank unless it is a plain one, and with
+    /// its own title, if it has one, in front of all.
+    std::string lastBox() const {
+        if (boxes.empty()) return "";
+        const Box& box = boxes.back();
+        return box.title + (box.flags != 0 ? std::to_string(box.flags) + ' ' : "") + box.text;
+    }
 
     std::string AppPath() override { return "c:\\nwb"; }
     std::string TempPath() override { return "c:\\temp"; }

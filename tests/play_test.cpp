@@ -91,16 +91,24 @@ TEST_F(Play, ThePlayerIsCheckedThenTheGame) {
                                              " not found. Please check program location settings.");
         }
         runtime.files[state.*players[i].path = "krun.exe"];
+        form.compile.txtFname.Text =
+            "other" + std::to_string(i);  // leaves its stem with the script
         panel.btnPlay.click();
         EXPECT_EQ(runtime.lastBox(), R"(Kelm game file "d:\games\cave.kcd" not found)");
         runtime.files[R"(d:\games\cave.kcd)"];
-        panel.btnPlay.click();
+        EXPECT_TRUE(form.pressDefault());
         EXPECT_EQ(runtime.shells.back(),
                   players[i].style + std::string(R"( "c:\nwb\~kelmcon.bat")"));
         EXPECT_EQ(runtime.files[R"(c:\nwb\~kelmcon.bat)"].text,
                   lines(R"(d:|cd "\games\"|"krun.exe" cave|)"));
         runtime.files.clear();
     }
+    const std::string tale = R"(d:\games\long tale.kcd)";
+    runtime.files["krun.exe"];
+    runtime.files[tale];
+    panel.txtFnameP.type(runtime.shortNames[tale] = tale);
+    panel.btnPlay.click();
+    EXPECT_EQ(runtime.lastBox().substr(0, 45), R"(48 The file "d:\games\long tale.kcd" cannot b)");
     EXPECT_EQ(runtime.shells.size(), 3u);
 }
 

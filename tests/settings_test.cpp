@@ -145,7 +145,7 @@ bool work(FakeRuntime& runtime) {
     console::Workbench workbench(runtime, toolkit);
     workbench.start();
     const bool loaded = runtime.boxes.empty() || runtime.boxes.back().flags != 48 ||
-                        runtime.lastBox().starts_with("NWB/w cannot write");
+                        runtime.lastBox().starts_with("48 NWB/w cannot write");
     forms::Application& application = workbench.application();
     application.Forms(0).keyPress('x');
     dynamic_cast<console::frmConsole&>(application.Forms(0)).tbsOptions.pick(4);

@@ -72,7 +72,9 @@ TEST_F(Spelling, TheChecksStandInTheirOrder) {
         " exists. If you wish to overwrite it tick the 'Overwrite existing output file' option and "
         "then click the Extract button again.";
     const std::string settings = " not found. Please check program location settings.";
-    panel.txtFnameS.type(R"(c:\g\longername.kelm)");
+    std::string& shortPath = runtime.shortNames[R"(c:\g\longer name.kelm)"];
+    shortPath = R"(c:\g\LONGER~1.KEL)";
+    panel.txtFnameS.type(R"(c:\g\longer name.kelm)");
     EXPECT_EQ(boxAfter(panel.btnExtract), "KLex program " + klex + settings);
     state.ExtractorPath.clear();
     EXPECT_EQ(boxAfter(panel.btnExtract), "KLex program " + settings);
@@ -82,12 +84,13 @@ TEST_F(Spelling, TheChecksStandInTheirOrder) {
                   " not found. Please change the program location in the Settings menu or just "
                   "turn off 'open in wordprocessor' option on this panel.");
     panel.chkAutoOpen.click();
+    form.compile.txtFname.Text = R"(d:\other.kel)";  // leaves its stem with the script
     EXPECT_EQ(boxAfter(panel.btnExtract),
-              R"x(Kelm source code file "c:\g\longername.kel(m)" not found)x");
-    for (const char* file : {R"(c:\g\longername.kelm)", R"(c:\g\longername.txt)", "mine.txt"}) {
+              R"x(Kelm source code file "c:\g\longer name.kel(m)" not found)x");
+    for (const char* file : {R"(c:\g\longer name.kelm)", R"(c:\g\longer name.txt)", "mine.txt"}) {
         runtime.files[file];
     }
-    EXPECT_EQ(boxAfter(panel.btnExtract), R"(Output file "c:\g\longername.txt")" + hint);
+    EXPECT_EQ(boxAfter(panel.btnExtract), R"(Output file "c:\g\longer name.txt")" + hint);
     panel.chkOutputfile.click();
     panel.txtFnameO.type("mine.txt");
     EXPECT_EQ(boxAfter(panel.btnExtract), "Output file \"mine.txt\"" + hint);
@@ -98,7 +101,14 @@ TEST_F(Spelling, TheChecksStandInTheirOrder) {
     EXPECT_EQ(boxAfter(panel.btnExtract), "");
     EXPECT_EQ(runtime.shells, std::vector<std::string>(2, "1 \"" + script + "\""));
     EXPECT_EQ(runtime.files[script].text,
-              lines(R"(c:|cd "\g\"|")" + klex + "\"  -OO -FF -PC  -OFmine.txt|"));
+              lines(R"(c:|cd "\g\"|")" + klex + "\" LONGER~1 -OO -FF -PC  -OFmine.txt|"));
+    shortPath = R"(c:\g\longer name.kelm)";  // its drive keeps no short names
+    EXPECT_EQ(
+        boxAfter(panel.btnExtract),
+        R"(48 The file "c:\g\longer name.kelm" cannot be given to the tool: its drive keeps no )"
+        "short form of the name, and the tool would take a name with blanks for several. Give "
+        "the file a name of at most eight characters, or one without blanks.");
+    EXPECT_EQ(runtime.shells.size(), 2u);
 }
 
 TEST_F(Spelling, TheEditorIsStartedDirectly) {

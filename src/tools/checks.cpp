@@ -2,6 +2,7 @@
 
 #include "core/module1.h"
 #include "core/text.h"
+#include "tools/command_script.h"
 
 namespace tools {
 
@@ -28,6 +29,23 @@ std::string requireSource(Runtime& runtime, const std::string& fileBase) {
     runtime.rtcMsgBox("Kelm source code file " + core::quoted(fileBase + ".kel(m)") + " not found",
                       Runtime::okOnly);
     return {};
+}
+
+bool requireStem(Runtime& runtime, const std::string& stem, const std::string& file) {
+    const bool hasBlanks = stem.find(' ') != std::string::npos;
+    if (!stem.empty() && (core::length(stem) <= longestStem || !hasBlanks)) return true;
+    runtime.rtcMsgBox(
+        "The file " + core::quoted(file) +
+            (stem.empty()
+                 ? " cannot be given to the tool: its path has no short form of up to 254 "
+                   "characters. "
+                   "Give the file a name of one to eight characters, or move it nearer to the root "
+                   "of its drive."
+                 : " cannot be given to the tool: its drive keeps no short form of the name, and "
+                   "the tool would take a name with blanks for several. Give the file a name of at "
+                   "most eight characters, or one without blanks."),
+        Runtime::exclamation);
+    return false;
 }
 
 }  // namespace tools

@@ -19,4 +19,9 @@ bool requireEditor(core::Runtime& runtime, const std::string& path);
 /// is neither, tells so and gives the empty text.
 std::string requireSource(core::Runtime& runtime, const std::string& fileBase);
 
+/// True if a tool can be told the file, which exists, by the stem that stands for it in the
+/// commands. It cannot if there is no short path that is short enough, or if the drive keeps no
+/// short names and the long stem holds blanks: the tool would see several names.
+bool requireStem(core::Runtime& runtime, const std::string& stem, const std::string& file);
+
 }  // namespace tools

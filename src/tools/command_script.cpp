@@ -23,7 +23,6 @@ void CommandScript::SplitFileName(const std::string& fileText, forms::TextBox& b
 
 void CommandScript::ShortenStem(const std::string& fileText,
                                 std::initializer_list<std::string_view> extensions) {
-    constexpr std::size_t longestStem = 8;
     if (core::length(FileStem) <= longestStem) return;
 
     std::string shortPath = core::GetShortName(program_.runtime, fileText);

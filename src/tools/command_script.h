@@ -9,6 +9,9 @@
 
 namespace tools {
 
+/// A stem of more characters than this goes into the commands in its short form.
+inline constexpr std::size_t longestStem = 8;
+
 /// What the three panels with a command script have in common: the split of the panel's file name
 /// into commands, and the script's way to disk and into its own console. One instance serves all
 /// three, so the fields describe the panel that was rebuilt last.
@@ -25,9 +28,9 @@ class CommandScript {
     /// file's folder asks for, and sets FileStem and FileBase.
     void SplitFileName(const std::string& fileText, forms::TextBox& box);
 
-    /// Replaces a FileStem of more than 8 characters by its short form. Where the file text names
-    /// nothing on the disk, the extensions are tried in turn behind FileBase; FileStem becomes
-    /// empty if none of them names a file.
+    /// Replaces a FileStem that is longer than longestStem by its short form. Where the file text
+    /// names nothing on the disk, the extensions are tried in turn behind FileBase; FileStem
+    /// becomes empty if none of them names a file.
     void ShortenStem(const std::string& fileText,
                      std::initializer_list<std::string_view> extensions);
 

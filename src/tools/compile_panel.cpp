@@ -53,6 +53,7 @@ void CompilePanel::btnCompile_Click() {
                         " not found. Please check program location in Settings menu.")) {
         return;
     }
+    if (!requireStem(runtime, script_.FileStem, source)) return;
     script_.RunCommandScript(txtCmdline.Text, true, Runtime::normalFocus);
 }
 

@@ -55,6 +55,7 @@ void PlayPanel::btnPlay_Click() {
         runtime.rtcMsgBox("Kelm game file " + core::quoted(game) + " not found", Runtime::okOnly);
         return;
     }
+    if (!requireStem(runtime, script_.FileStem, game)) return;
     script_.RunCommandScript(txtCmdlineP.Text, false,
                              optPlayer(0).Value ? Runtime::normalFocus : Runtime::maximisedFocus);
 }

@@ -58,8 +58,10 @@ void SpellingPanel::btnExtract_Click() {
                         "just turn off 'open in wordprocessor' option on this panel.")) {
         return;
     }
-    if (requireSource(runtime, script_.FileBase).empty()) return;
+    const std::string source = requireSource(runtime, script_.FileBase);
+    if (source.empty()) return;
     if (!chkOverwrite.Value && !mayWriteOutput()) return;
+    if (!requireStem(runtime, script_.FileStem, source)) return;
     script_.RunCommandScript(txtCmdlineS.Text, false, Runtime::normalFocus);
 }
 
