@@ -39,6 +39,16 @@ constexpr Figure figures[] = {
     {"Save, against a write with a flush", "us", "save", "writeAndFlush", 1.5},
 };
 
+/// Why a run ended early, empty if it did not. Newer versions of the library name it otherwise.
+template <typename AnyRun>
+const std::string& trouble(const AnyRun& run) {
+    if constexpr (requires { run.error_message; }) {
+        return run.error_message;
+    } else {
+        return run.skip_message;
+    }
+}
+
 /// Collects the runs and prints the table at the end.
 class Table : public benchmark::BenchmarkReporter {
   public:
@@ -47,9 +57,8 @@ class Table : public benchmark::BenchmarkReporter {
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
             if (run.run_type != Run::RT_Iteration) continue;
-            if (run.error_occurred)
-                std::printf("%s: %s\n", run.run_name.function_name.c_str(),
-                            run.error_message.c_str());
+            if (!trouble(run).empty())
+                std::printf("%s: %s\n", run.run_name.function_name.c_str(), trouble(run).c_str());
             std::string name = run.run_name.function_name;
             if (!run.run_name.args.empty()) name += '/' + run.run_name.args;
             times_[name].push_back(run.GetAdjustedRealTime());
