@@ -35,7 +35,9 @@ void checkRanges(const AppState& state) {
 
 /// As the file can hold it.
 std::string storable(std::string text) {
-    std::erase_if(text, [](char c) { return c == '"' || c == '\r' || c == '\n'; });
+    std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+    const bool isQuoted = text.starts_with(' ') || text.find(',') != std::string::npos;
+    if (isQuoted || text.starts_with('"')) std::erase(text, '"');
     return text;
 }
 

@@ -73,10 +73,14 @@ class FakeRuntime : public core::Runtime {
         if (readOnly && mode == OpenMode::Output && path.starts_with(AppPath()))
             throw core::RuntimeError("Permission denied");
         open_ = path;
-        if (mode == OpenMode::Output) files[path].text.clear();
+        printed_.clear();
+        if (mode == OpenMode::Output) files[unflushed_ = path].text.clear();
         reader_ = core::FieldReader(files.at(path).text);
     }
-    void vbaFileClose() override { step("vbaFileClose"); }
+    void vbaFileClose() override {
+        step("vbaFileClose");
+        files[open_].text += std::exchange(printed_, "");
+    }
     std::string vbaInputFile() override {
         step("vbaInputFile");
         return reader_.next();
@@ -84,11 +88,14 @@ class FakeRuntime : public core::Runtime {
     bool rtcEndOfFile() override { return reader_.atEnd(); }
     void vbaPrintFile(const std::string& text) override {
         step("vbaPrintFile");
-        files[open_].text += text + "\r\n";
-        unflushed_ = open_;
+        printed_ += text + "\r\n";
     }
+    /// What is printed comes to the disk only here; the half of it where this is cut short.
     void vbaFileFlush() override {
+        const std::string text = std::exchange(printed_, "");
+        files[open_].text += text.substr(0, text.size() / 2);
         step("vbaFileFlush");
+        files[open_].text += text.substr(text.size() / 2);
         unflushed_.clear();
     }
     void rtcKillFiles(const std::string& path) override {
@@ -153,6 +160,7 @@ class FakeRuntime : public core::Runtime {
     }
 
     std::string open_;
+    std::string printed_;
     std::string unflushed_;
     core::FieldReader reader_{""};
 };

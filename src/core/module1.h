@@ -18,6 +18,9 @@ struct Program {
     AppState state;
     /// Nothing could be written beside the program when it started, and the user knows.
     bool folderIsReadOnly = false;
+    /// The settings file that could not be read, until the user has been told where it is; else
+    /// empty.
+    std::string unreadSettings = {};
 };
 
 /// The start of a run: shows the splash, then fills the state from the settings file. Tells the

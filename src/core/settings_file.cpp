@@ -95,13 +95,18 @@ void readFolders(Runtime& runtime, AppState& state) {
     }
 }
 
-/// Opens a settings file and tells whether its first field is the header.
+void useDefaults(Program& program, const char* reason) {
+    program.runtime.rtcMsgBox(reason, Runtime::okOnly);
+    program.state = defaults();
+}
+
+/// Opens a settings file whose first field is the header; else the defaults serve.
 bool openWithHeader(Program& program, const std::string& path, const char* header) {
     Runtime& runtime = program.runtime;
     runtime.vbaFileOpen(path, Runtime::OpenMode::Input);
     if (runtime.vbaInputFile() == header) return true;
     runtime.vbaFileClose();
-    runtime.rtcMsgBox(unknownFormat, Runtime::okOnly);
+    useDefaults(program, unknownFormat);
     return false;
 }
 
@@ -121,32 +126,55 @@ void readBeta3(Program& program, const std::string& path) {
     program.runtime.vbaFileClose();
 }
 
-/// Carries out the last rename of a save that was cut off in front of it.
-void completeSave(Runtime& runtime, const SettingsPaths& paths) {
-    if (!exists(runtime, paths.current) && exists(runtime, paths.writing) &&
-        exists(runtime, paths.backup)) {
-        runtime.vbaNameFile(paths.writing, paths.current);
+/// True if the file was written as far as its folders, which have no end that could be missing.
+bool isWhole(Runtime& runtime, const std::string& path) {
+    runtime.vbaFileOpen(path, Runtime::OpenMode::Input);
+    const bool isCurrent = runtime.vbaInputFile() == currentHeader;
+    for (std::size_t field = 0; field < std::size(textFields) + std::size(hideFlags) + 1; ++field)
+        runtime.vbaInputFile();
+    const int tab = numberWithin(runtime.vbaInputFile(), firstTab, lastTab, 0);
+    runtime.vbaFileClose();
+    return isCurrent && tab != 0;
+}
+
+/// Looks a file up for the load. An error from now on leaves it noted as unread.
+bool found(Program& program, const std::string& path) {
+    program.unreadSettings = path;
+    return exists(program.runtime, path);
+}
+
+/// Carries out the last rename of a save that was cut off in front of it, if it was.
+bool completeSave(Program& program, const SettingsPaths& paths) {
+    Runtime& runtime = program.runtime;
+    if (!found(program, paths.writing) || !exists(runtime, paths.backup)) return false;
+    if (!isWhole(runtime, paths.writing)) return false;
+    runtime.vbaNameFile(paths.writing, paths.current);
+    program.unreadSettings = paths.current;
+    return true;
+}
+
+void load(Program& program, const SettingsPaths& paths) {
+    if (found(program, paths.current) || completeSave(program, paths)) {
+        readCurrent(program, paths.current);
+    } else if (found(program, paths.beta3)) {
+        readBeta3(program, paths.beta3);
+    } else {
+        useDefaults(program, noFile);
     }
+    program.unreadSettings.clear();
 }
 
-void removeBackup(Runtime& runtime, const SettingsPaths& paths) {
-    if (exists(runtime, paths.backup)) runtime.rtcKillFiles(paths.backup);
-}
-
-/// Leaves no state in which what is about to be written could be taken for whole before it is.
-void prepareSave(Runtime& runtime, const SettingsPaths& paths) {
-    if (exists(runtime, paths.current)) return;
-    completeSave(runtime, paths);  // else the only whole copy could be overwritten
-    // A user may have taken the settings file away, but not its backup.
-    if (!exists(runtime, paths.current)) removeBackup(runtime, paths);
+bool needsQuotes(const std::string& text) {
+    return text.starts_with(' ') || text.find(',') != std::string::npos;
 }
 
 /// A text as it goes on its line, such that reading gives it back and no other field moves. The
-/// file has no way to hold a double quote or a line break, so these are left out.
+/// file has no way to hold a line break, nor a double quote in front of a text or inside of one
+/// that needs quotes itself, so these are left out.
 std::string stored(std::string text) {
-    std::erase_if(text, [](char c) { return c == '"' || c == '\r' || c == '\n'; });
-    const bool needsQuotes = text.starts_with(' ') || text.find(',') != std::string::npos;
-    return needsQuotes ? core::quoted(text) : text;
+    std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+    if (text.starts_with('"') || needsQuotes(text)) std::erase(text, '"');
+    return needsQuotes(text) ? core::quoted(text) : text;
 }
 
 std::string stored(int value) {
@@ -168,45 +196,104 @@ void writeFields(Runtime& runtime, const AppState& state) {
     }
 }
 
+void writeNew(Runtime& runtime, const AppState& state, const std::string& path) {
+    runtime.vbaFileOpen(path, Runtime::OpenMode::Output);
+    writeFields(runtime, state);
+    // Once the new file is whole on the disk, the order of the steps is all that matters: a cut
+    // behind any of them, of power too, leaves the old settings current, or the new ones for
+    // completeSave to make current, or the new ones current.
+    runtime.vbaFileFlush();
+    runtime.vbaFileClose();
+}
+
+/// Puts the new settings in the place of the old ones, which go to the path `old`. Where that
+/// fails the old ones come back.
+void replaceCurrent(Runtime& runtime, const SettingsPaths& paths, const std::string& old) {
+    const bool hasOld = exists(runtime, paths.current);
+    if (hasOld) runtime.vbaNameFile(paths.current, old);
+    try {
+        runtime.vbaNameFile(paths.writing, paths.current);
+    } catch (const RuntimeError&) {
+        if (hasOld) runtime.vbaNameFile(old, paths.current);
+        throw;
+    }
+}
+
+/// A name under which no save touches a file.
+std::string nameAside(Runtime& runtime) {
+    for (int number = 1;; ++number) {
+        std::string path = runtime.AppPath() + "\\nwbw-unread-" + std::to_string(number) + ".ini";
+        if (!exists(runtime, path)) return path;
+    }
+}
+
+bool isGone(Runtime& runtime, const std::string& path) {
+    try {
+        return !exists(runtime, path);
+    } catch (const RuntimeError&) {
+        return false;  // nobody can tell
+    }
+}
+
+/// Moves a cut-off save that the load could not read, or did not come to, out of the way.
+void clearWriting(Program& program, const SettingsPaths& paths) {
+    Runtime& runtime = program.runtime;
+    std::string& unread = program.unreadSettings;
+    if (unread == paths.current && isGone(runtime, paths.current)) unread = paths.writing;
+    if (unread != paths.writing) return;
+    const std::string aside = nameAside(runtime);
+    if (exists(runtime, paths.writing)) runtime.vbaNameFile(paths.writing, aside);
+    unread = aside;
+}
+
+/// Saves such that a file which the load could not read stays on the disk.
+void save(Program& program, const SettingsPaths& paths) {
+    Runtime& runtime = program.runtime;
+    std::string& unread = program.unreadSettings;
+    clearWriting(program, paths);
+    writeNew(runtime, program.state, paths.writing);
+    if (exists(runtime, paths.backup)) runtime.rtcKillFiles(paths.backup);
+    const bool keepsOld = unread == paths.current;
+    const std::string old = keepsOld ? nameAside(runtime) : paths.backup;
+    replaceCurrent(runtime, paths, old);
+    if (keepsOld) unread = old;
+}
+
+/// Tells the user, once, where the file is that the load could not read, or would have read next.
+void tellUnread(Program& program, const SettingsPaths& paths) {
+    std::string& unread = program.unreadSettings;
+    if (unread.empty()) return;
+    Runtime& runtime = program.runtime;
+    const std::string kept = exists(runtime, unread) ? unread : paths.beta3;
+    if (exists(runtime, kept)) {
+        runtime.rtcMsgBox(
+            "NWB/w could not read your settings file when it started. It is kept as " +
+                core::quoted(kept) + ", and your new settings are in nwbw.ini.",
+            Runtime::okOnly);
+    }
+    unread.clear();
+}
+
 }  // namespace
 
 void LoadSettings(Program& program) {
-    Runtime& runtime = program.runtime;
-    const SettingsPaths paths(runtime);
-    program.state = defaults();
+    program.state = {};
     try {
-        completeSave(runtime, paths);
-        if (exists(runtime, paths.current)) {
-            readCurrent(program, paths.current);
-        } else if (exists(runtime, paths.beta3)) {
-            readBeta3(program, paths.beta3);
-        } else {
-            runtime.rtcMsgBox(noFile, Runtime::okOnly);
-        }
+        load(program, SettingsPaths(program.runtime));
     } catch (const RuntimeError& error) {
-        program.state = defaults();  // not half of the settings
-        runtime.rtcMsgBox(error.what(), Runtime::exclamation);
+        program.state = {};  // not half of the settings
+        program.runtime.rtcMsgBox(error.what(), Runtime::exclamation);
     }
 }
 
 void SaveSettings(Program& program) {
-    Runtime& runtime = program.runtime;
-    if (program.folderIsReadOnly && !canWriteBeside(runtime)) return;
-    const SettingsPaths paths(runtime);
+    if (program.folderIsReadOnly && !canWriteBeside(program.runtime)) return;
+    const SettingsPaths paths(program.runtime);
     try {
-        prepareSave(runtime, paths);
-        runtime.vbaFileOpen(paths.writing, Runtime::OpenMode::Output);
-        writeFields(runtime, program.state);
-        // Once the new file is whole on the disk, the order of the steps is all that matters: a
-        // cut behind any of them, of power too, leaves the old settings current, or the new ones
-        // for completeSave to make current, or the new ones current.
-        runtime.vbaFileFlush();
-        runtime.vbaFileClose();
-        removeBackup(runtime, paths);
-        if (exists(runtime, paths.current)) runtime.vbaNameFile(paths.current, paths.backup);
-        runtime.vbaNameFile(paths.writing, paths.current);
+        save(program, paths);
+        tellUnread(program, paths);
     } catch (const RuntimeError& error) {
-        runtime.rtcMsgBox(error.what(), Runtime::exclamation);
+        program.runtime.rtcMsgBox(error.what(), Runtime::exclamation);
     }
 }
 
