@@ -142,6 +142,7 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
     EXPECT_EQ(open("c:\\none\\x"), "Cannot open c:\\none\\x: No such file or directory");
     EXPECT_EQ(open("q:\\x"), "Cannot open q:\\x: No such drive");
     write(c / "victim", "safe");
+    EXPECT_EQ(runtime.rtcDir("c:\\victim\\.") + runtime.rtcDir("c:\\victim/."), "");
     fs::create_symlink("victim", c / "planted");
     EXPECT_NE(open("c:\\planted"), "");
     EXPECT_EQ(contentOf(c / "victim"), "safe");

@@ -64,6 +64,7 @@ TEST_F(Platform, FindsOrdinaryFilesOnly) {
         {in("games\\?ave.kel"), ""},
         {in("games\\Cave<"), ""},
         {in("games\\Cave.kel\\"), ""},
+        {in("games\\Cave.kel/"), ""},
         {in("none\\Cave.kel"), ""},
         {"q:\\Cave.kel", ""},
         {"", ""},

@@ -42,6 +42,12 @@ bool isOrdinaryFile(const std::string& host, const std::string& path) {
     return false;
 }
 
+/// True of a path that, by how it ends, can name nothing but a folder.
+bool endsAsFolder(const std::string& path) {
+    const std::string name = path.substr(path.find_last_of("\\/") + 1);
+    return name.empty() || name == ".";
+}
+
 /// Renames unless the new name exists.
 bool renameToNew(const std::string& from, const std::string& to) {
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
@@ -88,7 +94,7 @@ std::string LinuxRuntime::TempPath() {
 std::string LinuxRuntime::rtcDir(const std::string& path) {
     if (path.find_first_of("*?") != std::string::npos) return "";
     const std::string host = disk_.toHost(path);
-    if (host.empty() || path.ends_with('\\') || !isOrdinaryFile(host, path)) return "";
+    if (host.empty() || endsAsFolder(path) || !isOrdinaryFile(host, path)) return "";
     const std::string_view name = core::afterLast(host, '/');
     return std::string(name.starts_with('.') ? "" : name);
 }
