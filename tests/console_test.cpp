@@ -93,14 +93,19 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         << saved;
 }
 
-TEST(Console, AMinimisedWindowKeepsItsOldPlaceInTheStore) {
-    Desk desk;
-    auto& form = desk.open();
-    form.moved({-32000, -32000, 100, 100}, forms::WindowState::Minimised);
-    desk.application.load<docs::frmSplash>([] {});
-    form.close();
-    EXPECT_EQ(desk.application.Count(), 0) << "all other forms go too";
-    EXPECT_TRUE(desk.runtime.settings.empty());
+TEST(Console, AMinimisedWindowKeepsItsOldPlaceInTheStoreAndAMaximisedOneDoesNot) {
+    for (const auto window : {forms::WindowState::Minimised, forms::WindowState::Maximised}) {
+        Desk desk;
+        auto& form = desk.open();
+        form.moved({-8, -9, 100, 200}, window);
+        desk.application.load<docs::frmSplash>([] {});
+        form.close();
+        EXPECT_EQ(desk.application.Count(), 0) << "all other forms go too";
+        const std::map<std::string, std::string> place = {
+            {"MainLeft", "-8"}, {"MainTop", "-9"}, {"MainWidth", "100"}, {"MainHeight", "200"}};
+        const bool stored = window == forms::WindowState::Maximised;
+        EXPECT_EQ(desk.runtime.settings, stored ? place : decltype(place)());
+    }
 }
 
 TEST(Console, AStoreThatCannotBeWrittenCostsNoSettings) {

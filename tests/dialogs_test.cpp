@@ -11,6 +11,7 @@ using core::AppState;
 namespace {
 
 const std::string ini = "c:\\nwb\\nwbw.ini";
+const std::string bkp = "c:\\nwb\\nwbwini.bkp";
 
 struct Dialogs : testing::Test {
     Desk desk;
@@ -52,6 +53,7 @@ TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
          {std::pair(&form.mnuOptionsPrograms, kelm), std::pair(&form.mnuOptionsOther, others)}) {
         for (const auto& leave : ways) {
             const bool kept = &leave == &ways.back();
+            runtime.files[ini].text = "before";
             nextDialog<Dialog>([&](Dialog& shown) {
                 EXPECT_EQ(shown.Caption(), fields.size() == 4
                                                ? "Other Program Locations"
@@ -67,7 +69,9 @@ TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
             for (const auto& [index, field] : fields) {
                 EXPECT_EQ(state.*field, kept ? std::to_string(index) : "");
             }
-            EXPECT_EQ(runtime.files.erase(ini), kept);
+            EXPECT_EQ(runtime.files[ini].text != "before", kept);
+            EXPECT_EQ(runtime.files[bkp].text, kept ? "before" : "") << "one save, not two";
+            runtime.files.clear();
         }
     }
     EXPECT_FALSE(form.help.mnuHelpManual.Enabled) << "settled at the next start";
@@ -227,6 +231,10 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
         EXPECT_EQ(add.Drive1.Drive() + add.Dir1.Path(), R"(c:c:\nwb\A)");
         add.Drive1.pick(1);
         EXPECT_EQ(add.txtFolder.Text(), R"(d:\)");
+        add.txtFolder.type("typed");
+        add.Drive1.Drive = "D:";
+        add.Dir1.Path = R"(d:\)";
+        EXPECT_EQ(add.txtFolder.Text(), "typed") << "what is there already raises nothing";
     });
     runtime.tree.erase(R"(c:\)");
     edit(R"(d:\nosuch)", [](Add&) {});
