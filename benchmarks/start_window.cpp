@@ -45,8 +45,8 @@ void showWindow(int count, char** arguments, const QString& text) {
     report(window);
 }
 
-void showConsole(int count, char** arguments) {
-    const qt::QtApplication application(count, arguments);
+void showConsole(char** arguments) {
+    const qt::QtApplication application(arguments);
     platform::LinuxRuntime runtime(qt::messageBox);
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
                           [&](const std::string& path) { return runtime.disk().toWindows(path); });
@@ -61,7 +61,7 @@ void showConsole(int count, char** arguments) {
 
 int main(int count, char** arguments) {
     const std::string what = count > 1 ? arguments[1] : "";
-    if (what == "console") showConsole(count, arguments);
+    if (what == "console") showConsole(arguments);
     if (what == "empty") showWindow(count, arguments, "");
     if (what == "word") showWindow(count, arguments, "Norvane");
 }

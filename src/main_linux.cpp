@@ -5,8 +5,8 @@
 #include "platform/qt/qt_toolkit.h"
 
 /// The program on Linux: the desktop with drives, and Qt's windows.
-int main(int argc, char** argv) {
-    const qt::QtApplication application(argc, argv);
+int main(int /*count*/, char** arguments) {
+    const qt::QtApplication application(arguments);
 
     platform::LinuxRuntime runtime(qt::messageBox);
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },

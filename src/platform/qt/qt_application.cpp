@@ -4,8 +4,8 @@
 
 namespace qt {
 
-QtApplication::QtApplication(int& argc, char** argv)
-    : fonts_([] { FcInit(); }), application_(argc, argv) {
+QtApplication::QtApplication(char** arguments)
+    : fonts_([] { FcInit(); }), application_(count_, arguments) {
     QApplication::setApplicationName("nwbw");
     // Wayland's desktops find the program's entry and icon by it.
     QApplication::setDesktopFileName("net.norvane.workbench");

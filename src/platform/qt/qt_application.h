@@ -9,9 +9,11 @@ namespace qt {
 /// good part of the start, and neither needs the other.
 class QtApplication {
   public:
-    QtApplication(int& argc, char** argv);
+    /// Takes the program's name from the arguments of main, and nothing else.
+    explicit QtApplication(char** arguments);
 
   private:
+    int count_ = 1;
     std::jthread fonts_;
     QApplication application_;
 };
