@@ -45,7 +45,7 @@ struct Sample : Form {
     Sample(Application& application, std::string& heard)
         : Form(application, "Sample",
                {.caption = "Sample",
-                .place = {1000, 1000, 6500, 5000},
+                .place = {0, 0, 6500, 5000},
                 .sizable = true,
                 .centred = false,
                 .keyPreview = true}),
@@ -251,8 +251,8 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
         return std::vector<int>{form->Left, form->Top, form->Width, form->Height};
     };
     QCoreApplication::processEvents();
-    EXPECT_EQ(place(), (std::vector<int>{1000, 1000, 6500, 5000}));
-    EXPECT_EQ(QRect(window->pos(), window->size()), QRect(67, 67, 433, 333));
+    EXPECT_EQ(place(), (std::vector<int>{0, 0, 6500, 5000}));
+    EXPECT_EQ(QRect(window->pos(), window->size()), QRect(0, 0, 433, 333));
     window->resize(500, 400);
     window->move(40, 30);
     EXPECT_EQ(place(), (std::vector<int>{600, 450, 7500, 6000}));

@@ -128,7 +128,8 @@ void FormWindow::update() {
     if (!form_.style.sizable) window_.setFixedSize(size);
     if (window_.size() != size) window_.resize(size);
     const QPoint corner(pixels(form_.Left), pixels(form_.Top));
-    if (window_.pos() != corner) window_.move(corner);
+    // A window that was never moved has no place yet, though it seems to be in the corner.
+    if (window_.pos() != corner || !window_.testAttribute(Qt::WA_Moved)) window_.move(corner);
 }
 
 void FormWindow::centre() {
