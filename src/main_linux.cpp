@@ -1,5 +1,6 @@
 #include "console/workbench.h"
 #include "platform/linux/linux_runtime.h"
+#include "platform/qt/end_request.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_toolkit.h"
@@ -12,6 +13,8 @@ int main(int /*count*/, char** arguments) {
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
                           [&](const std::string& path) { return runtime.disk().toWindows(path); });
     console::Workbench workbench(runtime, toolkit);
+    const qt::EndRequest endRequest(workbench.application());
     workbench.start();
+    if (workbench.application().Count() == 0) return 0;  // was asked to end before it had begun
     return QApplication::exec();
 }

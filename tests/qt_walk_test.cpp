@@ -1,8 +1,10 @@
 #include <QTest>
 #include <QtWidgets>
+#include <csignal>
 #include <random>
 
 #include "endurance.h"
+#include "platform/qt/end_request.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_toolkit.h"
@@ -132,6 +134,48 @@ TEST_F(WindowWalk, RandomKeysAndClicksKeepEveryRuleAndNoMemory) {
     });
     QApplication::exec();
     EXPECT_GT(modals, most / 50);
+}
+
+/// Asks for the program's end while a dialog, a file dialog and a box are open.
+struct End : WindowWalk {
+    void expectSavedAfter(const std::function<void()>& request) {
+        const qt::EndRequest endRequest(application);
+        const auto soon = [](const auto& action) { QTimer::singleShot(0, action); };
+        auto answer = core::Runtime::Answer::Yes;
+        soon([&] {
+            console.Show();
+            console.edit.txtFnameE.type("last.kel");
+            soon([&] {
+                soon([&] {
+                    soon(request);
+                    answer = qt::messageBox("First?", core::Runtime::yesNo, "");
+                    qt::messageBox("Second", core::Runtime::okOnly, "");
+                });
+                application.Forms(1).find("btnBrowse(0)")->click();
+            });
+            console.mnuOptionsPrograms.click();
+        });
+        QApplication::exec();
+        EXPECT_EQ(application.Count(), 0);
+        EXPECT_EQ(answer, core::Runtime::Answer::No);
+        EXPECT_NE(runtime.files["c:\\nwb\\nwbw.ini"].text.find("last.kel"), std::string::npos);
+    }
+};
+
+TEST_F(End, OfTheDesktop) {
+    expectSavedAfter([] {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
+    });
+}
+
+TEST_F(End, ByASignalOfWhichTheSecondWaitsForNothing) {
+    for (const auto& [first, second] :
+         {std::pair(SIGTERM, SIGHUP), {SIGHUP, SIGINT}, {SIGINT, SIGTERM}}) {
+        const qt::EndRequest endRequest(application);
+        EXPECT_EXIT(raise(first) + raise(second), testing::KilledBySignal(second), "");
+    }
+    expectSavedAfter([] { raise(SIGHUP); });
 }
 
 }  // namespace
