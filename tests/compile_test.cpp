@@ -84,6 +84,8 @@ TEST_F(Compile, TheOptionsMakeTheToolLine) {
                     R"(-Include "C:\KELM\LIB" -Include "D:\SHARED~1" mygame -Pack -Debug -Full )"
                     R"(-CharSet Mac -List -Height 0|"C:\Program Files\PFE\PFE32.exe" mygame.lis|)"
                     "exit"));
+    panel.optEditor(1).click();
+    EXPECT_TRUE(panel.txtCmdline.Text().ends_with("\"other.exe\" mygame.lis\r\nexit\r\n"));
 }
 
 TEST_F(Compile, ThePressWritesAndStartsTheScript) {

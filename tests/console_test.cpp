@@ -10,7 +10,7 @@ constexpr int tabKey = 9;
 constexpr int ctrl = forms::ctrlMask;
 constexpr int ctrlShift = forms::ctrlMask | forms::shiftMask;
 
-TEST(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefaults) {
+void startAndDismiss(const std::function<void(docs::frmSplash&)>& dismiss) {
     FakeRuntime runtime;
     FakeToolkit toolkit;
     console::Workbench workbench(runtime, toolkit);
@@ -23,7 +23,7 @@ TEST(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefaults)
     splash.keyDown(112, 0);
     EXPECT_EQ(&workbench.application().Forms(0), &splash);
 
-    splash.keyPress('x');
+    dismiss(splash);
     ASSERT_EQ(workbench.application().Count(), 1);
     auto& form = dynamic_cast<console::frmConsole&>(workbench.application().Forms(0));
     EXPECT_EQ(form.tbsOptions.SelectedItem, 1);
@@ -34,6 +34,12 @@ TEST(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefaults)
     EXPECT_FALSE(toolkit.ended);
     form.mnuFileExit.click();
     EXPECT_TRUE(toolkit.ended);
+}
+
+TEST(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefaults) {
+    startAndDismiss([](auto& splash) { splash.keyPress('x'); });
+    startAndDismiss([](auto& splash) { splash.Frame1.click(); });
+    startAndDismiss([](auto& splash) { splash.Command1.click(); });
 }
 
 TEST(Start, AFolderThatCannotBeWrittenIsToldOnceAndAllElseWorks) {

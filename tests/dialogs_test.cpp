@@ -1,3 +1,5 @@
+#include <fstream>
+
 #include "dialogs/frm_include_add.h"
 #include "dialogs/frm_include_list.h"
 #include "dialogs/locations_dialog.h"
@@ -35,6 +37,71 @@ struct Dialogs : testing::Test {
     }
 };
 
+/// The lines of wording.txt on the form: the caption of each control and its tooltip.
+std::string wording(forms::Form& form) {
+    std::string lines = form.name + "|" + form.Caption() + "|\n";
+    const auto add = [&](const std::string& name, const std::string& caption,
+                         const std::string& tooltip) {
+        if (name != "lblVersion" && (!caption.empty() || !tooltip.empty()))
+            lines += name + "|" + caption + "|" + tooltip + "|\n";
+    };
+    for (forms::Control* control : form.allControls()) {
+        add(control->fullName(), control->Caption, control->tooltip);
+        if (const auto* tabs = dynamic_cast<forms::TabStrip*>(control))
+            for (const auto& tab : tabs->Tabs)
+                add("tab", tab.caption, tab.tooltip);
+    }
+    return lines + "\n";
+}
+
+/// Presses each Browse button of the form that can be used. Gives the lines of wording.txt on them:
+/// the box that takes the name, and the title and filter of the dialog that asks for it.
+std::string browse(forms::Form& form, FakeToolkit& toolkit) {
+    std::string lines;
+    for (forms::Control* button : form.allControls()) {
+        if (!button->name.starts_with("btnBrowse") || !button->usable()) continue;
+        std::string filled;
+        for (const std::string chosen : {"", "d:\\new file.x"}) {
+            for (forms::Control* control : form.allControls())
+                if (auto* box = dynamic_cast<forms::TextBox*>(control)) box->Text = box->fullName();
+            toolkit.fileChosen = chosen;
+            button->click();
+            for (forms::Control* control : form.allControls()) {
+                const auto* box = dynamic_cast<forms::TextBox*>(control);
+                if (box && !box->readOnly && box->Text() != box->fullName())
+                    filled += box->fullName() + (box->Text() == chosen ? "" : " is wrong");
+            }
+        }
+        EXPECT_EQ(toolkit.fileAsked.name, filled);
+        lines += button->fullName() + "|" + filled + "|" + toolkit.fileAsked.title + "|" +
+                 toolkit.fileAsked.filter + "|\n";
+    }
+    return lines;
+}
+
+TEST_F(Dialogs, EveryTextIsWordedAsAgreed) {
+    auto& application = desk.application;
+    auto& list = form.compile.lstInclude;
+    auto& programs = application.load<dialogs::frmSettings>(desk.program);
+    auto& others = application.load<dialogs::frmSettings2>(desk.program);
+    std::string lines;
+    for (forms::Form* shown : std::initializer_list<forms::Form*>{
+             &form, &application.load<docs::frmSplash>([] {}),
+             &application.load<docs::frmAbout>(desk.program), &programs, &others,
+             &application.load<dialogs::frmIncludeList>(desk.program, list),
+             &application.load<dialogs::frmIncludeAdd>(desk.program, list)})
+        lines += wording(*shown);
+    form.play.chkPlayback.Value = 1;
+    form.spelling.chkOutputfile.Value = 1;
+    for (int tab = 1; tab <= 4; ++tab) {
+        form.tbsOptions.pick(tab);
+        lines += browse(form, toolkit);
+    }
+    lines += browse(programs, toolkit) + browse(others, toolkit);
+    std::ifstream agreed(NWBW_TESTS "/wording.txt", std::ios::binary);
+    EXPECT_EQ(lines, std::string(std::istreambuf_iterator<char>(agreed), {}));
+}
+
 TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
     using Dialog = dialogs::LocationsDialog;
     using Fields = std::map<int, std::string AppState::*>;
@@ -55,9 +122,6 @@ TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
             const bool kept = &leave == &ways.back();
             runtime.files[ini].text = "before";
             nextDialog<Dialog>([&](Dialog& shown) {
-                EXPECT_EQ(shown.Caption(), fields.size() == 4
-                                               ? "Other Program Locations"
-                                               : "Kelm Programs and Documenation File Locations");
                 for (const auto& [index, field] : fields) {
                     EXPECT_EQ(shown.txtFname(index).Text(), state.*field);
                     shown.txtFname(index).type(std::to_string(index));
@@ -74,62 +138,6 @@ TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
             runtime.files.clear();
         }
     }
-    EXPECT_FALSE(form.help.mnuHelpManual.Enabled) << "settled at the next start";
-}
-
-TEST_F(Dialogs, EveryBrowseButtonAsksInItsOwnWordsAndFillsItsOwnBox) {
-    const std::string programs = "Programs (*.exe)|*.exe";
-    const std::string source = "Source File (*.kel)|*.kel";
-    const std::string sourceTitle = "Select source code file";
-    const auto press = [&](forms::Form& shown, const std::string& button, const std::string& box,
-                           const std::string& title, const std::string& filter) {
-        auto& text = dynamic_cast<forms::TextBox&>(*shown.find(box));
-        for (const std::string chosen : {"", "d:\\new file.x"}) {
-            text.Text = "c:\\old." + box;
-            toolkit.fileChosen = chosen;
-            shown.find(button)->click();
-            EXPECT_EQ(toolkit.fileAsked.title, title);
-            EXPECT_EQ(toolkit.fileAsked.filter, filter + "|All Files (*.*)|*.*");
-            EXPECT_EQ(toolkit.fileAsked.name, "c:\\old." + box);
-            EXPECT_EQ(text.Text(), chosen.empty() ? "c:\\old." + box : chosen);
-        }
-    };
-    press(form, "btnBrowseE", "txtFnameE", sourceTitle, source + "|Included Source File (*.i)|*.i");
-    form.tbsOptions.pick(2);
-    press(form, "btnBrowse", "txtFname", sourceTitle, source);
-    form.tbsOptions.pick(3);
-    press(form, "btnBrowseP", "txtFnameP", "Select game file", "Game ('Kcode') File (*.kcd)|*.kcd");
-    form.play.chkPlayback.click();
-    press(form, "btnBrowselog", "txtLogfile", "Select command-log file", "Log File (*.log)|*.log");
-    form.tbsOptions.pick(4);
-    press(form, "btnBrowseS", "txtFnameS", sourceTitle, source);
-    form.spelling.chkOutputfile.click();
-    press(form, "btnBrowseO", "txtFnameO", "Select text file", "Source File (*.txt)|*.txt");
-
-    const auto row = [&](forms::Form& shown, const std::string& index, const std::string& title,
-                         const std::string& filter) {
-        press(shown, "btnBrowse(" + index + ")", "txtFname(" + index + ")", "Locate " + title,
-              filter);
-    };
-    nextDialog<dialogs::frmSettings>([&](auto& shown) {
-        row(shown, "0", "'kelm.exe' compiler program", programs);
-        row(shown, "3", "'winkrun.exe' player program", programs);
-        row(shown, "4", "'krun.exe' Windows player program", programs);
-        row(shown, "1", "'krun.exe' MSDOS player program", programs);
-        row(shown, "5", "'klex.exe' text extractor program", programs);
-        row(shown, "8", "the KELM HTML-format manual - 'kelmTOC.html'", "HTML (*.html)|*.html");
-        row(shown, "7", "the KELM Adobe Acrobat-format manual - 'kelmmanual28.pdf'",
-            "Acrobat Files (*.pdf)|*.pdf");
-        row(shown, "6", "Tutorial 'contents.htm' file", "HTML (*.htm)|*.htm");
-    });
-    form.mnuOptionsPrograms.click();
-    nextDialog<dialogs::frmSettings2>([&](auto& shown) {
-        row(shown, "0", "web-browser or HTML viewer program - eg:IExplore.exe", programs);
-        row(shown, "1", "Adobe Acrobat Reader program - eg:acroread.exe", programs);
-        row(shown, "2", "your text editor software - eg 'PFE32.exe'", programs);
-        row(shown, "9", "your wordprocessor software - eg 'winword.exe'", programs);
-    });
-    form.mnuOptionsOther.click();
 }
 
 TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
@@ -151,12 +159,21 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
             list.List1.pick(index);
             list.btnDelete.click();
             EXPECT_FALSE(list.btnChange.Enabled || list.btnDelete.Enabled || list.btnUp.Enabled);
+            EXPECT_EQ(std::exchange(toolkit.focused, ""), "List1");
         };
-        list.List1.pick(4);
-        list.btnDown.click();
-        list.btnUp.click();
-        EXPECT_EQ(list.List1.List(3) + list.List1.List(4), "ed");
-        EXPECT_EQ(list.List1.ListIndex, 3);
+        const auto move = [&](int index, forms::Button& button, const std::string& moved) {
+            list.List1.pick(index);
+            button.click();
+            std::string order = std::to_string(list.List1.ListIndex);
+            for (int i = 0; i < list.List1.ListCount(); ++i)
+                order += list.List1.List(i);
+            EXPECT_EQ(order + boxes(), moved);
+        };
+        move(0, list.btnUp, "0abcde");
+        move(4, list.btnDown, "4abcde");
+        move(0, list.btnDown, "1bacde");
+        move(1, list.btnUp, "0abcde");
+        move(4, list.btnUp, "3abced");
         for (int index : {3, 0, 0, 1})
             remove(index);
         add(list.btnAdd, "c:\\n w");
@@ -192,6 +209,7 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
     form.tbsOptions.pick(2);
     runtime.tree = {{R"(c:\)", {"nwb", "Games"}}, {R"(c:\nwb)", {"b", "A"}}, {R"(c:\nwb\A)", {}},
                     {R"(c:\Games)", {}},          {R"(d:\)", {"lib"}},       {R"(D:\lib)", {}}};
+    const std::string nwb = runtime.current;
     const auto edit = [&](const std::string& folder, const std::function<void(Add&)>& user) {
         state.IncludeFolders = {folder.empty() ? "entry" : folder};
         nextDialog<dialogs::frmIncludeList>([&](auto& list) {
@@ -201,24 +219,30 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
         });
         form.compile.btnModifyIncludes.click();
     };
+    const std::string noX = R"(0 Folder x:\y not found.|)";
     const struct {
-        std::string folder, path, text, boxes;
+        std::string current, folder, path, text, boxes;
     } cases[] = {
-        {"", R"(c:\nwb)", "", ""},
-        {R"(games\lib)", R"(c:\nwb)", R"(games\lib)", ""},
-        {R"(c:\Games)", R"(c:\Games)", R"(c:\Games)", ""},
-        {R"(D:\lib)", R"(D:\lib)", R"(D:\lib)", ""},
-        {R"(d:\nosuch)", R"(c:\)", R"(c:\)", R"(0 Folder d:\nosuch not found.|)"},
-        {R"(e:\x)", R"(c:\)", R"(c:\)", R"(0 Folder e:\x not found.|)"},
+        {nwb, "", nwb, "", ""},
+        {R"(\\host\share)", "", R"(c:\)", "", ""},
+        {nwb, R"(games\lib)", nwb, R"(games\lib)", ""},
+        {nwb, R"(c:\Games)", R"(c:\Games)", R"(c:\Games)", ""},
+        {nwb, R"(D:\lib)", R"(D:\lib)", R"(D:\lib)", ""},
+        {nwb, R"(d:\nosuch)", R"(c:\)", R"(c:\)", R"(0 Folder d:\nosuch not found.|)"},
+        {nwb, R"(e:\x)", R"(c:\)", R"(c:\)", R"(0 Folder e:\x not found.|)"},
+        {R"(c:\)", R"(d:\nosuch)", R"(d:\)", R"(d:\)", R"(0 Folder d:\nosuch not found.|)"},
+        {R"(c:\)", R"(x:\y)", R"(c:\)", R"(x:\y)", noX + noX + noX},
     };
     for (const auto& c : cases) {
+        runtime.current = c.current;
         edit(c.folder, [&](Add& add) {
             EXPECT_EQ(add.Dir1.Path(), c.path);
-            EXPECT_EQ(add.Drive1.Drive(), c.path[0] == 'D' ? "d:" : "c:");
+            EXPECT_EQ(add.Drive1.Drive(), std::tolower(c.path[0]) == 'd' ? "d:" : "c:");
             EXPECT_EQ(add.txtFolder.Text(), c.text);
             EXPECT_EQ(boxes(), c.boxes) << c.folder;
         });
     }
+    runtime.current = nwb;
     edit("", [&](Add& add) {
         std::string names;
         for (const auto& row : add.Dir1.rows())
@@ -272,9 +296,23 @@ TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
         EXPECT_EQ(runtime.shells.back(),
                   std::string(pdf ? R"(1 "a.exe" ")" : R"(1 "b.exe" ")") + document + "\"");
     }
-    state.TutorialPath.clear();
-    help.fitToPaths();
-    EXPECT_FALSE(help.mnuHelpTutorial.usable());
+}
+
+TEST(Help, ADocumentOpensToChoiceByItsOwnPathAndOnlyAtTheStart) {
+    std::string AppState::*const paths[] = {&AppState::ManualHtmlPath, &AppState::ManualPdfPath,
+                                            &AppState::TutorialPath};
+    for (auto path : paths) {
+        Desk desk;
+        desk.program.state.*path = "document";
+        auto& help = desk.open().help;
+        const forms::MenuItem* items[] = {&help.mnuHelpManual, &help.mnuHelpManPDF,
+                                          &help.mnuHelpTutorial};
+        for (auto changed : paths)
+            desk.program.state.*changed = changed == path ? "" : "later";
+        desk.form->tbsOptions.pick(2);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(items[i]->usable(), paths[i] == path) << items[i]->name;
+    }
 }
 
 TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
@@ -283,7 +321,6 @@ TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
     const auto press = [&] {
         nextDialog<docs::frmAbout>([](docs::frmAbout& about) {
             EXPECT_EQ(about.lblVersion.Caption(), "Version " NWBW_VERSION);
-            EXPECT_EQ(about.lblTitle.Caption(), "The Norvane Workbench");
             about.cmdSysInfo.click();
             EXPECT_TRUE(about.pressCancel() && about.unloaded());
         });

@@ -40,6 +40,7 @@ class FakeRuntime : public core::Runtime {
     std::map<std::string, std::string> settings;    ///< by key
     std::map<std::string, std::vector<std::string>> tree = {{"c:\\", {"nwb"}}, {"c:\\nwb", {}}};
     std::map<std::string, std::map<std::string, RegistryValue>> registry;
+    std::string current = "c:\\nwb";  ///< folder
     int keysOpen = 0;
     std::vector<Box> boxes;
     std::vector<std::string> shells;  ///< commands started, each behind its style and a blank
@@ -135,7 +136,7 @@ class FakeRuntime : public core::Runtime {
         return shortNames.contains(path) ? shortNames[path] : "";
     }
     std::vector<std::string> drives() override { return {"c:", "d:", "e:"}; }
-    std::string currentFolder() override { return "c:\\nwb"; }
+    std::string currentFolder() override { return current; }
     std::vector<std::string> folders(const std::string& path) override {
         if (!tree.contains(path)) throw core::RuntimeError("Cannot open " + path);
         return tree[path];
@@ -173,6 +174,7 @@ class FakeToolkit : public forms::Toolkit {
     std::string fileChosen;
     forms::FileQuestion fileAsked;
     bool ended = false;
+    std::string focused;  ///< name of the control that a handler gave the focus
 
     void build(forms::Form& form) override {
         form.attachWindow(std::make_unique<Window>(*this, form));
@@ -202,6 +204,7 @@ class FakeToolkit : public forms::Toolkit {
         void hide() override {}
         void refresh() override {}
         void update() override {}
+        void focus(const forms::Control& control) override { toolkit_.focused = control.name; }
 
       private:
         FakeToolkit& toolkit_;

@@ -1,14 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -23,10 +26,10 @@
 #include "docs/frm_about.h"
 #include "docs/frm_splash.h"
 #include "platform/linux/linux_runtime.h"
-#include "platform/qt/file_filter.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_toolkit.h"
+#include "platform/qt/widget_peer.h"
 
 namespace {
 
@@ -222,7 +225,7 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     EXPECT_FALSE(widget(form->panels(0)).isVisible());
     for (const std::string folder : {"c:\\a", "c:\\b"})
         form->lstFolders.AddItem(folder);
-    widget(form->lstFolders).setFocus();
+    form->lstFolders.SetFocus();
     EXPECT_EQ(form->lstFolders.ListIndex, -1);
     EXPECT_EQ(strike(Qt::Key_Down), "lstFolders @lstFolders");
     EXPECT_EQ(form->lstFolders.ListIndex, 0);
@@ -275,15 +278,17 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
             auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
             auto* edit = dialog->findChild<QLineEdit*>();
             EXPECT_EQ(edit->text().toStdString(), row.shown);
+            EXPECT_EQ(dialog->windowTitle(), "Select");
+            EXPECT_EQ(dialog->nameFilters(),
+                      (QStringList{"Source (*.kel) (*.[kK][eE][lL])", "All Files (*.*) (*)"}));
             EXPECT_EQ(dialog->directory(), QDir(folder.path() + "/games"));  // stays the last one
             edit->setText("other.kel");
             QTest::keyClick(edit, Qt::Key_Return);
         });
-        EXPECT_EQ(toolkit.chooseFile(*form, {"Select", "Source (*.kel)|*.kel", row.offered}),
+        EXPECT_EQ(toolkit.chooseFile(
+                      *form, {"Select", "Source (*.kel)|*.kel|All Files (*.*)|*.*", row.offered}),
                   "c:" + host + "/games/other.kel");
     }
-    EXPECT_EQ(qt::nameFilters("Source (*.kel)|*.kel|All Files (*.*)|*.*"),
-              (QStringList{"Source (*.kel) (*.[kK][eE][lL])", "All Files (*.*) (*)"}));
 }
 
 TEST_F(Windows, AMessageBoxAnswers) {
@@ -334,6 +339,7 @@ void expectReadable(Form& form) {
         if (!widget) continue;  // menu items and the like
         EXPECT_EQ(widget->accessibleName().isEmpty(), bool(dynamic_cast<Line*>(control)))
             << form.name << " " << control->fullName();
+        EXPECT_EQ(widget->toolTip(), qt::wrappingToolTip(control->tooltip));
         const Control* panel = control;  // of the console; else the control itself
         while (panel->parent()->parent())
             panel = panel->parent();
@@ -356,7 +362,7 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
     auto& list = console.compile.lstInclude;
     const std::vector<Form*> all = {form,
                                     &console,
-                                    &application.load<docs::frmSplash>([] {}),
+                                    &application.load<docs::frmSplash>([&] { heard = "go"; }),
                                     &application.load<docs::frmAbout>(program),
                                     &application.load<dialogs::frmSettings>(program),
                                     &application.load<dialogs::frmSettings2>(program),
@@ -370,6 +376,22 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
     for (Form* each : all)
         expectReadable(*each);
     EXPECT_FALSE(captionFits(widget(form->btnRun), "A caption that does not fit"));
+
+    EXPECT_FALSE(windowOf(console).findChild<QAction*>("mnuHelpManual")->isEnabled());
+    EXPECT_TRUE(windowOf(console).findChild<QAction*>("mnuHelpAbout")->isEnabled());
+    const auto panels = windowOf(console).statusBar()->findChildren<QLabel*>();
+    const auto now = QDateTime::currentDateTime();
+    EXPECT_TRUE(panels[0]->text().isEmpty());
+    EXPECT_EQ(panels[1]->text(), QLocale::system().toString(now.date(), QLocale::ShortFormat));
+    EXPECT_TRUE(panels[2]->text().contains(':'));
+
+    heard.clear();
+    auto* frame = windowOf(*all[2]).findChild<QWidget*>("Frame1");
+    const auto title = frame->findChild<QWidget*>("lblProductName")->geometry();
+    QTest::mouseClick(frame, Qt::LeftButton, {}, title.center());
+    EXPECT_EQ(heard, "");
+    QTest::mouseClick(frame, Qt::LeftButton, {}, title.bottomRight() + QPoint(3, -3));
+    EXPECT_EQ(heard, "go");
     while (application.Count() > 1)
         application.Forms(application.Count() - 1).Unload();
 }

@@ -17,13 +17,15 @@ void frmIncludeAdd::Form_Activate() {
     if (core::drivePart(txtFolder.Text()).empty()) return;
 
     Runtime& runtime = program_.runtime;
+    bool failed = false;
     bool told = false;
-    // A step that fails sends the list to the first drive, and the steps behind it go on from
-    // there. If that cannot be read either, the lists stay where they are.
+    // A step that fails sends the list to "c:\", and the steps behind it read the text anew. If
+    // that cannot be read either, the lists stay where they are.
     const auto trapped = [&](const std::function<void()>& step) {
         try {
             step();
         } catch (const core::RuntimeError&) {
+            failed = true;
             runtime.rtcMsgBox("Folder " + txtFolder.Text() + " not found.", Runtime::okOnly);
             try {
                 Dir1.Path = "c:\\";
@@ -35,9 +37,9 @@ void frmIncludeAdd::Form_Activate() {
     };
 
     trapped([&] { Dir1.Path = txtFolder.Text(); });
-    const std::string folder = txtFolder.Text;  // selecting the drive rewrites the text
-    trapped([&] { Drive1.Drive = std::string(core::drivePart(folder)); });
-    trapped([&] { Dir1.Path = folder; });
+    const std::string given = txtFolder.Text;  // selecting the drive rewrites the text
+    trapped([&] { Drive1.Drive = std::string(core::drivePart(given)); });
+    trapped([&] { Dir1.Path = failed ? txtFolder.Text() : given; });
 }
 
 void frmIncludeAdd::OKButton_Click() {

@@ -67,7 +67,7 @@ LocationsDialog::LocationsDialog(forms::Application& application, core::Program&
         const auto groupEnd = std::find_if(row, locations_.end(), [&](const Location& other) {
             return other.group != row->group;
         });
-        if (row->ruleAbove) top = addRule(top);
+        if (row->grooveAbove) top = addGroove(top);
         if (row->group) {
             top = addGroup({row, groupEnd}, top);
             row = groupEnd;
@@ -80,24 +80,23 @@ LocationsDialog::LocationsDialog(forms::Application& application, core::Program&
     Height.store(top + 60 + buttonHeight + margin);
 }
 
-int LocationsDialog::addRule(int top) {
-    decoration_.push_back(std::make_unique<forms::Line>(
-        *this, forms::Definition{.name = "Line1", .place = {margin, top, width - 2 * margin, 15}}));
+int LocationsDialog::addGroove(int top) {
+    grooves_.emplace_back(*this, forms::Definition{.name = "Line1", .index = 7},
+                          forms::Definition{.name = "Line4"}, margin, top, width - 2 * margin);
     return top + margin;
 }
 
 int LocationsDialog::addGroup(std::span<const Location> rows, int top) {
     const int height = frameTitle + static_cast<int>(rows.size()) * rowHeight + 60;
     const LocationGroup& group = *rows.front().group;
-    auto frame = std::make_unique<forms::Frame>(
+    forms::Frame& frame = frames_.emplace_back(
         *this, forms::Definition{.name = group.name,
                                  .caption = group.caption,
                                  .place = {margin, top, width - 2 * margin, height}});
     for (int inside = frameTitle; const Location& location : rows) {
-        addRow(location, *frame, frameInset, inside);
+        addRow(location, frame, frameInset, inside);
         inside += rowHeight;
     }
-    decoration_.push_back(std::move(frame));
     return top + height + 120;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <span>
 #include <string>
@@ -24,7 +25,7 @@ struct Location {
     const char* title;   ///< of the file dialog
     const char* filter;  ///< of the file dialog
     const LocationGroup* group = nullptr;
-    bool ruleAbove = false;  ///< a line parts the row from the one before
+    bool grooveAbove = false;  ///< a groove parts the row from the one before
 };
 
 /// A dialog of paths, one to a row. It works on a copy until OK, tests nothing, and saves at once.
@@ -42,14 +43,15 @@ class LocationsDialog : public forms::Form {
     void CancelButton_Click() { Unload(); }
 
     // These lay out the form downwards from a top, in twips; the first two give the next top.
-    int addRule(int top);
+    int addGroove(int top);
     int addGroup(std::span<const Location> rows, int top);
     void addRow(const Location& location, forms::Container& container, int left, int top);
     void addButtons(int top);
 
     core::Program& program_;
     const std::vector<Location> locations_;
-    std::vector<std::unique_ptr<forms::Control>> decoration_;  ///< frames and lines
+    std::deque<forms::Frame> frames_;
+    std::deque<forms::Groove> grooves_;
 
   public:
     forms::CommonDialog CommonDialog1{*this, {.name = "CommonDialog1"}};

@@ -7,7 +7,7 @@ namespace docs {
 
 frmAbout::frmAbout(forms::Application& application, core::Program& program)
     : Form(application, "frmAbout",
-           {.caption = "About the Norvane Workbench", .place = {0, 0, 5940, 3345}}),
+           {.caption = "About the Norvane Workbench", .place = {0, 0, 5940, 3570}}),
       program_(program) {}
 
 void frmAbout::Form_Load() {

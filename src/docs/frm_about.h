@@ -31,27 +31,30 @@ class frmAbout : public forms::Form {
         *this,
         {.name = "lblDescription",
          .caption = "An MS Windows 32-bit graphical user interface for writing interactive fiction "
-                    "using the KELM Adventure Language. It runs on Windows and on Linux, and works "
-                    "with the compiler, players and text extractor that you have installed.",
-         .place = {1200, 1050, 4500, 930}}};
-    forms::Line Line1{*this, {.name = "Line1", .index = 0, .place = {240, 2115, 5460, 15}}};
+                    "using the KELM Adventure Language. The language, its compiler and its players "
+                    "are the work of the authors of KELM; this front-end, for Windows and for "
+                    "Linux, is the work of the makers of the Norvane Workbench.",
+         .place = {1200, 1050, 4500, 1170}}};
+    forms::Groove groove{
+        *this, {.name = "Line1", .index = 1}, {.name = "Line1", .index = 0}, 240, 2340, 5460};
     forms::Label lblDisclaimer{
         *this,
         {.name = "lblDisclaimer",
-         .caption = "The KELM programs and documents are not part of this program. What each "
-                    "message means and how to cure it is told under Contents in the Help menu.",
-         .place = {240, 2265, 3960, 900}}};
+         .caption = "Please send reports and suggestions to the makers of the Norvane Workbench, "
+                    "at the place where you obtained it. The KELM programs and documents are not "
+                    "part of it.",
+         .place = {240, 2490, 3960, 900}}};
     forms::Button cmdOK{*this,
                         {.name = "cmdOK",
                          .caption = "OK",
-                         .place = {4305, 2265, 1395, 375},
+                         .place = {4305, 2490, 1395, 375},
                          .isDefault = true,
                          .isCancel = true,
                          .event = [this] { cmdOK_Click(); }}};
     forms::Button cmdSysInfo{*this,
                              {.name = "cmdSysInfo",
                               .caption = "&System Info...",
-                              .place = {4305, 2730, 1395, 375},
+                              .place = {4305, 2955, 1395, 375},
                               .event = [this] { cmdSysInfo_Click(); }}};
 };
 

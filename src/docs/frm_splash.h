@@ -35,8 +35,9 @@ class frmSplash : public forms::Form {
         Frame1,
         {.name = "lblProductName",
          .caption = "Product",
-         .place = {120, 2400, 6840, 510},
+         .place = {2805, 2400, 1425, 510},
          .centred = true,
+         .autoSize = true,
          .font = {.family = "Times New Roman", .points = 21.75, .italic = true}}};
     forms::Label Label1{Frame1,
                         {.name = "Label1",

@@ -8,6 +8,7 @@
 
 namespace forms {
 
+class Control;
 class Form;
 
 /// A failed operation of the platform; what() is the system's own text, in UTF-8.
@@ -30,6 +31,8 @@ class WindowPeer {
     virtual void refresh() = 0;
     /// Draws the form's caption, place and state.
     virtual void update() = 0;
+    /// Moves the focus to the control, if that has a window.
+    virtual void focus(const Control& control) = 0;
 };
 
 /// What a file dialog is asked. The filter is pairs of description and pattern, parted by "|".

@@ -56,6 +56,10 @@ Form& Control::form() {
     return parent_->form();
 }
 
+void Control::SetFocus() {
+    form().window()->focus(*this);
+}
+
 void Control::click() {
     act([this] { clicked(); });
 }

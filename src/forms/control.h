@@ -48,6 +48,8 @@ struct Definition {
     bool multiLine = false;
     bool holdsPath = false;  ///< a text box for the path of a file or folder
     bool centred = false;
+    bool autoSize = false;  ///< a label as large as its text
+    bool light = false;     ///< a line lighter than the ground
     Font font = {};
     std::function<void()> event = {};  ///< the control's click or change handler
 };
@@ -108,6 +110,8 @@ class Control {
     /// control's definition.
     void setHandler(std::function<void()> handler) { event_ = std::move(handler); }
 
+    /// Moves the focus of the keyboard to the control.
+    void SetFocus();
     /// A user's click on the control, or its mnemonic.
     void click();
     /// True if Enter works on the control while it has the focus, and not on the default button.

@@ -4,6 +4,16 @@
 
 namespace forms {
 
+static Definition lineAt(const Place& place, Definition definition, bool light) {
+    definition.place = place;
+    definition.light = light;
+    return definition;
+}
+
+Groove::Groove(Container& parent, Definition dark, Definition light, int left, int top, int width)
+    : dark_(parent, lineAt({left, top, width, thickness}, std::move(dark), false)),
+      light_(parent, lineAt({left, top + thickness, width, thickness}, std::move(light), true)) {}
+
 void OptionButton::changed(Effect effect) {
     if (effect == Effect::Raise && Value) {
         for (Control* sibling : parent()->children()) {

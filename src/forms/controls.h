@@ -20,18 +20,37 @@ class FolderList;
 class Label : public Control {
   public:
     Label(Container& parent, const Definition& definition)
-        : Control(&parent, definition), centred(definition.centred) {}
+        : Control(&parent, definition),
+          centred(definition.centred),
+          autoSize(definition.autoSize) {}
     void accept(ControlVisitor& visitor) override;
 
     const bool centred;
+    const bool autoSize;  ///< as large as its text; a centred one keeps the centre of its place
 };
 
-/// A line drawn for decoration, as wide or as high as its place. It has no name to read aloud.
+/// A line drawn for decoration. It fills its place, and has no name to read aloud.
 class Line : public Control {
   public:
-    Line(Container& parent, Definition definition) : Control(&parent, std::move(definition)) {}
+    Line(Container& parent, const Definition& definition)
+        : Control(&parent, definition), light(definition.light) {}
     void accept(ControlVisitor& visitor) override;
     [[nodiscard]] std::string accessibleName() const override { return {}; }
+
+    const bool light;  ///< lighter than the ground, and otherwise darker
+};
+
+/// Two lines, a dark one above a light one, that together look like a groove in the ground.
+class Groove {
+  public:
+    /// Left, top and width in twips. Of the definitions only names and indices count.
+    Groove(Container& parent, Definition dark, Definition light, int left, int top, int width);
+
+  private:
+    static constexpr int thickness = 15;
+
+    Line dark_;
+    Line light_;
 };
 
 /// A picture, named by the text of its definition.
@@ -81,7 +100,11 @@ class OptionButton : public Control {
     Property<bool> Value;
 
   protected:
-    void clicked() override { Value = true; }
+    /// A click on the selected option runs its handler again.
+    void clicked() override {
+        if (Value) return raise();
+        Value = true;
+    }
 };
 
 class TextBox : public Control {

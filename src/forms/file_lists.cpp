@@ -26,12 +26,21 @@ std::string folderPath(std::string path) {
     return path;
 }
 
+/// The folder that the lists start on. It lies on one of the drives, if there are any.
+std::string startFolder(Disk& disk) {
+    const std::string current = folderPath(disk.currentFolder());
+    const auto drives = disk.drives();
+    const bool onDrive =
+        std::find(drives.begin(), drives.end(), lowered(current.substr(0, 2))) != drives.end();
+    return onDrive || drives.empty() ? current : folderPath(drives.front());
+}
+
 }  // namespace
 
 DriveList::DriveList(Container& parent, Definition definition, Disk& disk)
     : Control(&parent, std::move(definition)),
       drives_(disk.drives()),
-      drive_(lowered(disk.currentFolder().substr(0, 2))) {}
+      drive_(lowered(startFolder(disk).substr(0, 2))) {}
 
 void DriveList::select(const std::string& drive) {
     const std::string selected = lowered(drive);
@@ -55,11 +64,11 @@ void DriveList::pick(int index) {
 
 FolderList::FolderList(Container& parent, Definition definition, Disk& disk)
     : Control(&parent, std::move(definition)), disk_(disk) {
-    const std::string current = folderPath(disk.currentFolder());
+    const std::string start = startFolder(disk);
     try {
-        fill(current, disk_.folders(current));
+        fill(start, disk_.folders(start));
     } catch (const RuntimeError&) {
-        fill(current, {});  // the user can still go up from it
+        fill(start, {});  // the user can still go up from it
     }
 }
 

@@ -9,7 +9,8 @@
 /// The two kinds of control that show the disk.
 namespace forms {
 
-/// A list of the disk's drives. It starts on the current one.
+/// A list of the disk's drives. It starts on the current one, or on the first if the current folder
+/// lies on none.
 class DriveList : public Control {
   public:
     DriveList(Container& parent, Definition definition, Disk& disk);
@@ -39,7 +40,7 @@ class DriveList : public Control {
 };
 
 /// A list of folders: those that lead to Path, each indented under the one before, then those
-/// inside it. It starts on the current folder.
+/// inside it. It starts on the current folder, or on the first drive if that lies on none.
 class FolderList : public Control {
   public:
     struct Row {

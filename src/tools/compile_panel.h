@@ -45,7 +45,16 @@ class CompilePanel {
 
     static constexpr int column = 2850;
     static constexpr int rightColumn = panel::left + panel::width - column;
-    static constexpr int secondRow = panel::optionsTop + panel::frameHeight(3) + 105;
+    // A groove parts the last row of the upper frames from the two above it.
+    static constexpr int grooveGap = 75;
+    static constexpr int grooveTop = panel::row(2, column).top + grooveGap / 2;
+    static constexpr forms::Place belowGroove() {
+        forms::Place place = panel::row(2, column);
+        place.top += grooveGap;
+        return place;
+    }
+    static constexpr int upperHeight = panel::frameHeight(3) + grooveGap;
+    static constexpr int secondRow = panel::optionsTop + upperHeight + 105;
 
   public:
     forms::Frame fraSample2{panel_, {.name = "fraSample2", .place = panel::whole}};
@@ -80,15 +89,16 @@ class CompilePanel {
                               .place = panel::hideBox,
                               .ticked = true,
                               .event = [this] { chkHideC_Click(); }}};
-    forms::Line Line7{fraSample2, {.name = "Line7", .place = panel::rule}};
+    forms::Groove rule{fraSample2,        {.name = "Line1", .index = 2},
+                       {.name = "Line7"}, panel::left,
+                       panel::ruleTop,    panel::width};
 
-    forms::Frame fraFormat{
-        fraSample2,
-        {.name = "fraFormat",
-         .caption = "Game File Format",
-         .tooltip = "Set format of compiled game files",
-         .place = {panel::left, panel::optionsTop, column, panel::frameHeight(3)},
-         .visible = false}};
+    forms::Frame fraFormat{fraSample2,
+                           {.name = "fraFormat",
+                            .caption = "Game File Format",
+                            .tooltip = "Set format of compiled game files",
+                            .place = {panel::left, panel::optionsTop, column, upperHeight},
+                            .visible = false}};
     forms::ControlArray<forms::OptionButton> optFormat{
         fraFormat,
         "optFormat",
@@ -102,22 +112,23 @@ class CompilePanel {
           .tooltip = "The game text is stored in compressed, unreadable, form in the .dat file ",
           .place = panel::row(1, column)}},
         [this](int index) { optFormat_Click(index); }};
+    forms::Groove formatGroove{fraFormat, {.name = "Line2"}, {.name = "Line3"},
+                               120,       grooveTop,         column - 240};
     forms::CheckBox chkDebug{
         fraFormat,
         {.name = "chkDebug",
          .caption = "&Debug",
          .tooltip =
              "The game is compiled with extra information required for playing in debug mode",
-         .place = panel::row(2, column),
+         .place = belowGroove(),
          .event = [this] { chkDebug_Click(); }}};
 
-    forms::Frame fraMsgOption{
-        fraSample2,
-        {.name = "fraMsgOption",
-         .caption = "Compiler Message Options",
-         .tooltip = "Set format of compiler message file",
-         .place = {rightColumn, panel::optionsTop, column, panel::frameHeight(3)},
-         .visible = false}};
+    forms::Frame fraMsgOption{fraSample2,
+                              {.name = "fraMsgOption",
+                               .caption = "Compiler Message Options",
+                               .tooltip = "Set format of compiler message file",
+                               .place = {rightColumn, panel::optionsTop, column, upperHeight},
+                               .visible = false}};
     forms::ControlArray<forms::OptionButton> optEditor{
         fraMsgOption,
         "optEditor",
@@ -131,12 +142,14 @@ class CompilePanel {
           .tooltip = "Display compiler messages in text editor (see Options)",
           .place = panel::row(1, column)}},
         [this](int index) { optEditor_Click(index); }};
+    forms::Groove messageGroove{fraMsgOption, {.name = "Line8"}, {.name = "Line9"},
+                                120,          grooveTop,         column - 240};
     forms::CheckBox chkFullsource{
         fraMsgOption,
         {.name = "chkFullsource",
          .caption = "List &full sourcecode",
          .tooltip = "Print ALL the game source code in compiler message file",
-         .place = panel::row(2, column),
+         .place = belowGroove(),
          .event = [this] { chkFullsource_Click(); }}};
 
     forms::Frame fraCharset{

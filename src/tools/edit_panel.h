@@ -55,7 +55,9 @@ class EditPanel {
                               .place = panel::hideBox,
                               .ticked = true,
                               .event = [this] { chkHideE_Click(); }}};
-    forms::Line Line6{fraSample1, {.name = "Line6", .place = panel::rule}};
+    forms::Groove rule{fraSample1,        {.name = "Line1", .index = 9},
+                       {.name = "Line6"}, panel::left,
+                       panel::ruleTop,    panel::width};
 
     forms::Frame fraEditor{
         fraSample1,
@@ -77,6 +79,11 @@ class EditPanel {
           .caption = "Windows &Notepad",
           .tooltip = "Use Windows Notepad rather than editor specified in Settings",
           .place = panel::row(1, panel::width)}}};
+    forms::Line optionsEnd{fraSample1,
+                           {.name = "Line1",
+                            .index = 13,
+                            .place = {panel::left, panel::optionsTop + panel::frameHeight(2) + 135,
+                                      panel::width, 15}}};
 };
 
 }  // namespace tools

@@ -19,7 +19,7 @@ inline constexpr forms::Place fileText{left, 270, 3990, 345};
 inline constexpr forms::Place browseButton{4200, 255, 840, 375};
 inline constexpr forms::Place actionButton{5100, 255, 840, 375};
 inline constexpr forms::Place hideBox{left, 690, 1800, 270};
-inline constexpr forms::Place rule{left, 1005, width, 15};
+inline constexpr int ruleTop = 1005;
 
 // Never shown: the box only stores the command text.
 inline constexpr forms::Place commandLabel{left, 4545, 1800, 225};

@@ -92,7 +92,9 @@ class PlayPanel {
                               .place = panel::hideBox,
                               .ticked = true,
                               .event = [this] { chkHideP_Click(); }}};
-    forms::Line Line4{fraSample3, {.name = "Line4", .place = panel::rule}};
+    forms::Groove rule{fraSample3,        {.name = "Line1", .index = 7},
+                       {.name = "Line4"}, panel::left,
+                       panel::ruleTop,    panel::width};
 
     forms::Frame fraPlayer{
         fraSample3,

@@ -92,7 +92,9 @@ class SpellingPanel {
                               .place = panel::hideBox,
                               .ticked = true,
                               .event = [this] { chkHideS_Click(); }}};
-    forms::Line Line5{fraSample4, {.name = "Line5", .place = panel::rule}};
+    forms::Groove rule{fraSample4,        {.name = "Line1", .index = 6},
+                       {.name = "Line5"}, panel::left,
+                       panel::ruleTop,    panel::width};
 
     forms::Frame fraOutputFile{
         fraSample4,

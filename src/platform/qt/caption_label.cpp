@@ -1,6 +1,8 @@
 #include "platform/qt/caption_label.h"
 
 #include <QEvent>
+#include <QFontMetricsF>
+#include <algorithm>
 
 namespace qt {
 
@@ -11,6 +13,13 @@ CaptionLabel::CaptionLabel(QWidget* parent) : QLabel(parent) {
 void CaptionLabel::setCaption(const QString& caption) {
     caption_ = caption;
     fit();
+}
+
+QSize CaptionLabel::sizeOf(const QString& caption) const {
+    const QFontMetricsF metrics(font());
+    const double slanted = metrics.boundingRect(caption).right();  // reaches further, if italic
+    const double width = std::max(metrics.horizontalAdvance(caption), slanted);
+    return QSizeF(width, metrics.height()).toSize() + QSize(1, 1);
 }
 
 int CaptionLabel::textFlags() const {

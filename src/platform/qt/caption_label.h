@@ -10,6 +10,8 @@ class CaptionLabel : public QLabel {
   public:
     explicit CaptionLabel(QWidget* parent);
     void setCaption(const QString& caption);
+    /// The room that the caption takes on one line.
+    [[nodiscard]] QSize sizeOf(const QString& caption) const;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QFrame>
 #include <QLayout>
 #include <QMenuBar>
 #include <QProxyStyle>
@@ -57,7 +58,8 @@ FormWindow::FormWindow(forms::Form& form)
     : form_(form), window_(*new QMainWindow(nullptr, windowFlags(form.style))) {
     window_.setObjectName(QString::fromStdString(form.name));
     window_.setAccessibleName(QString::fromStdString(form.style.spoken));
-    auto* client = new QWidget(&window_);
+    auto* client = new QFrame(&window_);
+    if (form.style.bare) client->setFrameStyle(QFrame::WinPanel | QFrame::Raised);
     window_.setCentralWidget(client);
     if (form.hasMenu()) layMenuBar(*window_.menuBar());
     if (form.style.background != forms::FormStyle::noColour) {
@@ -130,6 +132,10 @@ void FormWindow::update() {
     const QPoint corner(pixels(form_.Left), pixels(form_.Top));
     // A window that was never moved has no place yet, though it seems to be in the corner.
     if (window_.pos() != corner || !window_.testAttribute(Qt::WA_Moved)) window_.move(corner);
+}
+
+void FormWindow::focus(const forms::Control& control) {
+    if (keyboard_) keyboard_->focus(&control);
 }
 
 void FormWindow::centre() {

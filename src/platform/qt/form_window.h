@@ -24,6 +24,7 @@ class FormWindow final : public QObject, public forms::WindowPeer {
     void hide() override;
     void refresh() override;
     void update() override;
+    void focus(const forms::Control& control) override;
 
     QMainWindow& widget() { return window_; }
 

@@ -23,6 +23,7 @@ class Keyboard : public QObject {
 
     /// Puts the focus on the form's first control that takes it.
     void focusFirst();
+    void focus(const forms::Control* control);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -33,7 +34,6 @@ class Keyboard : public QObject {
     bool controlTakesEnter();
     forms::Control* mnemonicTarget(const QKeyEvent& key);
     void followPanel();
-    void focus(const forms::Control* control);
     forms::TakesFocus takesFocus();
 
     [[nodiscard]] QWidget* receiver() const;

@@ -18,20 +18,29 @@ class LabelPeer : public PeerOf<forms::Label, CaptionLabel> {
 
   protected:
     void draw() override { widget_.setCaption(QString::fromStdString(control_.Caption)); }
+
+    void lay() override {
+        QRect place = placeOf(control_);
+        if (control_.autoSize) {
+            const QSize size = widget_.sizeOf(QString::fromStdString(control_.Caption));
+            const int beside = control_.centred ? (place.width() - size.width()) / 2 : 0;
+            place = {place.topLeft() + QPoint(beside, 0), size};
+        }
+        widget_.setGeometry(place);
+    }
 };
 
 class LinePeer : public PeerOf<forms::Line, QFrame> {
   public:
     LinePeer(forms::Line& line, QWidget& parent) : PeerOf(line, new QFrame(&parent)) {
-        widget_.setFrameShape(line.Width > line.Height ? QFrame::HLine : QFrame::VLine);
-        widget_.setFrameShadow(QFrame::Sunken);
+        widget_.setBackgroundRole(line.light ? QPalette::Light : QPalette::Mid);
+        widget_.setAutoFillBackground(true);
     }
 
   protected:
     void lay() override {
-        const QSize atLeast(widget_.frameWidth() + 1, widget_.frameWidth() + 1);
         const QRect place = placeOf(control_);
-        widget_.setGeometry({place.topLeft(), place.size().expandedTo(atLeast)});
+        widget_.setGeometry({place.topLeft(), place.size().expandedTo({1, 1})});
     }
 };
 

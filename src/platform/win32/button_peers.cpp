@@ -46,6 +46,14 @@ class MarkPeer : public ClickPeer<Kind> {
     }
 };
 
+class OptionPeer : public MarkPeer<forms::OptionButton> {
+  public:
+    OptionPeer(forms::OptionButton& option, const Site& site)
+        : MarkPeer(option, site, BS_AUTORADIOBUTTON) {
+        send(BM_SETDONTCLICK, TRUE);  // the focus alone is no click
+    }
+};
+
 }  // namespace
 
 std::unique_ptr<forms::Peer> makePeer(forms::Button& button, const Site& site) {
@@ -57,7 +65,7 @@ std::unique_ptr<forms::Peer> makePeer(forms::CheckBox& box, const Site& site) {
 }
 
 std::unique_ptr<forms::Peer> makePeer(forms::OptionButton& option, const Site& site) {
-    return std::make_unique<MarkPeer<forms::OptionButton>>(option, site, BS_AUTORADIOBUTTON);
+    return std::make_unique<OptionPeer>(option, site);
 }
 
 }  // namespace win32

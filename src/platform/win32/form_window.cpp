@@ -123,6 +123,10 @@ void FormWindow::update() {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void FormWindow::focus(const forms::Control& control) {
+    Keyboard::focus(control);
+}
+
 /// Takes over the system's font and colours at the window's resolution.
 void FormWindow::takeStyle() {
     const int dpi = dpiOf(window_);

@@ -30,6 +30,7 @@ class FormWindow : public forms::WindowPeer {
     void hide() override;
     void refresh() override;
     void update() override;
+    void focus(const forms::Control& control) override;
 
     /// The form's window behind a window of the system, or null.
     static FormWindow* of(HWND window);

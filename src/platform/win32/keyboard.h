@@ -19,6 +19,7 @@ class Keyboard {
     /// Brings the focus where it belongs, after a handler or a change of windows may have made the
     /// control unusable that had it.
     void settle();
+    static void focus(const forms::Control& control);
 
   private:
     bool keyDown(MSG& message);
@@ -31,7 +32,6 @@ class Keyboard {
     [[nodiscard]] forms::Control* focused() const;
     [[nodiscard]] forms::Control* heir() const;
     void markDefault();
-    static void focus(const forms::Control& control);
 
     forms::Form& form_;
     HWND window_;

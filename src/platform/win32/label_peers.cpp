@@ -14,7 +14,11 @@ namespace {
 class LabelPeer : public PeerOf<forms::Label> {
   public:
     LabelPeer(forms::Label& label, const Site& site)
-        : PeerOf(label, site, {L"STATIC", SS_NOTIFY | prefix(label) | lines(label, site.style)}) {}
+        : PeerOf(label, site, {L"STATIC", SS_NOTIFY | prefix(label) | lines(label, site.style)}) {
+        // Wherever its size takes it, it stays above the controls made before it.
+        if (label.autoSize)
+            SetWindowPos(window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
 
     [[nodiscard]] bool transparent() const override { return true; }
 
@@ -28,6 +32,16 @@ class LabelPeer : public PeerOf<forms::Label> {
 
   protected:
     void draw() override { drawText(control_.Caption); }
+
+    [[nodiscard]] RECT place() const override {
+        RECT place = PeerOf::place();
+        if (!control_.autoSize) return place;
+        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi());
+        const int slant = control_.font.italic ? ruler.lineHeight() / 4 : 0;
+        const LONG width = ruler.width(control_.Caption) + slant;
+        if (control_.centred) place.left += (widthOf(place) - width) / 2;
+        return {place.left, place.top, place.left + width, place.top + ruler.lineHeight()};
+    }
 
   private:
     static DWORD lines(const forms::Label& label, const Style& style) {
@@ -48,16 +62,13 @@ class LinePeer : public PeerOf<forms::Line> {
   public:
     LinePeer(forms::Line& line, const Site& site)
         : PeerOf(line, site,
-                 {L"STATIC",
-                  static_cast<DWORD>(line.Width > line.Height ? SS_ETCHEDHORZ : SS_ETCHEDVERT)}) {}
-    [[nodiscard]] bool transparent() const override { return true; }
+                 {L"STATIC", static_cast<DWORD>(line.light ? SS_WHITERECT : SS_GRAYRECT)}) {}
 
   protected:
-    /// An etched line is two pixels thick.
     [[nodiscard]] RECT place() const override {
         RECT place = PeerOf::place();
-        place.right = std::max(place.right, place.left + 2);
-        place.bottom = std::max(place.bottom, place.top + 2);
+        place.right = std::max(place.right, place.left + 1);
+        place.bottom = std::max(place.bottom, place.top + 1);
         return place;
     }
 };
