@@ -1,0 +1,1 @@
+A sample of a file that a game includes.
