@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "platform/win32/windows_api.h"
+
 namespace win32 {
 
 struct ComRelease {
@@ -14,12 +16,11 @@ struct ComRelease {
 template <typename Interface>
 using Com = std::unique_ptr<Interface, ComRelease>;
 
-/// What a call of the form `make(Interface**)` gives; empty if it fails.
+/// What a call of the form `make(Interface**)`, which gives an HRESULT, makes; empty if it fails.
 template <typename Interface, typename Make>
 Com<Interface> comFrom(const Make& make) {
     Interface* object = nullptr;
-    make(&object);
-    return Com<Interface>(object);
+    return SUCCEEDED(make(&object)) ? Com<Interface>(object) : nullptr;
 }
 
 }  // namespace win32

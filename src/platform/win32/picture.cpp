@@ -33,7 +33,7 @@ std::vector<std::uint32_t> decode(const Bytes& bytes, UINT width, UINT height) {
     });
     if (!factory) return {};
     const auto stream = comFrom<IWICStream>([&](auto made) { return factory->CreateStream(made); });
-    stream->InitializeFromMemory(bytes.first, bytes.size);
+    if (!stream || FAILED(stream->InitializeFromMemory(bytes.first, bytes.size))) return {};
     const auto decoder = comFrom<IWICBitmapDecoder>([&](auto made) {
         return factory->CreateDecoderFromStream(stream.get(), nullptr,
                                                 WICDecodeMetadataCacheOnDemand, made);
@@ -45,9 +45,14 @@ std::vector<std::uint32_t> decode(const Bytes& bytes, UINT width, UINT height) {
         [&](auto made) { return factory->CreateFormatConverter(made); });
     const auto scaler =
         comFrom<IWICBitmapScaler>([&](auto made) { return factory->CreateBitmapScaler(made); });
-    converter->Initialize(frame.get(), GUID_WICPixelFormat32bppBGRA, WICBitmapDitherTypeNone,
-                          nullptr, 0, WICBitmapPaletteTypeCustom);
-    scaler->Initialize(converter.get(), width, height, WICBitmapInterpolationModeFant);
+    if (!frame || !converter || !scaler ||
+        FAILED(converter->Initialize(frame.get(), GUID_WICPixelFormat32bppBGRA,
+                                     WICBitmapDitherTypeNone, nullptr, 0,
+                                     WICBitmapPaletteTypeCustom)) ||
+        FAILED(
+            scaler->Initialize(converter.get(), width, height, WICBitmapInterpolationModeFant))) {
+        return {};
+    }
 
     std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width) * height);
     const UINT rowSize = width * sizeof(std::uint32_t);
