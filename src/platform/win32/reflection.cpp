@@ -15,7 +15,8 @@ HWND asWindow(LPARAM parameter) {
 std::optional<LRESULT> colours(HDC device, HWND window, COLORREF background) {
     const ControlPeer* peer = ControlPeer::of(window);
     if (!peer || !peer->transparent()) return {};
-    SetTextColor(device, GetSysColor(COLOR_WINDOWTEXT));
+    const bool onWindow = background == GetSysColor(COLOR_WINDOW);
+    SetTextColor(device, GetSysColor(onWindow ? COLOR_WINDOWTEXT : COLOR_BTNTEXT));
     SetBkColor(device, background);
     return reinterpret_cast<LRESULT>(brush(device, background));
 }
