@@ -1,5 +1,7 @@
 #include "forms/controls.h"
 
+#include <algorithm>
+
 #include "forms/form.h"
 
 namespace forms {
@@ -14,17 +16,45 @@ Groove::Groove(Container& parent, Definition dark, Definition light, int left, i
     : dark_(parent, lineAt({left, top, width, thickness}, std::move(dark), false)),
       light_(parent, lineAt({left, top + thickness, width, thickness}, std::move(light), true)) {}
 
-void OptionButton::changed(Effect effect) {
-    if (effect == Effect::Raise && Value) {
-        for (Control* sibling : parent()->children()) {
-            auto* option = dynamic_cast<OptionButton*>(sibling);
-            if (!option || option == this || !option->Value) continue;
-            option->Value.store(false);
-            option->draw();
-        }
+std::vector<OptionButton*> OptionButton::group() const {
+    std::vector<OptionButton*> group;
+    for (Control* sibling : parent()->children()) {
+        if (auto* option = dynamic_cast<OptionButton*>(sibling)) group.push_back(option);
     }
-    draw();
-    if (effect == Effect::Raise && Value) raise();
+    return group;
+}
+
+/// Draws the whole group: the stop of the Tab key may have moved within it.
+void OptionButton::changed(Effect effect) {
+    const bool selected = effect == Effect::Raise && Value;
+    for (OptionButton* option : group()) {
+        if (selected && option != this) option->Value.store(false);
+    }
+    for (OptionButton* option : group())
+        option->draw();
+    if (selected) raise();
+}
+
+bool OptionButton::isTabStop() const {
+    const auto options = group();
+    const auto reached = [](const OptionButton* option) {
+        return option->Enabled && option->Visible;
+    };
+    auto stop = std::find_if(options.begin(), options.end(), [&](const OptionButton* option) {
+        return option->Value && reached(option);
+    });
+    if (stop == options.end()) stop = std::find_if(options.begin(), options.end(), reached);
+    return stop != options.end() && *stop == this;
+}
+
+OptionButton& OptionButton::beside(int step) {
+    auto options = group();
+    if (step < 0) std::reverse(options.begin(), options.end());
+    std::rotate(options.begin(), std::find(options.begin(), options.end(), this) + 1,
+                options.end());
+    return **std::find_if(options.begin(), options.end(), [this](const OptionButton* option) {
+        return option == this || option->usable();
+    });
 }
 
 void TextBox::type(const std::string& text) {

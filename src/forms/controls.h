@@ -99,12 +99,23 @@ class OptionButton : public Control {
 
     Property<bool> Value;
 
+    /// True if Tab reaches the option, as it does one of each container: the selected one, and
+    /// where none is selected that can be used, the first that can be.
+    [[nodiscard]] bool isTabStop() const;
+    /// The option that an arrow key leads to: the next of the container that can be used, or, with
+    /// a negative step, the one before; round at the ends.
+    OptionButton& beside(int step);
+
   protected:
     /// A click on the selected option runs its handler again.
     void clicked() override {
         if (Value) return raise();
         Value = true;
     }
+
+  private:
+    /// The options of the container, this one among them.
+    [[nodiscard]] std::vector<OptionButton*> group() const;
 };
 
 class TextBox : public Control {

@@ -66,12 +66,17 @@ bool Form::pressCancel() {
 }
 
 Control* Form::mnemonicTarget(char letter, const Control* after) {
+    const auto reached = [letter](const Control* control) {
+        return control->mnemonic() == letter && control->usable();
+    };
+    for (Control* child : children()) {
+        if (dynamic_cast<MenuItem*>(child) && reached(child)) return child;
+    }
     std::vector<Control*> controls = allControls();
     const auto from = std::find(controls.begin(), controls.end(), after);
     if (from != controls.end()) std::rotate(controls.begin(), from + 1, controls.end());
     const auto found = std::find_if(controls.begin(), controls.end(), [&](Control* control) {
-        return control->mnemonic() == letter && control->usable() &&
-               !dynamic_cast<MenuItem*>(control);
+        return reached(control) && !dynamic_cast<MenuItem*>(control);
     });
     return found == controls.end() ? nullptr : *found;
 }

@@ -64,8 +64,9 @@ class Form : public Container {
     bool pressDefault();
     /// Esc: presses the cancel button. False if there is none.
     bool pressCancel();
-    /// The control that Alt and the letter (upper case) reach: the next one behind `after`, in
-    /// order of tabbing and round; null if there is none. Menus do not count.
+    /// The control that Alt and the letter (upper case) reach: the item of the menu bar if one has
+    /// the letter, else the next control behind `after`, in order of tabbing and round; null if
+    /// there is none.
     Control* mnemonicTarget(char letter, const Control* after);
     /// The window's close box.
     void close();

@@ -1,7 +1,6 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
-#include <algorithm>
 
 #include "platform/qt/peers.h"
 #include "platform/qt/widget_peer.h"
@@ -54,17 +53,7 @@ class OptionButtonPeer : public ClickPeer<forms::OptionButton, QRadioButton> {
         widget_.setChecked(control_.Value);
         widget_.setAutoExclusive(true);
         // Qt lets Tab reach the option that was last in focus, be it disabled since.
-        const bool reached = control_.Value || !anySelected();
-        widget_.setFocusPolicy(reached ? Qt::StrongFocus : Qt::ClickFocus);
-    }
-
-  private:
-    [[nodiscard]] bool anySelected() const {
-        const auto& options = control_.parent()->children();
-        return std::any_of(options.begin(), options.end(), [](const forms::Control* sibling) {
-            const auto* option = dynamic_cast<const forms::OptionButton*>(sibling);
-            return option && option->Value;
-        });
+        widget_.setFocusPolicy(control_.isTabStop() ? Qt::StrongFocus : Qt::ClickFocus);
     }
 };
 

@@ -45,6 +45,10 @@ int characterOf(const QKeyEvent& key) {
     return none ? 0 : key.text().at(0).unicode();
 }
 
+QString nameOf(const forms::Control& control) {
+    return QString::fromStdString(control.fullName());
+}
+
 /// A text field would take the letter as typed.
 bool isVoidMnemonic(const QKeyEvent& key) {
     return key.modifiers() & Qt::AltModifier && !key.text().isEmpty() && key.text().at(0).isPrint();
@@ -92,6 +96,11 @@ bool Keyboard::keyPressed(const QKeyEvent& key) {
     if (!alive || form_.unloaded()) return true;
 
     if (forms::Control* target = mnemonicTarget(key)) {
+        if (dynamic_cast<forms::MenuItem*>(target)) {
+            auto& bar = *window_.menuBar();
+            bar.setActiveAction(bar.findChild<QAction*>(nameOf(*target)));
+            return true;
+        }
         if (QWidget* widget = widgetOf(*target); widget && widget->focusPolicy() != Qt::NoFocus)
             widget->setFocus(Qt::ShortcutFocusReason);
         target->click();
@@ -167,7 +176,7 @@ forms::Control* Keyboard::controlOf(const QWidget* widget) {
 }
 
 QWidget* Keyboard::widgetOf(const forms::Control& control) {
-    return window_.centralWidget()->findChild<QWidget*>(QString::fromStdString(control.fullName()));
+    return window_.centralWidget()->findChild<QWidget*>(nameOf(control));
 }
 
 }  // namespace qt

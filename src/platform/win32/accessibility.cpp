@@ -9,14 +9,30 @@
 
 namespace win32 {
 
-void setSpokenName(HWND window, const std::string& name) {
-    const auto services = comFrom<IAccPropServices>([](IAccPropServices** made) {
+namespace {
+
+constexpr auto client = static_cast<DWORD>(OBJID_CLIENT);
+
+/// Keeps what programs add to the system's own account of their windows; empty if it is not there.
+Com<IAccPropServices> annotations() {
+    return comFrom<IAccPropServices>([](IAccPropServices** made) {
         return CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
                                 IID_IAccPropServices, reinterpret_cast<void**>(made));
     });
-    if (!services) return;
-    services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
-                             PROPID_ACC_NAME, platform::wide(name).c_str());
+}
+
+}  // namespace
+
+SpokenName::SpokenName(HWND window, const std::string& name) : window_(window) {
+    if (const auto kept = annotations())
+        kept->SetHwndPropStr(window, client, CHILDID_SELF, PROPID_ACC_NAME,
+                             platform::wide(name).c_str());
+}
+
+SpokenName::~SpokenName() {
+    MSAAPROPID name = PROPID_ACC_NAME;
+    if (const auto kept = annotations())
+        kept->ClearHwndProps(window_, client, CHILDID_SELF, &name, 1);
 }
 
 }  // namespace win32

@@ -13,7 +13,7 @@ class ClickPeer : public PeerOf<Kind> {
         : PeerOf<Kind>(control, site, {L"BUTTON", style | WS_TABSTOP}) {}
 
     void command(int notification) override {
-        if (notification == BN_CLICKED) click();
+        if (notification == BN_CLICKED && !takingFocus_) click();
     }
     [[nodiscard]] bool transparent() const override { return true; }
 
@@ -22,6 +22,18 @@ class ClickPeer : public PeerOf<Kind> {
     void click() {
         this->act([this] { this->control_.click(); });
     }
+
+    /// The system counts an option as clicked that gets the focus, even where the focus only comes
+    /// back to the window.
+    LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
+        if (message == WM_SETFOCUS) takingFocus_ = true;
+        const LRESULT answer = PeerOf<Kind>::handle(message, first, second);
+        if (message == WM_SETFOCUS) takingFocus_ = false;
+        return answer;
+    }
+
+  private:
+    bool takingFocus_ = false;
 };
 
 class ButtonPeer : public ClickPeer<forms::Button> {
@@ -32,7 +44,8 @@ class ButtonPeer : public ClickPeer<forms::Button> {
     void enter() override { click(); }
 };
 
-/// Check boxes and options, which show their value by a mark in front of the caption.
+/// Check boxes and options, which show their value by a mark in front of the caption. The model
+/// alone decides on the mark.
 template <typename Kind>
 class MarkPeer : public ClickPeer<Kind> {
   public:
@@ -43,6 +56,29 @@ class MarkPeer : public ClickPeer<Kind> {
         ClickPeer<Kind>::draw();
         const WPARAM mark = this->control_.Value ? BST_CHECKED : BST_UNCHECKED;
         if (this->send(BM_GETCHECK) != static_cast<LRESULT>(mark)) this->send(BM_SETCHECK, mark);
+    }
+
+    LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
+        if (message != BM_SETCHECK) return ClickPeer<Kind>::handle(message, first, second);
+        return this->change(message, first, second, [&] {
+            if ((first == BST_CHECKED) != static_cast<bool>(this->control_.Value))
+                this->control_.click();
+        });
+    }
+};
+
+class OptionPeer : public MarkPeer<forms::OptionButton> {
+  public:
+    OptionPeer(forms::OptionButton& option, const Site& site)
+        : MarkPeer(option, site, BS_RADIOBUTTON) {}
+
+  protected:
+    /// The system makes a stop of each option that it marks.
+    void draw() override {
+        MarkPeer::draw();
+        const LONG style = GetWindowLongW(window(), GWL_STYLE);
+        const LONG wanted = control_.isTabStop() ? style | WS_TABSTOP : style & ~WS_TABSTOP;
+        if (wanted != style) SetWindowLongW(window(), GWL_STYLE, wanted);
     }
 };
 

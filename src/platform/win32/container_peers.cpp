@@ -27,13 +27,8 @@ template <typename Kind>
 class ContainerPeer : public PeerOf<Kind> {
   public:
     ContainerPeer(Kind& container, const Site& site, const wchar_t* className, DWORD style = 0)
-        : PeerOf<Kind>(container, site, {className, style | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}) {
-        classProcedure_ = exchangeProcedure(procedure);
-        background_ = backgroundOf(container, site.style.tabPage);
-    }
-    ~ContainerPeer() override { exchangeProcedure(classProcedure_); }
-    ContainerPeer(const ContainerPeer&) = delete;
-    ContainerPeer& operator=(const ContainerPeer&) = delete;
+        : PeerOf<Kind>(container, site, {className, style | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}),
+          background_(backgroundOf(container, site.style.tabPage)) {}
 
     void restyle(const Style& style) override {
         ControlPeer::restyle(style);
@@ -45,18 +40,7 @@ class ContainerPeer : public PeerOf<Kind> {
     /// The left button has gone down on the container's own ground.
     virtual void pressed() {}
 
-  private:
-    WNDPROC exchangeProcedure(WNDPROC procedure) {
-        return reinterpret_cast<WNDPROC>(
-            SetWindowLongPtrW(this->window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
-    }
-
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
-        return static_cast<ContainerPeer*>(ControlPeer::of(window))
-            ->handle(window, message, first, second);
-    }
-
-    LRESULT handle(HWND window, UINT message, WPARAM first, LPARAM second) {
+    LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
         switch (message) {
             case WM_NCHITTEST:
                 return HTCLIENT;  // a group box would let clicks through
@@ -64,18 +48,18 @@ class ContainerPeer : public PeerOf<Kind> {
                 pressed();
                 return 0;
             case WM_ERASEBKGND:
-                fill(window, reinterpret_cast<HDC>(first), background_);
+                fill(this->window(), reinterpret_cast<HDC>(first), background_);
                 return TRUE;
             default:
                 break;
         }
-        const WNDPROC classProcedure = classProcedure_;  // the peer may end with the message
+        const HWND window = this->window();  // the peer may end with the message
         if (const auto answer = reflect(message, first, second, background_)) return *answer;
-        return CallWindowProcW(classProcedure, window, message, first, second);
+        return DefSubclassProc(window, message, first, second);
     }
 
-    WNDPROC classProcedure_ = nullptr;
-    COLORREF background_ = 0;
+  private:
+    COLORREF background_;
 };
 
 class FramePeer : public ContainerPeer<forms::Frame> {

@@ -1,5 +1,7 @@
 #include "platform/win32/control_peer.h"
 
+#include <utility>
+
 #include "platform/win32/units.h"
 #include "platform/win32/wide.h"
 
@@ -19,11 +21,18 @@ ControlPeer::ControlPeer(forms::Control& control, const Site& site, const Window
           reinterpret_cast<HMENU>(static_cast<UINT_PTR>(site.id)), GetModuleHandleW(nullptr),
           nullptr)) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetWindowSubclass(window_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
     takeFont(site.style);
 }
 
 ControlPeer::~ControlPeer() {
+    RemoveWindowSubclass(window_, procedure, 0);
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+}
+
+LRESULT CALLBACK ControlPeer::procedure(HWND /*window*/, UINT message, WPARAM first, LPARAM second,
+                                        UINT_PTR /*id*/, DWORD_PTR peer) {
+    return reinterpret_cast<ControlPeer*>(peer)->handle(message, first, second);
 }
 
 ControlPeer* ControlPeer::of(HWND window) {
@@ -36,7 +45,9 @@ void ControlPeer::update() {
         enabled_ = control_.Enabled;
         EnableWindow(window_, enabled_);
     }
+    const bool within = std::exchange(drawing_, true);
     draw();
+    drawing_ = within;
     if (shown_ != control_.inSight()) {
         shown_ = control_.inSight();
         ShowWindow(window_, shown_ ? SW_SHOWNA : SW_HIDE);

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "forms/control.h"
+#include "platform/win32/accessibility.h"
+#include "platform/win32/common_controls.h"
 #include "platform/win32/drawing.h"
 #include "platform/win32/windows_api.h"
 
@@ -56,6 +59,9 @@ class ControlPeer : public forms::Peer {
     /// True if the control lets the background of its container through.
     [[nodiscard]] virtual bool transparent() const { return false; }
 
+    /// Has screen readers call the window by the name.
+    void speak(const std::string& name) { spokenName_.emplace(window_, name); }
+
     /// True if Enter or Esc has a meaning for the window itself just now.
     [[nodiscard]] virtual bool wantsKey(WPARAM /*key*/) const { return false; }
     /// Enter, on a control that takes it.
@@ -72,6 +78,27 @@ class ControlPeer : public forms::Peer {
     [[nodiscard]] int dpi() const { return dpi_; }
 
   protected:
+    /// Deals with a message for the window. The peer may have ended when the answer comes.
+    virtual LRESULT handle(UINT message, WPARAM first, LPARAM second) {
+        return byDefault(message, first, second);
+    }
+    /// What the window's own kind makes of a message.
+    LRESULT byDefault(UINT message, WPARAM first, LPARAM second) const {
+        return DefSubclassProc(window_, message, first, second);
+    }
+    /// Carries out a message that changes what the window shows. Where it comes from outside, as
+    /// from a tool that works the window for its user, the change counts as the user's.
+    template <typename Action>
+    LRESULT change(UINT message, WPARAM first, LPARAM second, const Action& action) {
+        const HWND window = window_;
+        const LRESULT answer = byDefault(message, first, second);
+        if (of(window) == this && !drawing_) act(action);
+        return answer;
+    }
+
+    /// True while the changes of the window are the program's own.
+    [[nodiscard]] bool drawing() const { return drawing_; }
+
     /// Puts the window into its place.
     virtual void lay();
     /// Draws what the kind of control has beyond place, enabled and visible.
@@ -101,6 +128,8 @@ class ControlPeer : public forms::Peer {
     }
 
   private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second,
+                                      UINT_PTR id, DWORD_PTR peer);
     void takeFont(const Style& style);
 
     forms::Control& control_;
@@ -109,8 +138,10 @@ class ControlPeer : public forms::Peer {
     RECT place_;
     bool enabled_;
     bool shown_;
+    bool drawing_ = false;
     HWND window_;
     Font ownFont_;
+    std::optional<SpokenName> spokenName_;
 };
 
 /// The peer of a control, if that has a window; else, and for no control, null.

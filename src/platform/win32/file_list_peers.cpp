@@ -18,13 +18,18 @@ class DrivePeer : public PeerOf<forms::DriveList> {
     }
 
     void command(int notification) override {
-        if (notification == CBN_SELENDOK)
-            act([this] { control_.pick(static_cast<int>(send(CB_GETCURSEL))); });
+        if (notification == CBN_SELENDOK) act([this] { pick(); });
         if (notification == CBN_SELENDCANCEL) update();
     }
     [[nodiscard]] bool wantsKey(WPARAM) const override { return send(CB_GETDROPPEDSTATE) != 0; }
 
   protected:
+    /// While the list is open, the user has not yet chosen.
+    LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
+        if (message != CB_SETCURSEL || wantsKey(0)) return PeerOf::handle(message, first, second);
+        return change(message, first, second, [this] { pick(); });
+    }
+
     void draw() override {
         const auto& drives = control_.drives();
         const auto selected = std::find(drives.begin(), drives.end(), control_.Drive());
@@ -41,6 +46,9 @@ class DrivePeer : public PeerOf<forms::DriveList> {
         room.bottom += static_cast<LONG>(rowHeight * mostRows);
         move(room);
     }
+
+  private:
+    void pick() { control_.pick(static_cast<int>(send(CB_GETCURSEL))); }
 };
 
 /// Each row is indented by blanks, as deep as its folder lies.

@@ -34,9 +34,9 @@ HICON icon(int widthMetric, int heightMetric) {
                                          GetSystemMetrics(heightMetric), LR_SHARED));
 }
 
-/// Name of the window class of all forms.
-const wchar_t* formClass(WNDPROC procedure) {
-    static const wchar_t* const name = [procedure] {
+/// The window class of all forms.
+ATOM formClass(WNDPROC procedure) {
+    static const ATOM made = [procedure] {
         WNDCLASSEXW kind{};
         kind.cbSize = sizeof kind;
         kind.lpfnWndProc = procedure;
@@ -45,10 +45,9 @@ const wchar_t* formClass(WNDPROC procedure) {
         kind.hIconSm = icon(SM_CXSMICON, SM_CYSMICON);
         kind.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
         kind.lpszClassName = L"NorvaneForm";
-        RegisterClassExW(&kind);
-        return kind.lpszClassName;
+        return RegisterClassExW(&kind);
     }();
-    return name;
+    return made;
 }
 
 int systemDpi() {
@@ -75,7 +74,7 @@ void runLoop(const std::function<bool()>& goOn) {
 
 HWND FormWindow::makeWindow(const forms::Form& form) {
     const Frame frame = frameOf(form.style);
-    return CreateWindowExW(frame.extendedStyle, formClass(procedure),
+    return CreateWindowExW(frame.extendedStyle, MAKEINTATOM(formClass(procedure)),
                            platform::wide(form.Caption()).c_str(), frame.style | WS_CLIPCHILDREN, 0,
                            0, 0, 0, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
 }
@@ -94,8 +93,7 @@ FormWindow::~FormWindow() {
 }
 
 FormWindow* FormWindow::of(HWND window) {
-    const LONG_PTR ours = reinterpret_cast<LONG_PTR>(&FormWindow::procedure);
-    if (GetWindowLongPtrW(window, GWLP_WNDPROC) != ours) return nullptr;
+    if (GetClassLongPtrW(window, GCW_ATOM) != formClass(procedure)) return nullptr;
     return reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
@@ -189,13 +187,20 @@ void FormWindow::refresh() {
 }
 
 void FormWindow::centre() {
-    RECT around;
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
-    if (owner_) GetWindowRect(owner_, &around);
+    const HMONITOR monitor = MonitorFromWindow(owner_, MONITOR_DEFAULTTOPRIMARY);
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(monitor, &screen);
+    const RECT& room = screen.rcWork;
+    RECT around = room;
+    if (owner_ && !IsIconic(owner_)) GetWindowRect(owner_, &around);
     RECT own;
     GetWindowRect(window_, &own);
-    SetWindowPos(window_, nullptr, (around.left + around.right - widthOf(own)) / 2,
-                 (around.top + around.bottom - heightOf(own)) / 2, 0, 0,
+    // Where the room is too small, the upper left corner stays in sight.
+    const LONG left = (around.left + around.right - widthOf(own)) / 2;
+    const LONG top = (around.top + around.bottom - heightOf(own)) / 2;
+    SetWindowPos(window_, nullptr, std::max(room.left, std::min(left, room.right - widthOf(own))),
+                 std::max(room.top, std::min(top, room.bottom - heightOf(own))), 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -219,6 +224,20 @@ void FormWindow::report() {
                 IsZoomed(window_) ? forms::WindowState::Maximised : forms::WindowState::Normal);
 }
 
+void FormWindow::close() {
+    report();
+    form_.close();
+}
+
+/// The system may end the program as soon as this has returned. The first form takes all others
+/// with it, also while they or a box wait for an answer, which will not come any more.
+void FormWindow::endSession() {
+    forms::Application& application = form_.application();
+    if (application.Count() == 0) return;
+    dynamic_cast<FormWindow&>(*application.Forms(0).window()).close();
+    PostQuitMessage(0);
+}
+
 void FormWindow::choose(int menuItem) {
     const auto controls = form_.allControls();
     const int position = menuItem - firstId;
@@ -239,8 +258,12 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
             if (HIWORD(first) == 0) choose(LOWORD(first));
             return 0;
         case WM_CLOSE:
-            report();
-            form_.close();
+            close();
+            return 0;
+        case WM_QUERYENDSESSION:
+            return TRUE;
+        case WM_ENDSESSION:
+            if (first) endSession();
             return 0;
         case WM_ACTIVATE:
             report();

@@ -51,6 +51,8 @@ class FormWindow : public forms::WindowPeer {
     void fitControls();
     void centre();
     void report();
+    void close();
+    void endSession();
     void choose(int menuItem);
 
     forms::Form& form_;

@@ -42,6 +42,12 @@ bool Keyboard::keyDown(MSG& message) {
             return enter(message);
         case VK_ESCAPE:
             return escape();
+        case VK_LEFT:
+        case VK_UP:
+            return arrow(message, -1);
+        case VK_RIGHT:
+        case VK_DOWN:
+            return arrow(message, 1);
         case VK_TAB:
             if (isDown(VK_CONTROL)) return true;
             [[fallthrough]];
@@ -69,6 +75,17 @@ bool Keyboard::escape() {
     return true;
 }
 
+/// Among options an arrow key selects the next. The system's own way there differs from version to
+/// version.
+bool Keyboard::arrow(MSG& message, int step) {
+    auto* option = dynamic_cast<forms::OptionButton*>(focused());
+    if (!option || message.message != WM_KEYDOWN) return IsDialogMessageW(window_, &message);
+    forms::OptionButton& next = option->beside(step);
+    focus(next);
+    next.click();
+    return true;
+}
+
 bool Keyboard::keyPress(WPARAM character) {
     const HWND window = window_;
     form_.keyPress(static_cast<int>(character));
@@ -80,7 +97,7 @@ bool Keyboard::mnemonic(wchar_t letter) {
     if (letter <= L' ' || letter > lastAscii) return false;
     const auto capital = static_cast<char>(letter >= L'a' && letter <= L'z' ? letter - 32 : letter);
     forms::Control* target = form_.mnemonicTarget(capital, focused());
-    if (!target) return false;  // it may be a menu's
+    if (!target || dynamic_cast<forms::MenuItem*>(target)) return false;  // the system opens menus
     focus(*target);
     settle();  // a box that the click brings up gives the focus back to this one
     target->click();

@@ -25,6 +25,7 @@ class Keyboard {
     bool keyDown(MSG& message);
     bool enter(const MSG& message);
     bool escape();
+    bool arrow(MSG& message, int step);
     bool mnemonic(wchar_t letter);
     /// Lets the form see a character. False if the form has ended by it.
     bool keyPress(WPARAM character);

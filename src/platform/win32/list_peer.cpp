@@ -17,14 +17,15 @@ class ListPeer : public PeerOf<forms::ListBox> {
                WS_EX_CLIENTEDGE}) {}
 
     void command(int notification) override {
-        if (notification != LBN_SELCHANGE) return;
-        const int row = selectedRow();
-        act([&] {
-            if (row >= 0 && row != control_.ListIndex) control_.pick(row);
-        });
+        if (notification == LBN_SELCHANGE) act([this] { pick(); });
     }
 
   protected:
+    LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
+        if (message != LB_SETCURSEL) return PeerOf::handle(message, first, second);
+        return change(message, first, second, [this] { pick(); });
+    }
+
     void draw() override {
         while (count() > control_.ListCount())
             send(LB_DELETESTRING, count() - 1);
@@ -35,6 +36,11 @@ class ListPeer : public PeerOf<forms::ListBox> {
     }
 
   private:
+    void pick() {
+        const int row = selectedRow();
+        if (row >= 0 && row != control_.ListIndex) control_.pick(row);
+    }
+
     void drawRow(int row) {
         const std::wstring wanted = platform::wide(control_.List(row));
         if (row < count()) {

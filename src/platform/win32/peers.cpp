@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "forms/form.h"
-#include "platform/win32/accessibility.h"
 
 namespace win32 {
 
@@ -81,8 +80,7 @@ class PeerBuilder : public forms::ControlVisitor {
         control.attach(makePeer(control, site, std::forward<More>(more)...));
         if (auto* peer = peerOf(&control)) {
             peers_.push_back(peer);
-            if (takesFocus(control) && mustTellName(control))
-                setSpokenName(peer->window(), control.accessibleName());
+            if (takesFocus(control) && mustTellName(control)) peer->speak(control.accessibleName());
         }
         control.peer()->update();
     }

@@ -36,6 +36,18 @@ class TabPeer : public PeerOf<forms::TabStrip> {
     }
 
   protected:
+    LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
+        if (message == WM_NOTIFY &&
+            reinterpret_cast<const NMHDR*>(second)->code == TTN_GETDISPINFOW) {
+            tell(*reinterpret_cast<NMTTDISPINFOW*>(second));
+            return 0;
+        }
+        if (message != TCM_SETCURSEL) return PeerOf::handle(message, first, second);
+        return change(message, first, second, [this] {
+            if (selected() != control_.SelectedItem) control_.pick(selected());
+        });
+    }
+
     void draw() override { send(TCM_SETCURSEL, control_.SelectedItem - 1); }
 
     [[nodiscard]] RECT place() const override { return within(PeerOf::place(), room_); }
@@ -47,22 +59,21 @@ class TabPeer : public PeerOf<forms::TabStrip> {
         item.mask = TCIF_TEXT;
         item.pszText = caption.data();
         send(TCM_INSERTITEMW, index, reinterpret_cast<LPARAM>(&item));
-
-        std::wstring tip = platform::wide(tab.tooltip);
-        TTTOOLINFOW tool{};
-        tool.cbSize = sizeof tool;
-        tool.hwnd = window();
-        tool.uId = index;
-        tool.lpszText = tip.data();
-        SendMessageW(reinterpret_cast<HWND>(send(TCM_GETTOOLTIPS)), TTM_UPDATETIPTEXTW, 0,
-                     reinterpret_cast<LPARAM>(&tool));
     }
 
+    [[nodiscard]] int selected() const { return static_cast<int>(send(TCM_GETCURSEL)) + 1; }
     void pick() {
-        act([this] { control_.pick(static_cast<int>(send(TCM_GETCURSEL)) + 1); });
+        act([this] { control_.pick(selected()); });
+    }
+
+    /// The text, which a tooltip asks for each time that it appears, for the tab with the index.
+    void tell(NMTTDISPINFOW& tooltip) {
+        tip_ = platform::wide(control_.Tabs.at(tooltip.hdr.idFrom).tooltip);
+        tooltip.lpszText = tip_.data();
     }
 
     RECT room_{};
+    std::wstring tip_;
     bool turnedByMouse_ = false;
 };
 

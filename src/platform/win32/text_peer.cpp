@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "platform/win32/control_peer.h"
 #include "platform/win32/peers.h"
 
@@ -16,7 +14,7 @@ class TextPeer : public PeerOf<forms::TextBox> {
     }
 
     void command(int notification) override {
-        if (notification == EN_CHANGE && !drawing_) act([this] { control_.type(text()); });
+        if (notification == EN_CHANGE && !drawing()) act([this] { control_.type(text()); });
     }
     [[nodiscard]] bool wantsKey(WPARAM key) const override {
         return key == VK_RETURN && control_.takesEnter();
@@ -24,10 +22,13 @@ class TextPeer : public PeerOf<forms::TextBox> {
 
   protected:
     void draw() override {
-        if (!control_.Visible) return;
-        drawing_ = true;
-        drawText(control_.Text);
-        drawing_ = false;
+        if (control_.Visible) drawText(control_.Text);
+    }
+
+    /// A box of several lines does not tell that it has been given a text.
+    LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
+        if (message != WM_SETTEXT) return PeerOf::handle(message, first, second);
+        return change(message, first, second, [this] { control_.type(text()); });
     }
 
   private:
@@ -38,8 +39,6 @@ class TextPeer : public PeerOf<forms::TextBox> {
                                 : ES_AUTOHSCROLL;
         return WS_TABSTOP | readOnly | shape;
     }
-
-    bool drawing_ = false;  ///< the change of text is the program's own
 };
 
 }  // namespace
