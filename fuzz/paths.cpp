@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "check.h"
+#include "core/runtime.h"
 #include "disk.h"
 #include "platform/linux/argument_map.h"
 #include "platform/linux/case_fold.h"
@@ -67,11 +68,16 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 
     const std::string host = desk.disk.toHost(path);
     std::vector<std::string> words = {path, "-OF" + path};
-    platform::ArgumentMap(desk.disk).toHost(words);
+    try {
+        platform::ArgumentMap(desk.disk, "k").toHost(words);
+    } catch (const core::RuntimeError&) {
+        // No drive holds one of the paths.
+    }
     check(words[1].starts_with("-OF"), "an option stays one");
     if (host.empty()) {
-        const bool noDrive = path.size() >= 2 && path[1] == ':' && (path[0] | 0x20) != 'c' &&
-                             (path[0] | 0x20) != 'd';
+        const bool noDrive = (path.size() >= 2 && path[1] == ':' && (path[0] | 0x20) != 'c' &&
+                              (path[0] | 0x20) != 'd') ||
+                             path.starts_with("\\\\");
         check(path.find('\0') != std::string::npos || path.empty() || noDrive,
               "a path leads somewhere");
         check(desk.disk.shortPath(path).empty(), "no place has no short form");

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <chrono>
 #include <sstream>
 #include <thread>
@@ -7,6 +8,7 @@
 #include "linux_desktop.h"
 #include "platform/linux/batch_interpreter.h"
 #include "platform/linux/linux_runtime.h"
+#include "platform/linux/terminal.h"
 
 using namespace platform;
 using namespace std::literals;
@@ -93,7 +95,7 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
     write(c / "kelm/standard library/x");
     write(d / "out/x");
     const std::string games = c / "My Games";
-    const std::pair<const char*, std::string> cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"WIZARD~1 -Pack", "[wizardquest][-Pack]"},
         {"WIZARD~1.lis wizard~1.KEL", "[wizardquest.lis][wizardquest.kel]"},
         {"-Include \"c:\\kelm\\STANDA~1\" cave.KEL",
@@ -105,7 +107,9 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
         {"sub\\x.txt", "[" + games + "/sub/x.txt]"},
         {"cave -CharSet ISO", "[Cave][-CharSet][ISO]"},
         {"-Height 0 https://x.y/z /d NOBODY~1 \"\"", "[-Height][0][https://x.y/z][/d][NOBODY~1][]"},
-        {"q:\\x", "[q:\\x]"},
+        {"/MYGAME~1/new /kelm/none /kelm " + home.string(), "[" + games + "/new][" + c.string() +
+                                                                "/kelm/none][" + c.string() +
+                                                                "/kelm][" + home.string() + "]"},
     };
     for (const auto& [words, echo] : cases) {
         fs::remove(home / "echo");
@@ -157,7 +161,11 @@ TEST_F(Batch, TellsWhatIsMissing) {
         {"none x", "Cannot start none: there is no such program on the search path", true},
         {"\"\" x", "Cannot start a program: none is named", true},
         {"c:\\plain.txt", "Cannot start c:\\plain.txt: it is no program", true},
-        {"notepad x", "No text editor was found.", true},
+        {"notepad x", "No text editor was found. Install one", true},
+        {tool + "q:\\x", "Cannot start c:\\kelm\\tool.exe q:\\x: there is no such place.", true},
+        {tool + "-OFq:\\x", "Cannot start c:\\kelm\\tool.exe q:\\x: there is no such place.", true},
+        {"notepad \\\\server\\x", "Cannot start notepad \\\\server\\x: there is no such place",
+         true},
         {tool + "x < none.log", "cannot read none.log: No such file or directory", true},
         {tool + "x <", "no file is named", true},
         {tool + "x < \\", "cannot read \\: It is no ordinary file", true},
@@ -185,6 +193,85 @@ TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
     EXPECT_TRUE(run("Notepad my cave.lis\nnotepad WIZARD~1.lis"));
     EXPECT_EQ(echoed(), c.string() + "[-x][file://" + c.string() + "/my%20cave.lis]\n" +
                             c.string() + "[-x][file://" + c.string() + "/wizardquest.lis]\n");
+}
+
+TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
+    program(home / "bin/bad", "#!/bin/sh\nexit 3\n");
+    program(home / "bin/ill", "#!/bin/sh\nkill -11 $$\n");
+    program(home / "bin/good");
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"good", "", true},
+        {"bad", "bad ended with exit code 3.", false},
+        {"bad\ngood", "", true},
+        {"bad\ncd \\\nexit", "bad ended with exit code 3.", false},
+        {"ill", "ill was ended by signal 11 (Segmentation fault).", false},
+        {"bad\npause", "", true},
+        {"none\npause\ngood", "", true},
+    };
+    for (const auto& [script, message, done] : cases) {
+        EXPECT_EQ(run(script), done) << script;
+        EXPECT_EQ(shown.find(" ended with") == std::string::npos &&
+                      shown.find(" was ended") == std::string::npos,
+                  done)
+            << shown;
+        EXPECT_NE(shown.find(message), std::string::npos) << shown;
+    }
+}
+
+TEST_F(Batch, GivesEachTerminalItsWords) {
+    using Options = std::vector<std::string>;
+    const std::string plain = "/a b/$x";
+    const std::tuple<const char*, Options, Options> cases[] = {
+        {"xterm", {"-maximized", "-e"}, {plain, "it's"}},
+        {"xfce4-terminal", {"--disable-server", "--maximize", "-x"}, {plain, "it's"}},
+        {"konsole", {"--fullscreen", "-e"}, {"env", "-S/a' 'b/\\$x\\_it\\'s"}},
+        {"tilix", {"--new-process", "--maximize", "-e"}, {"'/a b/$x' 'it'\\''s'"}},
+        {"qterminal", {"-e"}, {"env \"-S/a' 'b/\\$x\\_it\\'s\""}},
+        {"alacritty", {"-o", "window.startup_mode=\"Maximized\"", "-e"}, {plain, "it's"}},
+        {"kitty", {"--start-as=maximized"}, {plain, "it's"}},
+        {"other", {"-e"}, {plain, "it's"}},
+    };
+    for (const auto& [name, options, tail] : cases) {
+        program(home / "bin" / name);
+        setenv("TERMINAL", (name + " --my \"own $x\"\\ 'a \"b'"s).c_str(), 1);
+        Words expected = {home / "bin" / name, "--my", "own $x a \"b"};
+        expected.insert(expected.end(), options.begin(), options.end());
+        expected.insert(expected.end(), tail.begin(), tail.end());
+        EXPECT_EQ(inTerminal({plain, "it's"}, true).words, expected) << name;
+    }
+    // Debian's alternative leads to a wrapper that knows the options of xterm alone.
+    unsetenv("TERMINAL");
+    program(home / "bin/mate-terminal");
+    program(home / "bin/mate-terminal.wrapper");
+    fs::create_symlink("mate-terminal.wrapper", home / "bin/x-terminal-emulator");
+    EXPECT_EQ(inTerminal({plain}, false).words,
+              (Words{home / "bin/mate-terminal", "--disable-factory", "-x", plain}));
+}
+
+TEST_F(Batch, TellsOfATerminalThatFailsAtOnce) {
+    int count = 1;
+    std::string name = "tests";
+    char* arguments[] = {name.data(), nullptr};
+    const QCoreApplication application(count, arguments);
+    std::string told;
+    LinuxRuntime runtime(
+        [&](const std::string& text, int flags, const std::string&) {
+            told = text;
+            EXPECT_EQ(flags, core::Runtime::exclamation);
+            return core::Runtime::Answer::Ok;
+        },
+        NWBW_PROGRAMS);
+    write(c / "x.bat");
+    program(home / "bin/xterm", "#!/bin/sh\nexit 7\n");
+    runtime.rtcShell("c:\\x.bat", 1);
+    EXPECT_EQ(told, "");
+    for (int tries = 0; tries < 500 && told.empty(); ++tries) {
+        QCoreApplication::processEvents();
+        std::this_thread::sleep_for(10ms);
+    }
+    EXPECT_EQ(told, "The terminal " + (home / "bin/xterm").string() +
+                        " ended with exit code 7. Name another one in the environment variable "
+                        "TERMINAL.");
 }
 
 TEST_F(Batch, ShellOpensEditorsAndTellsWhatIsMissing) {

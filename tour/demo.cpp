@@ -80,7 +80,7 @@ class LinuxDemo : public Demo {
     [[nodiscard]] System system() const override {
         // The tools are programs of this system, which get the long names.
         return {.splash = "nwbw",
-                .terminal = "nwbw-batch",
+                .terminal = " - Norvane Workbench",
                 .scripts = {"c:\\kelm\\STANDA~1", "c:\\MYGAME~1", "WIZARD~1"},
                 .tools = {"c:\\kelm\\standard library", "c:\\my games", "wizardquest"},
                 .caveListing = "c:\\my games\\cave.lis"};

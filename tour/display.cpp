@@ -65,7 +65,9 @@ std::optional<Window> Display::find(std::string_view wanted, unsigned long excep
 
     std::optional<Window> found;
     for (unsigned i = count; i-- > 0 && !found;) {
-        if (children[i] != except && title(children[i]) == wanted) found = inView(children[i]);
+        const std::string name = title(children[i]);
+        const bool bears = wanted.starts_with(' ') ? name.ends_with(wanted) : name == wanted;
+        if (children[i] != except && bears) found = inView(children[i]);
     }
     XFree(children);
     return found;

@@ -29,7 +29,7 @@ class Display {
     ~Display();
 
     /// The top window that is in view and bears the title, except the one with the id; menus and
-    /// tooltips do not count.
+    /// tooltips do not count. A title that begins with a blank is the end of one.
     [[nodiscard]] std::optional<Window> find(std::string_view title, unsigned long except) const;
     /// The window with the id where it stands now, if it is in view.
     [[nodiscard]] std::optional<Window> inView(unsigned long id) const;

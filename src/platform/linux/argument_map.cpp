@@ -1,9 +1,15 @@
 #include "platform/linux/argument_map.h"
 
+#include <filesystem>
+#include <system_error>
+
+#include "core/runtime.h"
 #include "core/text.h"
 #include "platform/linux/case_fold.h"
 
 namespace platform {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -44,8 +50,22 @@ void ArgumentMap::map(std::vector<std::string>& arguments, Target target) {
 
 std::string ArgumentMap::path(const std::string& path, Target target) {
     if (target == Target::Windows) return disk_.longPath(path);
-    const std::string host = disk_.toHost(path);
-    return host.empty() ? path : host;
+    std::string host = disk_.toHost(path);
+    if (host.empty())
+        throw core::RuntimeError("Cannot start " + program_ + ' ' + path +
+                                 ": there is no such place.");
+    return host;
+}
+
+/// A file need not be there yet, or is named without its extension; its folder must be, and no
+/// option of the kind "/d" has one.
+std::string ArgumentMap::rooted(const std::string& word) {
+    std::error_code failed;
+    if (fs::exists(fs::symlink_status(word, failed))) return word;
+    const std::string host = disk_.toHost('\\' + word.substr(1));
+    const bool hasFolder = word.find('/', 1) != std::string::npos;
+    const fs::path place = hasFolder ? fs::path(host).parent_path() : fs::path(host);
+    return fs::exists(place, failed) ? host : word;
 }
 
 std::string ArgumentMap::name(const std::string& name, Target target) {
@@ -53,6 +73,7 @@ std::string ArgumentMap::name(const std::string& name, Target target) {
 }
 
 std::string ArgumentMap::word(const std::string& word, Target target, bool mayBeValue) {
+    if (target == Target::Host && word.starts_with('/')) return rooted(word);
     if (isPath(word)) return path(word, target);
     if (has(word, '/')) return word;
     // Only a short name is unmistakable: what stands behind an option may be a value of it that

@@ -5,6 +5,7 @@
 #include <QString>
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <istream>
@@ -40,6 +41,7 @@ void enter(const std::string& hostFolder, const std::string& name) {
 
 bool BatchInterpreter::run(std::string_view script) {
     failed_ = false;
+    lastFailure_.clear();
     for (const BatchLine& line : parseBatch(script)) {
         echo(line.text);
         try {
@@ -49,6 +51,7 @@ bool BatchInterpreter::run(std::string_view script) {
             break;
         }
     }
+    if (!lastFailure_.empty()) tell(lastFailure_);
     return !failed_;
 }
 
@@ -64,6 +67,8 @@ BatchInterpreter::Next BatchInterpreter::carryOut(const BatchLine& line) {
         case BatchLine::Kind::Pause:
             out_ << "Press Enter to continue . . . " << std::flush;
             std::getline(in_, answer);
+            failed_ = false;  // what was told has been read
+            lastFailure_.clear();
             return Next::GoOn;
         case BatchLine::Kind::Exit:
             return Next::Stop;
@@ -118,7 +123,11 @@ BatchInterpreter::Next BatchInterpreter::runCommand(const std::string& text) {
     try {
         const Invocation invocation = launcher_.prepare(command);
         const std::string input = inputFile(command);
-        if (runToEnd(invocation, input) == Ending::ByItself) return Next::GoOn;
+        showTitle(command);
+        const Ending ending = runToEnd(invocation, input);
+        lastFailure_ = ending.isGood() ? "" : command.words.front() + ' ' + ending.text() + '.';
+        if (ending.signal != SIGINT) return Next::GoOn;
+        lastFailure_.clear();
     } catch (const core::RuntimeError& error) {
         tell(error.what());
         return Next::GoOn;
@@ -131,6 +140,16 @@ void BatchInterpreter::echo(const std::string& line) {
     std::string folder = disk_.toWindows(currentFolder());
     if (!folder.empty() && isLetter(folder.front())) folder.front() &= ~0x20;  // upper case
     out_ << '\n' << shown(folder) << '>' << shown(line) << std::endl;
+}
+
+void BatchInterpreter::showTitle(const CommandLine& command) {
+    if (titles_ == Titles::No) return;
+    std::string title(core::afterLast(command.words.front(), '\\'));
+    for (std::size_t i = 1; i < command.words.size(); ++i)
+        title += ' ' + command.words[i];
+    title = shown(title) + " - Norvane Workbench";
+    // Konsole shows the second one only.
+    out_ << "\x1b]2;" << title << "\a\x1b]30;" << title << '\a' << std::flush;
 }
 
 void BatchInterpreter::tell(const std::string& message) {

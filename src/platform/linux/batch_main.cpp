@@ -1,6 +1,8 @@
-// Runs a batch script in a terminal: nwbw-batch SCRIPT [FOLDER]. Both are paths of the host; the
-// script starts in the folder, which not every terminal takes over from who started it.
+// Runs a batch script in a terminal: nwbw-batch SCRIPT FOLDER PREFIX, all paths of the host. The
+// script starts in the folder, with the drives of the Wine prefix. Neither can come from the
+// process or its environment, which may be those of a terminal that has been open before.
 
+#include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -13,7 +15,7 @@
 
 namespace {
 
-bool runScript(const char* path) {
+bool runScript(const char* path, const char* prefix) {
     std::ifstream file(path, std::ios::binary);
     if (!file) {
         std::cout << "Cannot read the script " << path << ": " << std::strerror(errno) << std::endl;
@@ -21,8 +23,11 @@ bool runScript(const char* path) {
     }
     // Read as a whole, since the script may be written anew while this run lasts.
     const std::string script{std::istreambuf_iterator<char>(file), {}};
-    platform::WindowsDisk disk(platform::Drives::ofUser());
-    return platform::BatchInterpreter(disk, std::cin, std::cout).run(script);
+    platform::WindowsDisk disk{platform::Drives(prefix)};
+    using platform::BatchInterpreter;
+    const auto titles =
+        isatty(STDOUT_FILENO) != 0 ? BatchInterpreter::Titles::Yes : BatchInterpreter::Titles::No;
+    return BatchInterpreter(disk, std::cin, std::cout, titles).run(script);
 }
 
 bool enterFolder(const char* folder) {
@@ -31,21 +36,21 @@ bool enterFolder(const char* folder) {
     return false;
 }
 
-void waitForReader() {
-    if (isatty(STDIN_FILENO) == 0) return;
-    std::cout << "Press Enter to close this window . . . " << std::flush;
-    std::string line;
-    std::getline(std::cin, line);
-}
-
 }  // namespace
 
 int main(int count, char* arguments[]) {
-    if (count < 2 || count > 3) {
-        std::cerr << "Usage: nwbw-batch SCRIPT [FOLDER]" << std::endl;
+    if (count != 4) {
+        std::cerr << "Usage: nwbw-batch SCRIPT FOLDER PREFIX" << std::endl;
         return 2;
     }
-    if ((count == 2 || enterFolder(arguments[2])) && runScript(arguments[1])) return 0;
-    waitForReader();
-    return 1;
+    termios settings = {};
+    const bool hasReader = tcgetattr(STDIN_FILENO, &settings) == 0;
+    if (enterFolder(arguments[2]) && runScript(arguments[1], arguments[3])) return 0;
+    if (!hasReader) return 1;
+    // A tool that was cut off leaves its own settings behind, and keys that were meant for it.
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &settings);
+    std::cout << "Press Enter to close this window . . . " << std::flush;
+    std::string line;
+    std::getline(std::cin, line);
+    return 0;  // the reader has seen it
 }

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QTextStream>
 
+#include "platform/linux/shell_words.h"
+
 namespace platform {
 
 namespace {
@@ -57,31 +59,6 @@ std::optional<Invocation> programOf(const QString& entryFile, const std::string&
     return program;
 }
 
-/// Parts an Exec line at its blanks; in double quotes a backslash takes the next character as it
-/// is.
-std::vector<std::string> partsOf(const std::string& exec) {
-    std::vector<std::string> parts;
-    bool inQuotes = false;
-    bool inPart = false;
-    for (std::size_t at = 0; at < exec.size(); ++at) {
-        const char c = exec[at];
-        if (c == ' ' && !inQuotes) {
-            inPart = false;
-            continue;
-        }
-        if (!inPart) parts.emplace_back();
-        inPart = true;
-        if (c == '"') {
-            inQuotes = !inQuotes;
-        } else if (c == '\\' && inQuotes && at + 1 < exec.size()) {
-            parts.back() += exec[++at];
-        } else {
-            parts.back() += c;
-        }
-    }
-    return parts;
-}
-
 }  // namespace
 
 std::string onSearchPath(const std::string& name) {
@@ -98,7 +75,7 @@ std::vector<std::string> execWords(const std::string& exec, const std::string& f
         "file://" + QByteArray::fromStdString(file).toPercentEncoding("/").toStdString();
     std::vector<std::string> words;
     bool fileNamed = false;
-    for (const std::string& part : partsOf(exec)) {
+    for (const std::string& part : shellWords(exec)) {
         const bool asFile = part == "%f" || part == "%F";
         if (asFile || part == "%u" || part == "%U") {
             if (!file.empty()) words.push_back(asFile ? file : url);

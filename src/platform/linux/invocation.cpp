@@ -99,29 +99,36 @@ class KeyboardSignalsAside {
     struct sigaction quit_ = {};
 };
 
-int waitFor(pid_t process) {
+Ending endingOf(pid_t process) {
     int status = 0;
     while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
     }
-    return status;
+    if (WIFSIGNALED(status)) return {0, WTERMSIG(status)};
+    return {WEXITSTATUS(status), 0};
 }
 
 }  // namespace
 
-void startDetached(const Invocation& invocation) {
+std::string Ending::text() const {
+    if (signal == 0) return "ended with exit code " + std::to_string(code);
+    return "was ended by signal " + std::to_string(signal) + " (" + strsignal(signal) + ')';
+}
+
+std::future<Ending> startDetached(const Invocation& invocation) {
     SpawnSetup setup;
     setup.readFrom("/dev/null");
     setup.ownSession();
-    std::thread(waitFor, spawn(invocation, setup)).detach();  // leaves no dead process behind
+    std::packaged_task<Ending(pid_t)> wait(endingOf);
+    std::future<Ending> ending = wait.get_future();
+    std::thread(std::move(wait), spawn(invocation, setup)).detach();  // leaves no dead process
+    return ending;
 }
 
 Ending runToEnd(const Invocation& invocation, const std::string& inputFile) {
     SpawnSetup setup;
     if (!inputFile.empty()) setup.readFrom(inputFile);
     const KeyboardSignalsAside aside;
-    const int status = waitFor(spawn(invocation, setup));
-    const bool interrupted = WIFSIGNALED(status) && WTERMSIG(status) == SIGINT;
-    return interrupted ? Ending::Interrupted : Ending::ByItself;
+    return endingOf(spawn(invocation, setup));
 }
 
 }  // namespace platform

@@ -83,11 +83,11 @@ Invocation Launcher::prepare(const CommandLine& command) {
         case Kind::Host:
             if (access(program.c_str(), X_OK) != 0) refuse(name, "it may not be executed.");
             invocation.words = {program};
-            ArgumentMap(disk_).toHost(arguments);
+            ArgumentMap(disk_, name).toHost(arguments);
             break;
         case Kind::Windows:
             invocation = viaWine(name, program);
-            ArgumentMap(disk_).toLongNames(arguments);
+            ArgumentMap(disk_, name).toLongNames(arguments);
             break;
         case Kind::Unknown:
             refuse(name, "it is no program that runs here.");

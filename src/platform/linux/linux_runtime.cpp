@@ -4,9 +4,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTimer>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -204,7 +206,25 @@ void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
         return;
     }
     const Invocation invocation = launcher_.prepare(line);
-    startDetached(invocation.inTerminal ? inTerminal(invocation.words, maximised) : invocation);
+    if (invocation.inTerminal) {
+        startInTerminal(invocation.words, maximised);
+    } else {
+        startDetached(invocation);
+    }
+}
+
+void LinuxRuntime::startInTerminal(const std::vector<std::string>& words, bool maximised) {
+    using namespace std::chrono_literals;
+    const Invocation terminal = inTerminal(words, maximised);
+    const std::shared_future<Ending> ending = startDetached(terminal).share();
+    if (QCoreApplication::instance() == nullptr) return;  // there will be no later to tell it
+    QTimer::singleShot(2s, &terminals_, [this, name = terminal.words.front(), ending] {
+        const bool isOver = ending.wait_for(0s) == std::future_status::ready;
+        if (!isOver || ending.get().isGood()) return;
+        rtcMsgBox("The terminal " + name + ' ' + ending.get().text() +
+                      ". Name another one in the environment variable TERMINAL.",
+                  exclamation, "");
+    });
 }
 
 void LinuxRuntime::startScript(const std::string& path, bool maximised) {
@@ -215,7 +235,8 @@ void LinuxRuntime::startScript(const std::string& path, bool maximised) {
         fail("start", path, "the program nwbw-batch is missing in " + programFolder_);
     }
     const std::string folder = platform::currentFolder();
-    startDetached(inTerminal({interpreter, script, folder.empty() ? "/" : folder}, maximised));
+    startInTerminal({interpreter, script, folder.empty() ? "/" : folder, disk_.drives().prefix()},
+                    maximised);
 }
 
 std::string LinuxRuntime::rtcGetSetting(const std::string& application, const std::string& section,

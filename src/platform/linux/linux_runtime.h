@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFile>
+#include <QObject>
 #include <functional>
 #include <string>
 
@@ -73,11 +74,13 @@ class LinuxRuntime : public core::Runtime {
     void openForInput(const std::string& path, const std::string& host);
     void writeOut();
     [[noreturn]] void failToWrite();
+    void startInTerminal(const std::vector<std::string>& words, bool maximised);
     void startScript(const std::string& path, bool maximised);
 
     WindowsDisk disk_{Drives::ofUser()};
     Launcher launcher_{disk_};
     MessageBox messageBox_;
+    QObject terminals_;  ///< whose endings are still to be told
     std::string programFolder_;
     std::string appPath_;
     core::FieldReader input_{""};

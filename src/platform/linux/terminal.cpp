@@ -8,8 +8,8 @@
 #include <system_error>
 
 #include "core/runtime.h"
-#include "platform/linux/command_line.h"
 #include "platform/linux/desktop_entry.h"
+#include "platform/linux/shell_words.h"
 
 namespace platform {
 
@@ -17,70 +17,128 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// How a terminal is told what to run. All of them take the words one by one behind the option.
-struct Form {
-    std::string_view name;
-    std::string_view run;        ///< stands before the words; empty if they follow at once
-    std::string_view maximised;  ///< empty if the terminal has no such option
+/// How the program and its arguments follow the option that runs them.
+enum class Joined {
+    No,     ///< word by word
+    Shell,  ///< as one text for a shell
+    Env,    ///< as one argument of "env", for a terminal that expands variables in its words
+    Qt,     ///< the same in one text, parted at blanks outside of double quotes
 };
 
-constexpr auto forms = std::to_array<Form>({
-    {"xterm", "-e", "-maximized"},
-    {"lxterm", "-e", "-maximized"},
-    {"uxterm", "-e", "-maximized"},
-    {"konsole", "-e", ""},
-    {"gnome-terminal", "--", "--maximize"},
-    {"xfce4-terminal", "-x", "--maximize"},
-    {"mate-terminal", "-x", "--maximize"},
-    {"terminator", "-x", "--maximise"},
-    {"kitty", "", "--start-as=maximized"},
-    {"foot", "", "--maximized"},
-    {"xdg-terminal-exec", "", ""},
+struct Terminal {
+    std::string_view name;
+    std::string_view options;    ///< keep it apart from its open windows, which would change words
+    std::string_view maximised;  ///< fills the screen; empty if the terminal has no such option
+    std::string_view run;        ///< stands before the words; empty if they follow at once
+    Joined joined = Joined::No;
+};
+
+/// The terminals that have been tried, the first ones preferred. Options are parted as by a shell.
+constexpr auto known = std::to_array<Terminal>({
+    {"xterm", "", "-maximized", "-e"},
+    {"lxterm", "", "-maximized", "-e"},
+    {"uxterm", "", "-maximized", "-e"},
+    {"konsole", "", "--fullscreen", "-e", Joined::Env},
+    {"gnome-terminal", "", "--maximize", "--"},
+    {"xfce4-terminal", "--disable-server", "--maximize", "-x"},
+    {"mate-terminal", "--disable-factory", "--maximize", "-x"},
+    {"lxterminal", "--no-remote", "--geometry=400x200", "-e"},
+    {"terminator", "--no-dbus", "--maximise", "-x"},
+    {"tilix", "--new-process", "--maximize", "-e", Joined::Shell},
+    {"sakura", "", "--maximize", "-x", Joined::Shell},
+    {"qterminal", "", "", "-e", Joined::Qt},
+    {"terminology", "", "--maximized", "-e", Joined::Shell},
+    {"kitty", "", "--start-as=maximized", ""},
+    {"alacritty", "", "-o 'window.startup_mode=\"Maximized\"'", "-e"},
+    {"stterm", "", "-g 400x200", "-e"},
+    {"st", "", "-g 400x200", "-e"},
+    {"urxvt", "", "", "-e"},
 });
-constexpr Form commonForm = {"", "-e", ""};
+constexpr Terminal unknown = {"", "", "", "-e"};
 
-constexpr std::array terminals = {"xdg-terminal-exec", "x-terminal-emulator", "xterm",
-                                  "konsole",           "gnome-terminal",      "xfce4-terminal"};
-
-const Form* formNamed(const fs::path& program) {
-    const auto* form = std::find_if(forms.begin(), forms.end(), [&](const Form& known) {
-        return known.name == program.filename().string();
+const Terminal* knownAs(const std::string& name) {
+    const auto* found = std::find_if(known.begin(), known.end(), [&](const Terminal& terminal) {
+        return terminal.name == name;
     });
-    return form == forms.end() ? nullptr : form;
+    return found == known.end() ? nullptr : found;
 }
 
-/// The form by the program's own name, else by that of the program it is a link to.
-const Form& formOf(const fs::path& program) {
-    if (const Form* form = formNamed(program)) return *form;
+/// A terminal's command: its path, then what the user's own choice adds to it.
+struct Chosen {
+    std::vector<std::string> command;
+    Terminal terminal = unknown;
+};
+
+/// Knows the terminal by the program's own name, else by that of the program it is a link to. A
+/// wrapper of Debian's alternatives takes the options of xterm alone, so that the terminal takes
+/// its place.
+Chosen recognised(std::vector<std::string> command) {
+    constexpr std::string_view wrapper = ".wrapper";
+    const fs::path program = command[0];
     std::error_code failed;
     const fs::path target = fs::canonical(program, failed);
-    if (const Form* form = formNamed(target)) return *form;
-    return commonForm;
+    for (const fs::path& path : {program, target}) {
+        const std::string name = path.filename().string();
+        if (const Terminal* terminal = knownAs(name)) return {std::move(command), *terminal};
+        if (!name.ends_with(wrapper)) continue;
+        const std::string wrapped = name.substr(0, name.size() - wrapper.size());
+        const Terminal* terminal = knownAs(wrapped);
+        const std::string itself = onSearchPath(wrapped);
+        if (terminal == nullptr || itself.empty()) continue;
+        command[0] = itself;
+        return {std::move(command), *terminal};
+    }
+    return {std::move(command)};
 }
 
-/// The terminal's command: its path, and what the user's own choice adds to it.
-std::vector<std::string> findTerminal() {
+Chosen findTerminal() {
     if (const char* chosen = std::getenv("TERMINAL")) {
-        std::vector<std::string> words = CommandLine(chosen).words;
-        if (!words.empty()) words[0] = onSearchPath(words[0]);
-        if (!words.empty() && !words[0].empty()) return words;
+        std::vector<std::string> command = shellWords(chosen);
+        if (!command.empty()) command[0] = onSearchPath(command[0]);
+        if (!command.empty() && !command[0].empty()) return recognised(std::move(command));
     }
-    for (const char* name : terminals)
-        if (const std::string program = onSearchPath(name); !program.empty()) return {program};
+    if (const std::string program = onSearchPath("x-terminal-emulator"); !program.empty())
+        return recognised({program});
+    for (const Terminal& terminal : known)
+        if (const std::string program = onSearchPath(std::string(terminal.name)); !program.empty())
+            return {{program}, terminal};
     throw core::RuntimeError(
         "No terminal was found. Install one, for example xterm, or name yours in the environment "
         "variable TERMINAL.");
 }
 
+std::string quotedForQt(const std::string& argument) {
+    if (argument.find('"') == std::string::npos) return '"' + argument + '"';
+    throw core::RuntimeError("qterminal cannot be given a name with a double quote: " + argument);
+}
+
+void append(std::vector<std::string>& words, const std::vector<std::string>& more) {
+    words.insert(words.end(), more.begin(), more.end());
+}
+
 }  // namespace
 
 Invocation inTerminal(const std::vector<std::string>& words, bool maximised) {
-    Invocation terminal{findTerminal(), "", false};
-    const Form& form = formOf(terminal.words[0]);
-    if (maximised && !form.maximised.empty()) terminal.words.emplace_back(form.maximised);
-    if (!form.run.empty()) terminal.words.emplace_back(form.run);
-    terminal.words.insert(terminal.words.end(), words.begin(), words.end());
-    return terminal;
+    const auto [command, terminal] = findTerminal();
+    Invocation invocation{command, "", false};
+    append(invocation.words, shellWords(terminal.options));
+    if (maximised) append(invocation.words, shellWords(terminal.maximised));
+    append(invocation.words, shellWords(terminal.run));
+    switch (terminal.joined) {
+        case Joined::No:
+            append(invocation.words, words);
+            break;
+        case Joined::Shell:
+            invocation.words.push_back(shellText(words));
+            break;
+        case Joined::Qt:
+            invocation.words.push_back("env " + quotedForQt(envArgument(words)));
+            break;
+        case Joined::Env:
+            append(invocation.words, {"env", envArgument(words)});
+            break;
+    }
+    return invocation;
 }
 
 }  // namespace platform

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "core/runtime.h"
-#include "platform/linux/command_line.h"
 #include "platform/linux/desktop_entry.h"
+#include "platform/linux/shell_words.h"
 
 namespace platform {
 
@@ -20,7 +20,7 @@ constexpr std::array editorsWithWindows = {
 /// The editor whose command is the text; it may bring arguments of its own.
 std::optional<Invocation> editor(const char* command, const std::string& file, bool inTerminal) {
     Invocation program;
-    program.words = CommandLine(command).words;
+    program.words = shellWords(command);
     program.inTerminal = inTerminal;
     if (program.words.empty()) return {};
     program.words[0] = onSearchPath(program.words[0]);
@@ -41,7 +41,9 @@ Invocation textEditor(const std::string& file) {
         if (command == nullptr) continue;
         if (auto program = editor(command, file, true)) return *program;
     }
-    throw core::RuntimeError("No text editor was found.");
+    throw core::RuntimeError(
+        "No text editor was found. Install one, for example mousepad or nano, or name yours in the "
+        "environment variable VISUAL or EDITOR.");
 }
 
 }  // namespace platform

@@ -49,6 +49,7 @@ std::string currentFolder() {
 std::optional<WindowsDisk::Start> WindowsDisk::startOf(std::string_view path) {
     if (path.empty() || path.find('\0') != std::string_view::npos) return {};
     if (path.front() == '/') return Start{"", "", path.substr(0, 1)};
+    if (path.starts_with("\\\\")) return {};
 
     const bool hasDrive = path.size() >= 2 && path[1] == ':' && isLetter(path[0]);
     const std::size_t used = hasDrive ? 2 : 0;

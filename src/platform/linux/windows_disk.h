@@ -20,7 +20,8 @@ class WindowsDisk {
     explicit WindowsDisk(Drives drives) : drives_(std::move(drives)) {}
 
     /// The host's path for a path with long or short names; a file that is not there yet gets the
-    /// name given. Empty if the path is empty, holds a NUL byte or names no drive.
+    /// name given. Empty if the path is empty, holds a NUL byte, or names a computer or a drive
+    /// that is not there.
     std::string toHost(std::string_view path);
     /// The Windows path of an absolute host path; the host path itself if no drive reaches it.
     std::string toWindows(const std::string& hostPath);
