@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
@@ -9,6 +10,7 @@
 #include <QListWidget>
 #include <QLocale>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
@@ -29,6 +31,7 @@
 #include "platform/qt/form_window.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_toolkit.h"
+#include "platform/qt/units.h"
 #include "platform/qt/widget_peer.h"
 
 namespace {
@@ -92,7 +95,12 @@ struct Sample : Form {
                                     {{.index = 0, .place = {200, 600, 5700, 3300}},
                                      {.index = 1, .place = {200, 600, 5700, 3300}}}};
     Label lblName{panels(0), define("lblName", "File", {0, 0, 1500, 300})};
-    TextBox txtName{panels(0), define("txtName", "", {0, 300, 3000, 345})};
+    TextBox txtName{
+        panels(0),
+        {.name = "txtName", .place = {0, 300, 3000, 345}, .holdsPath = true, .event = [this] {
+             heard += "txtName ";
+             onEvent();
+         }}};
     Button btnRun{panels(0), define("btnRun", "&Run", {3100, 300, 900, 375})};
     CheckBox chkDebug{panels(0), define("chkDebug", "&Debug", {0, 700, 1500, 300})};
     Frame fraKind{panels(0), define("fraKind", "Kind", {0, 1100, 3000, 1500})};
@@ -132,7 +140,15 @@ struct Windows : testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));
         EXPECT_EQ(std::exchange(heard, ""), "tab1 [active]");
     }
+    /// Sets the user's font; windows made from now on follow it.
+    static void setUserFont(int points) {
+        QFont font = QApplication::font();
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        qt::takeScale();
+    }
     void TearDown() override {
+        setUserFont(9);
         // The message loop ends with the last form.
         QTimer::singleShot(
             0, [this] { application.Count() > 0 ? form->close() : QCoreApplication::exit(); });
@@ -232,6 +248,9 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     auto& list = widget<QListWidget>(form->lstFolders);
     list.clearSelection();  // a user may do so; the model always keeps one
     EXPECT_EQ(list.selectedItems().size(), 1);
+    for (QWidget* next : {&widget(form->btnOk), &widget(form->btnCancel)})
+        next->setFocus();
+    EXPECT_TRUE(widget<QPushButton>(form->btnOk).isDefault()) << "after the focus has left it";
 }
 
 TEST_F(Windows, AFormMayEndInsideItsOwnEvents) {
@@ -250,9 +269,20 @@ TEST_F(Windows, AFormMayEndInsideItsOwnEvents) {
 }
 
 TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
-    const auto place = [this] {
-        return std::vector<int>{form->Left, form->Top, form->Width, form->Height};
+    const auto place = [this](const Form* other = nullptr) {
+        const Form& at = other ? *other : *form;
+        return std::vector<int>{at.Left, at.Top, at.Width, at.Height};
     };
+    for (const int points : {18, 8}) {
+        setUserFont(points);
+        auto& other = application.load<Sample>(heard);
+        other.Show();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(place(&other), (std::vector<int>{1000, 1000, 6500, 5000}));
+        EXPECT_EQ(windowOf(other).x(), 67);
+        EXPECT_EQ(windowOf(other).width() > 600, points == 18);
+        other.Unload();
+    }
     QCoreApplication::processEvents();
     EXPECT_EQ(place(), (std::vector<int>{0, 0, 6500, 5000}));
     EXPECT_EQ(QRect(window->pos(), window->size()), QRect(0, 0, 433, 333));
@@ -264,6 +294,43 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
     EXPECT_EQ(place(), (std::vector<int>{-20000, 450, 7500, 6000}));
     window->showMinimized();
     EXPECT_EQ(form->WindowState, WindowState::Minimised);
+}
+
+TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
+    auto& line = widget<QLineEdit>(form->txtName);
+    const QTemporaryDir folder;
+    const std::string file = folder.filePath("my cave.kel").toStdString();
+    QFile(name(file)).open(QIODevice::WriteOnly);
+    const std::string url = QUrl::fromLocalFile(name(file)).toString().toStdString();
+    const std::pair<std::string, std::string> pasted[] = {
+        {file, "c:" + file},    {url, "c:" + file},       {url + "\n" + url, "c:" + file},
+        {url + "x", url + "x"}, {"/no/such", "/no/such"}, {"c:\\a\tb\r\nc", "c:\\ab"}};
+    for (const auto& [text, expected] : pasted) {
+        line.clear();
+        QApplication::clipboard()->setText(name(text));
+        QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(form->txtName.Text(), expected);
+        EXPECT_EQ(line.text().toStdString(), expected);
+    }
+    line.clear();
+    QTest::keyClicks(&line, name(file));
+    EXPECT_EQ(form->txtName.Text(), file) << "typed by hand";
+    for (QWidget* place : QWidgetList{window, &line, &widget(form->tabs)}) {
+        for (const int files : {2, 1}) {
+            line.setText("old");
+            QMimeData data;
+            data.setUrls(QList<QUrl>(files, QUrl::fromLocalFile(name(file))));
+            const QPoint at = place->rect().center();
+            const auto actions = Qt::MoveAction | Qt::CopyAction;
+            QDragEnterEvent enter(at, actions, &data, Qt::LeftButton, {});
+            QDropEvent drop(at, actions, &data, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(place, &enter);
+            QCoreApplication::sendEvent(place, &drop);
+            EXPECT_EQ(form->txtName.Text(), files == 1 ? "c:" + file : "old");
+            EXPECT_EQ(enter.isAccepted(), files == 1);
+            EXPECT_NE(drop.dropAction(), Qt::MoveAction);
+        }
+    }
 }
 
 TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
@@ -352,31 +419,8 @@ void expectReadable(Form& form) {
     }
 }
 
-TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
-    const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
-    platform::LinuxRuntime runtime(qt::messageBox);
-    core::Program program{runtime, application, {}};
-    auto& console = application.load<console::frmConsole>(program);
-    auto& list = console.compile.lstInclude;
-    const std::vector<Form*> all = {form,
-                                    &console,
-                                    &application.load<docs::frmSplash>([&] { heard = "go"; }),
-                                    &application.load<docs::frmAbout>(program),
-                                    &application.load<dialogs::frmSettings>(program),
-                                    &application.load<dialogs::frmSettings2>(program),
-                                    &application.load<dialogs::frmIncludeList>(program, list),
-                                    &application.load<dialogs::frmIncludeAdd>(program, list)};
-    for (Form* each : all)
-        each->Show();
-    EXPECT_FALSE(windowOf(console).findChild<QWidget*>("btnPlay"));  // made when first seen
-    for (int tab = 1; tab <= 4; ++tab)
-        console.tbsOptions.SelectedItem = tab;
-    for (Form* each : all)
-        expectReadable(*each);
-    EXPECT_FALSE(captionFits(widget(form->btnRun), "A caption that does not fit"));
-
+/// Entries of the menu without a path are greyed, and the status bar shows date and time.
+void expectMenuAndStatusBar(Form& console) {
     EXPECT_FALSE(windowOf(console).findChild<QAction*>("mnuHelpManual")->isEnabled());
     EXPECT_TRUE(windowOf(console).findChild<QAction*>("mnuHelpAbout")->isEnabled());
     const auto panels = windowOf(console).statusBar()->findChildren<QLabel*>();
@@ -384,16 +428,50 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
     EXPECT_TRUE(panels[0]->text().isEmpty());
     EXPECT_EQ(panels[1]->text(), QLocale::system().toString(now.date(), QLocale::ShortFormat));
     EXPECT_TRUE(panels[2]->text().contains(':'));
+}
 
+/// A click on the splash's title leaves it; one beside it falls on the frame and dismisses it.
+void expectSplashGoes(Form& splash, std::string& heard) {
     heard.clear();
-    auto* frame = windowOf(*all[2]).findChild<QWidget*>("Frame1");
+    auto* frame = windowOf(splash).findChild<QWidget*>("Frame1");
     const auto title = frame->findChild<QWidget*>("lblProductName")->geometry();
     QTest::mouseClick(frame, Qt::LeftButton, {}, title.center());
     EXPECT_EQ(heard, "");
     QTest::mouseClick(frame, Qt::LeftButton, {}, title.bottomRight() + QPoint(3, -3));
     EXPECT_EQ(heard, "go");
-    while (application.Count() > 1)
-        application.Forms(application.Count() - 1).Unload();
+}
+
+TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", home.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    platform::LinuxRuntime runtime(qt::messageBox);
+    core::Program program{runtime, application, {}};
+    EXPECT_FALSE(captionFits(widget(form->btnRun), "A caption that does not fit"));
+    for (const int points : {8, 11, 18, 24}) {
+        SCOPED_TRACE(points);
+        setUserFont(points);
+        auto& console = application.load<console::frmConsole>(program);
+        auto& list = console.compile.lstInclude;
+        const std::vector<Form*> all = {&console,
+                                        &application.load<docs::frmSplash>([&] { heard = "go"; }),
+                                        &application.load<docs::frmAbout>(program),
+                                        &application.load<dialogs::frmSettings>(program),
+                                        &application.load<dialogs::frmSettings2>(program),
+                                        &application.load<dialogs::frmIncludeList>(program, list),
+                                        &application.load<dialogs::frmIncludeAdd>(program, list)};
+        for (Form* each : all)
+            each->Show();
+        EXPECT_FALSE(windowOf(console).findChild<QWidget*>("btnPlay"));  // made when first seen
+        for (int tab = 1; tab <= 4; ++tab)
+            console.tbsOptions.SelectedItem = tab;
+        for (Form* each : all)
+            expectReadable(*each);
+        expectMenuAndStatusBar(console);
+        expectSplashGoes(*all[1], heard);
+        while (application.Count() > 1)
+            application.Forms(application.Count() - 1).Unload();
+    }
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ struct WindowWalk : testing::Test {
             QCoreApplication::processEvents();
             if (!open || !open->isVisible()) break;
             for (int form = 0; form < application.Count(); ++form)
-                expectShown(window, application.Forms(form));
+                expectShown(application.Forms(form));
             if (below) continue;
             rules::expectAll(console, program.state, modals != before);
             runtime.shells.clear();
@@ -52,6 +52,7 @@ struct WindowWalk : testing::Test {
 
     void act(QWidget& window) {
         const bool files = qobject_cast<QFileDialog*>(&window);
+        if (!files && any(3) == 0) return assist();
         if (files) window.findChild<QLineEdit*>()->setText("any");
         if (files || any(2)) {
             const Qt::Key key = any(2) ? keys[any(keys.size())] : Qt::Key(Qt::Key_A + any(26));
@@ -70,10 +71,26 @@ struct WindowWalk : testing::Test {
                           Qt::LeftButton, {}, at);
     }
 
-    static void expectShown(const QWidget& window, forms::Form& form) {
+    /// Acts as assistive technology does, on any window, be it behind a modal one or disabled.
+    void assist() {
+        const QWidgetList widgets = QApplication::allWidgets();
+        QWidget* target = widgets[any(widgets.size())];
+        auto* spoken =
+            target->isVisible() ? QAccessible::queryAccessibleInterface(target) : nullptr;
+        if (spoken && spoken->childCount() > 0 && any(2))
+            spoken = spoken->child(any(spoken->childCount()));
+        if (!spoken || !spoken->isValid()) return;
+        if (auto* text = spoken->editableTextInterface())
+            text->replaceText(0, spoken->textInterface()->characterCount(),
+                              QString::fromStdString(names[any(names.size())]));
+        else if (auto* actions = spoken->actionInterface(); !actions->actionNames().isEmpty())
+            actions->doAction(actions->actionNames()[any(actions->actionNames().size())]);
+    }
+
+    static void expectShown(forms::Form& form) {
         for (const forms::Control* control : form.allControls()) {
             const auto* peer = dynamic_cast<qt::WidgetPeer*>(control->peer());
-            if (!peer || peer->widget().window() != &window || !control->Visible) continue;
+            if (!peer || !control->Visible) continue;
             const QWidget& widget = peer->widget();
             const auto own = widget.metaObject()->userProperty().read(&widget).toString();
             ASSERT_EQ(own.toStdString(), held(*control, own.toStdString())) << control->fullName();

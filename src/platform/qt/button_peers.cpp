@@ -1,6 +1,8 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
+#include <utility>
 
 #include "platform/qt/peers.h"
 #include "platform/qt/widget_peer.h"
@@ -9,45 +11,65 @@ namespace qt {
 
 namespace {
 
-/// What the three kinds of button share: a caption and a click.
+/// What the three kinds of button share.
 template <typename Kind, typename Widget>
-class ClickPeer : public PeerOf<Kind, Widget> {
+class CaptionPeer : public PeerOf<Kind, Widget> {
   public:
-    ClickPeer(Kind& control, QWidget& parent) : PeerOf<Kind, Widget>(control, new Widget(&parent)) {
-        QObject::connect(&this->widget_, &QAbstractButton::clicked, this,
-                         [this] { this->act([this] { this->control_.click(); }); });
-    }
+    CaptionPeer(Kind& control, QWidget& parent)
+        : PeerOf<Kind, Widget>(control, new Widget(&parent)) {}
 
   protected:
     void draw() override { this->widget_.setText(QString::fromStdString(this->control_.Caption)); }
-};
-
-class ButtonPeer : public ClickPeer<forms::Button, QPushButton> {
-  public:
-    ButtonPeer(forms::Button& button, QWidget& parent) : ClickPeer(button, parent) {
-        widget_.setDefault(button.isDefault);
-        widget_.setAutoDefault(true);  // Enter presses it while it has the focus
+    void click() {
+        this->act([this] { this->control_.click(); });
     }
 };
 
-class CheckBoxPeer : public ClickPeer<forms::CheckBox, QCheckBox> {
+class ButtonPeer : public CaptionPeer<forms::Button, QPushButton> {
   public:
-    using ClickPeer::ClickPeer;
+    ButtonPeer(forms::Button& button, QWidget& parent) : CaptionPeer(button, parent) {
+        // Enter presses any button in focus. Of one that is both, Qt would clear the default mark
+        // when the focus leaves it.
+        widget_.setDefault(button.isDefault);
+        widget_.setAutoDefault(!button.isDefault);
+        connect(&widget_, &QPushButton::clicked, this, [this] { click(); });
+    }
+};
+
+// Assistive technology changes the next two without a click.
+class CheckBoxPeer : public CaptionPeer<forms::CheckBox, QCheckBox> {
+  public:
+    CheckBoxPeer(forms::CheckBox& box, QWidget& parent) : CaptionPeer(box, parent) {
+        connect(&widget_, &QCheckBox::toggled, this, [this](bool ticked) {
+            if (ticked != (control_.Value != 0)) click();
+        });
+    }
 
   protected:
     void draw() override {
-        ClickPeer::draw();
+        CaptionPeer::draw();
         widget_.setChecked(control_.Value != 0);
     }
 };
 
-class OptionButtonPeer : public ClickPeer<forms::OptionButton, QRadioButton> {
+class OptionButtonPeer : public CaptionPeer<forms::OptionButton, QRadioButton> {
   public:
-    using ClickPeer::ClickPeer;
+    OptionButtonPeer(forms::OptionButton& option, QWidget& parent) : CaptionPeer(option, parent) {
+        // A click on the selected option counts again, though nothing is toggled.
+        connect(&widget_, &QRadioButton::pressed, this, [this] { wasSelected_ = control_.Value; });
+        connect(&widget_, &QRadioButton::clicked, this, [this] {
+            if (std::exchange(wasSelected_, false)) click();
+        });
+        connect(&widget_, &QRadioButton::toggled, this, [this](bool selected) {
+            if (selected && !control_.Value) click();
+            // Qt clears this one before the model has heard of the other, which it may refuse.
+            if (!selected && control_.Value) QTimer::singleShot(0, this, [this] { update(); });
+        });
+    }
 
   protected:
     void draw() override {
-        ClickPeer::draw();
+        CaptionPeer::draw();
         // Qt moves the focus among options that exclude each other, and refuses to clear one.
         widget_.setAutoExclusive(control_.Value);
         widget_.setChecked(control_.Value);
@@ -55,6 +77,9 @@ class OptionButtonPeer : public ClickPeer<forms::OptionButton, QRadioButton> {
         // Qt lets Tab reach the option that was last in focus, be it disabled since.
         widget_.setFocusPolicy(control_.isTabStop() ? Qt::StrongFocus : Qt::ClickFocus);
     }
+
+  private:
+    bool wasSelected_ = false;  ///< when the user pressed it
 };
 
 }  // namespace

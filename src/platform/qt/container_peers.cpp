@@ -2,6 +2,7 @@
 #include <QMouseEvent>
 
 #include "forms/form.h"
+#include "platform/qt/accessible_role.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/widget_peer.h"
 
@@ -39,7 +40,9 @@ class FramePeer : public PeerOf<forms::Frame, QWidget> {
 class PanelPeer : public PeerOf<forms::PictureBox, QWidget> {
   public:
     PanelPeer(forms::PictureBox& panel, QWidget& parent, std::function<void(QWidget&)> fill)
-        : PeerOf(panel, new QWidget(&parent)), fill_(std::move(fill)) {}
+        // A screen reader that comes in reads the name of a page, and so tells the tab in use.
+        : PeerOf(panel, withRole(new QWidget(&parent), QAccessible::PropertyPage)),
+          fill_(std::move(fill)) {}
 
   protected:
     void draw() override {

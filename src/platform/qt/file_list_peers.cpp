@@ -20,8 +20,10 @@ class DrivePeer : public PeerOf<forms::DriveList, QComboBox> {
         const QIcon icon = widget_.style()->standardIcon(QStyle::SP_DriveHDIcon);
         for (const std::string& drive : list.drives())
             widget_.addItem(icon, QString::fromStdString(drive));
-        connect(&widget_, &QComboBox::activated, this,
-                [this](int index) { act([&] { control_.pick(index); }); });
+        connect(&widget_, &QComboBox::currentIndexChanged, this, [this](int index) {
+            if (widget_.currentText().toStdString() != control_.Drive())
+                act([&] { control_.pick(index); });
+        });
     }
 
   protected:
@@ -67,9 +69,11 @@ class FolderPeer : public PeerOf<forms::FolderList, QTreeWidget> {
     }
 
   private:
+    /// Assistive technology selects a row without making it the current one.
     void open() {
-        if (const QTreeWidgetItem* item = widget_.currentItem())
-            act([&] { control_.choose(item->data(0, Qt::UserRole).toInt()); });
+        const auto selected = widget_.selectedItems();
+        if (selected.isEmpty()) return;
+        act([&] { control_.choose(selected.first()->data(0, Qt::UserRole).toInt()); });
     }
 
     QTreeWidgetItem* drawRow(int row, QTreeWidgetItem& above) {

@@ -12,8 +12,9 @@ namespace qt {
 
 namespace {
 
-constexpr double largest = 10;
-constexpr double smallest = 7;
+// In points, where a length is as long in a window as on the screen.
+constexpr double usualLargest = 10;
+constexpr double usualSmallest = 7;
 
 /// Asks the style what it leaves for a caption, without a widget.
 class StyleRuler : public forms::Ruler {
@@ -83,6 +84,8 @@ class StyleRuler : public forms::Ruler {
 }  // namespace
 
 QFont fittingFont(forms::Form& form) {
+    const double largest = usualLargest * enlargement();
+    const double smallest = usualSmallest * enlargement();
     QFont font;
     const auto sized = [&font](double points) {
         font.setPointSizeF(points);

@@ -54,8 +54,10 @@ void layMenuBar(QMenuBar& bar) {
 
 }  // namespace
 
-FormWindow::FormWindow(forms::Form& form)
-    : form_(form), window_(*new QMainWindow(nullptr, windowFlags(form.style))) {
+FormWindow::FormWindow(forms::Form& form, PathMap toWindows)
+    : form_(form),
+      toWindows_(std::move(toWindows)),
+      window_(*new QMainWindow(nullptr, windowFlags(form.style))) {
     window_.setObjectName(QString::fromStdString(form.name));
     window_.setAccessibleName(QString::fromStdString(form.style.spoken));
     auto* client = new QFrame(&window_);
@@ -77,6 +79,7 @@ FormWindow::FormWindow(forms::Form& form)
 /// gone before, so that nothing that happens to the window may reach them any more.
 FormWindow::~FormWindow() {
     keyboard_.reset();
+    files_.reset();
     window_.removeEventFilter(this);
     window_.hide();
     window_.deleteLater();
@@ -85,9 +88,14 @@ FormWindow::~FormWindow() {
 void FormWindow::show() {
     if (form_.style.centred) centre();
     if (!keyboard_) {
+        // The keyboard filters a key first: the form sees also those that paste a path.
+        files_ = std::make_unique<FileInput>(form_, window_, toWindows_);
         keyboard_ = std::make_unique<Keyboard>(form_, window_);
         // Not on the menu bar, which has keys of its own.
-        buildPeers(form_, window_, [this](const QWidget& widget) { keyboard_->watch(widget); });
+        buildPeers(form_, window_, [this](const QWidget& widget) {
+            files_->watch(widget);
+            keyboard_->watch(widget);
+        });
     }
     if (!window_.focusWidget()) keyboard_->focusFirst();
     window_.show();
@@ -129,7 +137,7 @@ void FormWindow::update() {
     const QSize size(pixels(form_.Width), pixels(form_.Height));
     if (!form_.style.sizable) window_.setFixedSize(size);
     if (window_.size() != size) window_.resize(size);
-    const QPoint corner(pixels(form_.Left), pixels(form_.Top));
+    const QPoint corner(screenPixels(form_.Left), screenPixels(form_.Top));
     // A window that was never moved has no place yet, though it seems to be in the corner.
     if (window_.pos() != corner || !window_.testAttribute(Qt::WA_Moved)) window_.move(corner);
 }
@@ -168,20 +176,27 @@ bool FormWindow::eventFilter(QObject* /*watched*/, QEvent* event) {
 
 /// Tells the form where its window is. A length that the program gave stands while the window has
 /// it in pixels, so that storing and restoring a window does not make it drift. Where a pixel is
-/// no whole number of the screen's dots, Qt itself may round a window's place by one.
+/// no whole number of the screen's dots, Qt itself may round a window's place by one. Wayland tells
+/// no window its place.
 void FormWindow::report() {
     if (!window_.isVisible()) return;
+    static const bool placeless = QGuiApplication::platformName().startsWith("wayland");
     const double dots = window_.devicePixelRatioF();
     const int tolerance = dots == std::floor(dots) ? 0 : 1;
-    const auto keep = [tolerance](int given, int seen) {
-        return std::abs(pixels(given) - seen) <= tolerance ? given : twips(seen);
+    const auto near = [tolerance](int a, int b) { return std::abs(a - b) <= tolerance; };
+    const auto keepPlace = [&](int given, int seen) {
+        return placeless || near(screenPixels(given), seen) ? given : screenTwips(seen);
+    };
+    const auto keepSize = [&](int given, int seen) {
+        return near(pixels(given), seen) ? given : twips(seen);
     };
     auto state = forms::WindowState::Normal;
     if (window_.isMaximized()) state = forms::WindowState::Maximised;
     if (window_.isMinimized()) state = forms::WindowState::Minimised;
-    form_.moved({keep(given_.left, window_.x()), keep(given_.top, window_.y()),
-                 keep(given_.width, window_.width()), keep(given_.height, window_.height())},
-                state);
+    form_.moved(
+        {keepPlace(given_.left, window_.x()), keepPlace(given_.top, window_.y()),
+         keepSize(given_.width, window_.width()), keepSize(given_.height, window_.height())},
+        state);
 }
 
 }  // namespace qt

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "forms/form.h"
+#include "platform/qt/file_input.h"
 #include "platform/qt/keyboard.h"
 
 namespace qt {
@@ -16,7 +17,7 @@ namespace qt {
 class FormWindow final : public QObject, public forms::WindowPeer {
   public:
     /// Makes the window, unseen. The form's controls have peers once it has been shown.
-    explicit FormWindow(forms::Form& form);
+    FormWindow(forms::Form& form, PathMap toWindows);
     ~FormWindow() override;
 
     void show() override;
@@ -36,8 +37,10 @@ class FormWindow final : public QObject, public forms::WindowPeer {
     void report();
 
     forms::Form& form_;
+    PathMap toWindows_;
     QMainWindow& window_;
     forms::Place given_;                  ///< the place that the program gave the window last
+    std::unique_ptr<FileInput> files_;    ///< made with the peers, when the window is first shown
     std::unique_ptr<Keyboard> keyboard_;  ///< made with the peers, when the window is first shown
     QPointer<QWidget> owner_;
     QPointer<QEventLoop> modal_;

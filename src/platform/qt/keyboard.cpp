@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+#include "platform/qt/peers.h"
+
 namespace qt {
 
 namespace {
@@ -69,7 +71,7 @@ void Keyboard::watch(const QWidget& widget) {
 
 bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut) {
-        auto* control = controlOf(qobject_cast<QWidget*>(watched));
+        auto* control = controlOf(form_, qobject_cast<QWidget*>(watched));
         if (control && !handlersEnded_.isActive()) {
             left_ = control;
             handlersEnded_.start(0);
@@ -127,7 +129,7 @@ bool Keyboard::openMenu(const QKeyEvent& key) {
 }
 
 bool Keyboard::controlTakesEnter() {
-    const forms::Control* focused = controlOf(window_.focusWidget());
+    const forms::Control* focused = controlOf(form_, window_.focusWidget());
     return focused && focused->takesEnter();
 }
 
@@ -135,7 +137,8 @@ forms::Control* Keyboard::mnemonicTarget(const QKeyEvent& key) {
     const auto modifiers = key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     if (modifiers != Qt::AltModifier || key.key() <= Qt::Key_Space || key.key() > Qt::Key_Z)
         return nullptr;
-    return form_.mnemonicTarget(static_cast<char>(key.key()), controlOf(window_.focusWidget()));
+    return form_.mnemonicTarget(static_cast<char>(key.key()),
+                                controlOf(form_, window_.focusWidget()));
 }
 
 void Keyboard::focusFirst() {
@@ -146,7 +149,7 @@ void Keyboard::focusFirst() {
 /// it may fall back on what stands outside all panels.
 void Keyboard::followPanel() {
     if (left_->parent()->usable()) return;
-    const forms::Control* focused = controlOf(window_.focusWidget());
+    const forms::Control* focused = controlOf(form_, window_.focusWidget());
     if (focused && focused->usable() && focused->parent() != &form_) return;
     focus(forms::focusAfter(*left_, takesFocus()));
 }
@@ -165,14 +168,6 @@ forms::TakesFocus Keyboard::takesFocus() {
 QWidget* Keyboard::receiver() const {
     QWidget* focused = window_.focusWidget();
     return focused ? focused : &window_;
-}
-
-forms::Control* Keyboard::controlOf(const QWidget* widget) {
-    for (; widget && widget != &window_; widget = widget->parentWidget()) {
-        if (widget->objectName().isEmpty()) continue;
-        if (auto* control = form_.find(widget->objectName().toStdString())) return control;
-    }
-    return nullptr;
 }
 
 QWidget* Keyboard::widgetOf(const forms::Control& control) {

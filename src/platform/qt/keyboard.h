@@ -37,7 +37,6 @@ class Keyboard : public QObject {
     forms::TakesFocus takesFocus();
 
     [[nodiscard]] QWidget* receiver() const;
-    forms::Control* controlOf(const QWidget* widget);
     QWidget* widgetOf(const forms::Control& control);
 
     forms::Form& form_;

@@ -1,6 +1,7 @@
 #include <QFrame>
 #include <QPixmap>
 
+#include "platform/qt/accessible_role.h"
 #include "platform/qt/caption_label.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/units.h"
@@ -32,7 +33,8 @@ class LabelPeer : public PeerOf<forms::Label, CaptionLabel> {
 
 class LinePeer : public PeerOf<forms::Line, QFrame> {
   public:
-    LinePeer(forms::Line& line, QWidget& parent) : PeerOf(line, new QFrame(&parent)) {
+    LinePeer(forms::Line& line, QWidget& parent)
+        : PeerOf(line, withRole(new QFrame(&parent), QAccessible::Separator)) {
         widget_.setBackgroundRole(line.light ? QPalette::Light : QPalette::Mid);
         widget_.setAutoFillBackground(true);
     }

@@ -54,7 +54,7 @@ class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
         if (row == widget_.count()) widget_.addItem(text);
         QListWidgetItem& item = *widget_.item(row);
         if (item.text() != text) item.setText(text);
-        item.setToolTip(text.toHtmlEscaped());
+        item.setToolTip(wrappingToolTip(control_.List(row)));
     }
 
     [[nodiscard]] int selectedRow() const {

@@ -3,6 +3,7 @@
 #include <QMenuBar>
 
 #include "platform/qt/peers.h"
+#include "platform/qt/widget_peer.h"
 
 namespace qt {
 
@@ -11,9 +12,12 @@ namespace {
 /// An item is an action; it opens a menu where it has items of its own.
 class MenuPeer : public QObject, public forms::Peer {
   public:
-    MenuPeer(forms::MenuItem& item, QAction& action) : item_(item), action_(action) {
+    MenuPeer(forms::MenuItem& item, QAction& action, const QMainWindow& window)
+        : item_(item), action_(action) {
         action.setObjectName(QString::fromStdString(item.fullName()));
-        connect(&action, &QAction::triggered, this, [&item] { item.click(); });
+        connect(&action, &QAction::triggered, this, [&item, &window] {
+            if (!isBehindModal(window)) item.click();
+        });
     }
 
     void update() override {
@@ -47,7 +51,7 @@ QAction& makeAction(const forms::MenuItem& item, QMainWindow& window) {
 }  // namespace
 
 std::unique_ptr<forms::Peer> makePeer(forms::MenuItem& item, QMainWindow& window) {
-    return std::make_unique<MenuPeer>(item, makeAction(item, window));
+    return std::make_unique<MenuPeer>(item, makeAction(item, window), window);
 }
 
 }  // namespace qt

@@ -77,6 +77,14 @@ class PeerBuilder : public forms::ControlVisitor {
 
 }  // namespace
 
+forms::Control* controlOf(forms::Form& form, const QWidget* widget) {
+    for (; widget && !widget->isWindow(); widget = widget->parentWidget()) {
+        if (widget->objectName().isEmpty()) continue;
+        if (auto* control = form.find(widget->objectName().toStdString())) return control;
+    }
+    return nullptr;
+}
+
 void buildPeers(forms::Form& form, QMainWindow& window, const Filled& filled) {
     PeerBuilder(window, *window.centralWidget(), filled).fill(form);
     filled(*window.centralWidget());

@@ -9,6 +9,10 @@
 class QMainWindow;
 class QWidget;
 
+namespace forms {
+class Form;
+}
+
 namespace qt {
 
 /// Tells that the widget now holds the widgets of the controls in its container.
@@ -17,6 +21,9 @@ using Filled = std::function<void(QWidget& widget)>;
 /// Gives the controls of the form peers with widgets inside the window, in order of tabbing. A
 /// panel out of sight is filled when it first comes into sight. The window must outlive the peers.
 void buildPeers(forms::Form& form, QMainWindow& window, const Filled& filled);
+
+/// The control of the form that the widget shows or is a part of; null if there is none.
+forms::Control* controlOf(forms::Form& form, const QWidget* widget);
 
 /// The peer of one kind of control; its widget is made inside the parent.
 std::unique_ptr<forms::Peer> makePeer(forms::Label& label, QWidget& parent);

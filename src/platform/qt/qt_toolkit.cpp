@@ -9,6 +9,7 @@
 
 #include "platform/qt/file_filter.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/units.h"
 
 /// A static library's resources are not linked in by themselves.
 static void linkPictures() {
@@ -48,6 +49,7 @@ QIcon programIcon() {
 
 QtToolkit::QtToolkit(PathMap toHost, PathMap toWindows)
     : toHost_(std::move(toHost)), toWindows_(std::move(toWindows)), folder_(QDir::homePath()) {
+    takeScale();
     QApplication::setQuitOnLastWindowClosed(false);
     linkPictures();
     constexpr int afterTheFirstPaint = 100;  // ms; a window need not wait for its icon
@@ -56,7 +58,7 @@ QtToolkit::QtToolkit(PathMap toHost, PathMap toWindows)
 }
 
 void QtToolkit::build(forms::Form& form) {
-    form.attachWindow(std::make_unique<FormWindow>(form));
+    form.attachWindow(std::make_unique<FormWindow>(form, toWindows_));
 }
 
 std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion& question) {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QString>
-#include <functional>
 #include <string>
 
 #include "forms/application.h"
+#include "platform/qt/file_input.h"
 
 namespace qt {
 
@@ -12,9 +12,6 @@ namespace qt {
 /// message loop.
 class QtToolkit : public forms::Toolkit {
   public:
-    /// Turns a Windows path into one of the host, or back. Both in UTF-8.
-    using PathMap = std::function<std::string(const std::string&)>;
-
     QtToolkit(PathMap toHost, PathMap toWindows);
 
     void build(forms::Form& form) override;

@@ -1,6 +1,7 @@
-#include <QEvent>
+#include <QHelpEvent>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QToolTip>
 
 #include "platform/qt/peers.h"
 #include "platform/qt/units.h"
@@ -10,16 +11,18 @@ namespace qt {
 
 namespace {
 
-/// Draws the tabs and an empty page. The panels of the form lie on the page, above it.
+/// Draws the tabs and an empty page. Qt reads a tab's tooltip aloud too, so that it bears no markup
+/// and is shown by hand. The panels of the form lie on the page, above it.
 class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
   public:
     TabPeer(forms::TabStrip& tabs, QWidget& parent) : PeerOf(tabs, new QTabWidget(&parent)) {
         for (const auto& tab : tabs.Tabs) {
             const int index =
                 widget_.addTab(new QWidget(&widget_), QString::fromStdString(tab.caption));
-            widget_.setTabToolTip(index, wrappingToolTip(tab.tooltip));
+            widget_.setTabToolTip(index, QString::fromStdString(tab.tooltip));
         }
         widget_.lower();
+        widget_.tabBar()->installEventFilter(this);
         widget_.tabBar()->setAccessibleName(QString::fromStdString(tabs.accessibleName()));
         parent.installEventFilter(this);
 
@@ -43,9 +46,16 @@ class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
         widget_.setGeometry(seen.isEmpty() ? place : seen);
     }
 
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Resize) lay();
-        return false;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const QTabBar& bar = *widget_.tabBar();
+        if (watched != &bar && event->type() == QEvent::Resize) lay();
+        if (watched != &bar || event->type() != QEvent::ToolTip) return false;
+        const auto& help = *static_cast<QHelpEvent*>(event);
+        const int tab = bar.tabAt(help.pos());
+        if (tab >= 0)
+            QToolTip::showText(help.globalPos(), wrappingToolTip(control_.Tabs[tab].tooltip),
+                               widget_.tabBar());
+        return true;
     }
 
   private:

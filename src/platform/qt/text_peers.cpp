@@ -12,8 +12,10 @@ class LinePeer : public PeerOf<forms::TextBox, QLineEdit> {
   public:
     LinePeer(forms::TextBox& box, QWidget& parent) : PeerOf(box, new QLineEdit(&parent)) {
         widget_.setReadOnly(box.readOnly);
-        connect(&widget_, &QLineEdit::textEdited, this,
-                [this](const QString& text) { act([&] { control_.type(text.toStdString()); }); });
+        connect(&widget_, &QLineEdit::textChanged, this, [this](const QString& text) {
+            const std::string typed = text.toStdString();
+            if (typed != control_.Text()) act([&] { control_.type(typed); });
+        });
     }
 
   protected:

@@ -1,33 +1,30 @@
 #pragma once
 
-#include <QGuiApplication>
 #include <QRect>
-#include <QScreen>
 
 #include "forms/control.h"
 
-/// Twips of the forms and logical pixels of the screen. Where Qt scales pixels by itself a pixel
-/// is always 15 twips; otherwise it is as many as the screen's resolution says.
+/// Twips of the forms and logical pixels of the screen.
 namespace qt {
 
-inline double pixelsPerTwip() {
-    return QGuiApplication::primaryScreen()->logicalDotsPerInch() / 1440;
-}
+/// Takes the scale from the screen and the user's font as they are now. A twip on the screen
+/// follows the screen's resolution; one inside a window also grows with the user's font, as far as
+/// the screen has room. Call before the first window is made: windows do not change their scale.
+void takeScale();
 
-inline int pixels(int twips) {
-    return qRound(twips * pixelsPerTwip());
-}
+/// Length on the screen, for the place of a window.
+int screenPixels(int twips);
+int screenTwips(int pixels);
 
-inline int twips(int pixels) {
-    return qRound(pixels / pixelsPerTwip());
-}
+/// Length inside a window, and the size of one.
+int pixels(int twips);
+int twips(int pixels);
+
+/// Ratio of a length inside a window to the same on the screen, at least 1.
+double enlargement();
 
 /// Where a control lies in its container. Each edge is rounded by itself, so that controls which
 /// meet in twips meet on the screen.
-inline QRect placeOf(const forms::Control& control) {
-    const QPoint first(pixels(control.Left), pixels(control.Top));
-    const QPoint behind(pixels(control.Left + control.Width), pixels(control.Top + control.Height));
-    return {first, QSize(behind.x() - first.x(), behind.y() - first.y())};
-}
+QRect placeOf(const forms::Control& control);
 
 }  // namespace qt

@@ -1,12 +1,20 @@
 #include "platform/qt/widget_peer.h"
 
+#include <QApplication>
+
 #include "platform/qt/units.h"
 
 namespace qt {
 
 QString wrappingToolTip(const std::string& text) {
     if (text.empty()) return {};
-    return "<qt>" + QString::fromStdString(text).toHtmlEscaped() + "</qt>";
+    return "<p style='white-space:pre-wrap'>" + QString::fromStdString(text).toHtmlEscaped() +
+           "</p>";
+}
+
+bool isBehindModal(const QWidget& widget) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return modal && modal != widget.window();
 }
 
 WidgetPeer::WidgetPeer(forms::Control& control, QWidget& widget)
@@ -18,7 +26,7 @@ WidgetPeer::WidgetPeer(forms::Control& control, QWidget& widget)
     if (control.font == forms::Font()) return;
     QFont font;  // only what is set here differs from the form's own font
     if (!control.font.family.empty()) font.setFamily(QString::fromStdString(control.font.family));
-    if (control.font.points > 0) font.setPointSizeF(control.font.points);
+    if (control.font.points > 0) font.setPointSizeF(control.font.points * enlargement());
     if (control.font.italic) font.setItalic(true);
     widget.setFont(font);
 }

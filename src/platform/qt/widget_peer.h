@@ -7,8 +7,12 @@
 
 namespace qt {
 
-/// A tooltip that shows the text as it stands and wraps where it is long.
+/// A tooltip that shows the text as it stands, with all its blanks, and wraps where it is long.
 QString wrappingToolTip(const std::string& text);
+
+/// True while a modal window keeps the user from the widget's. Qt holds back keys and clicks by
+/// itself, but not what assistive technology does.
+bool isBehindModal(const QWidget& widget);
 
 /// A peer that shows its control as one widget. The widget belongs to the form's window, which
 /// outlives the peer: a handler may end the form while the widget is still delivering the very
@@ -29,7 +33,7 @@ class WidgetPeer : public QObject, public forms::Peer {
     template <typename Action>
     void act(const Action& action) {
         const QPointer<QObject> alive(this);
-        action();
+        if (!isBehindModal(widget_)) action();
         if (alive) update();
     }
 

@@ -1,0 +1,27 @@
+#include "platform/qt/accessible_role.h"
+
+#include <QAccessibleWidget>
+#include <QWidget>
+
+namespace qt {
+
+namespace {
+
+constexpr const char* roleProperty = "accessibleRole";
+
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (!widget) return nullptr;
+    const QVariant role = widget->property(roleProperty);
+    if (!role.isValid()) return nullptr;
+    return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
+}
+
+}  // namespace
+
+void setAccessibleRole(QWidget& widget, QAccessible::Role role) {
+    QAccessible::installFactory(makeInterface);  // counts once only
+    widget.setProperty(roleProperty, static_cast<int>(role));
+}
+
+}  // namespace qt

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QClipboard>
+#include <QObject>
+#include <functional>
+#include <string>
+
+#include "forms/form.h"
+
+class QDropEvent;
+class QLineEdit;
+class QMainWindow;
+
+namespace qt {
+
+/// Turns a Windows path into one of the host, or back. Both in UTF-8.
+using PathMap = std::function<std::string(const std::string&)>;
+
+/// Accepts files that the user hands to a form: dropped on it, or pasted as a path of the host.
+/// They become Windows paths.
+class FileInput : public QObject {
+  public:
+    /// Form and window must outlive the object.
+    FileInput(forms::Form& form, QMainWindow& window, PathMap toWindows);
+    /// Takes effect on the widgets that the widget now holds.
+    void watch(const QWidget& widget);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    bool drop(QWidget& on, QDropEvent& event);
+    bool paste(QLineEdit& edit, QClipboard::Mode mode);
+    bool openMenu(QLineEdit& edit, const QPoint& place);
+    [[nodiscard]] std::string windowsPath(const std::string& text) const;
+
+    forms::Form& form_;
+    QMainWindow& window_;
+    PathMap toWindows_;
+};
+
+}  // namespace qt

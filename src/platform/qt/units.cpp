@@ -1,0 +1,67 @@
+#include "platform/qt/units.h"
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+
+namespace qt {
+
+namespace {
+
+constexpr double twipsPerInch = 1440;
+constexpr double pointsPerInch = 72;
+constexpr double usualFont = 200;  // in twips: 10 points, the size that the forms are laid out for
+constexpr double tallestForm = 7600;  // in twips, with menu bar and title bar
+
+/// Pixels per twip.
+struct Scale {
+    double screen = 96 / twipsPerInch;
+    double window = screen;
+};
+Scale scale;
+
+double userFontHeight(double dotsPerInch) {
+    const QFont font = QGuiApplication::font();
+    return font.pixelSize() > 0 ? font.pixelSize()
+                                : font.pointSizeF() * dotsPerInch / pointsPerInch;
+}
+
+}  // namespace
+
+void takeScale() {
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    const double dotsPerInch = screen.logicalDotsPerInch();
+    const double wanted = userFontHeight(dotsPerInch) / usualFont;
+    const double room = screen.availableSize().height() / tallestForm;
+    scale.screen = dotsPerInch / twipsPerInch;
+    scale.window = std::max(scale.screen, std::min(wanted, room));
+}
+
+int screenPixels(int twips) {
+    return qRound(twips * scale.screen);
+}
+
+int screenTwips(int pixels) {
+    return qRound(pixels / scale.screen);
+}
+
+int pixels(int twips) {
+    return qRound(twips * scale.window);
+}
+
+int twips(int pixels) {
+    return qRound(pixels / scale.window);
+}
+
+double enlargement() {
+    return scale.window / scale.screen;
+}
+
+QRect placeOf(const forms::Control& control) {
+    const QPoint first(pixels(control.Left), pixels(control.Top));
+    const QPoint behind(pixels(control.Left + control.Width), pixels(control.Top + control.Height));
+    return {first, QSize(behind.x() - first.x(), behind.y() - first.y())};
+}
+
+}  // namespace qt
