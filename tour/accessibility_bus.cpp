@@ -91,19 +91,52 @@ void AccessibilityBus::read(Spoken object, std::vector<Spoken>& all) const {
     }
 }
 
-std::vector<Spoken> AccessibilityBus::window(const std::string& program) const {
+std::vector<Spoken> AccessibilityBus::windows(const std::string& program) const {
     Spoken registry;
     registry.service = "org.a11y.atspi.Registry";
     registry.path = "/org/a11y/atspi/accessible/root";
-    std::vector<Spoken> all;
     for (const Spoken& found : children(registry)) {
         if (property(found, "Name") != program) continue;
-        for (Spoken& window : children(found)) {
+        std::vector<Spoken> all = children(found);
+        for (Spoken& window : all)
             window.states = states(window);
-            if (all.empty() && window.is(State::Active)) read(window, all);
-        }
+        return all;
     }
+    return {};
+}
+
+std::vector<Spoken> AccessibilityBus::window(const std::string& program) const {
+    std::vector<Spoken> all;
+    for (const Spoken& window : windows(program))
+        if (all.empty() && window.is(State::Active)) read(window, all);
     return all;
+}
+
+std::vector<Spoken> AccessibilityBus::top(const std::string& program) const {
+    std::vector<Spoken> all;
+    const std::vector<Spoken> found = windows(program);
+    for (auto window = found.rbegin(); window != found.rend() && all.empty(); ++window)
+        if (window->is(State::Showing)) read(*window, all);
+    return all;
+}
+
+void AccessibilityBus::send(const Spoken& object, const char* interface, const char* method,
+                            const QVariantList& arguments) const {
+    auto message = QDBusMessage::createMethodCall(object.service, object.path, interface, method);
+    message.setArguments(arguments);
+    bus_.send(message);
+}
+
+void AccessibilityBus::act(const Spoken& object) const {
+    send(object, "org.a11y.atspi.Action", "DoAction", {0});
+}
+
+void AccessibilityBus::setText(const Spoken& object, const std::string& text) const {
+    send(object, "org.a11y.atspi.EditableText", "SetTextContents", {QString::fromStdString(text)});
+}
+
+std::string AccessibilityBus::text(const Spoken& object) const {
+    return call(object, "org.a11y.atspi.Text", "GetText", {0, -1}).toString().toStdString();
 }
 
 }  // namespace tour

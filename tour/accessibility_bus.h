@@ -41,6 +41,13 @@ class AccessibilityBus {
     /// All that shows in the program's active window, containers before their contents; empty if
     /// there is no such window.
     [[nodiscard]] std::vector<Spoken> window(const std::string& program) const;
+    /// The same of the window that came up last, be it active or not.
+    [[nodiscard]] std::vector<Spoken> top(const std::string& program) const;
+    /// Does the object's first action, such as Press or Toggle. Does not wait for it, as it may
+    /// open a dialog; what is asked afterwards is answered afterwards.
+    void act(const Spoken& object) const;
+    void setText(const Spoken& object, const std::string& text) const;
+    [[nodiscard]] std::string text(const Spoken& object) const;
     /// The states that the object has now.
     [[nodiscard]] quint64 states(const Spoken& object) const;
 
@@ -50,6 +57,9 @@ class AccessibilityBus {
     [[nodiscard]] std::vector<Spoken> children(const Spoken& object) const;
     [[nodiscard]] std::string property(const Spoken& object, const char* name) const;
     [[nodiscard]] QRect place(const Spoken& object) const;
+    void send(const Spoken& object, const char* interface, const char* method,
+              const QVariantList& arguments) const;
+    [[nodiscard]] std::vector<Spoken> windows(const std::string& program) const;
     void read(Spoken object, std::vector<Spoken>& all) const;
 
     QDBusConnection bus_;

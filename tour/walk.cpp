@@ -1,6 +1,7 @@
 /// A walk through every form of the real program by keys alone, that listens on the accessibility
 /// bus as a screen reader does. What takes the focus must have a name of its own, a role and its
-/// states, be reached by Tab or an arrow key, and come in the order of reading.
+/// states, be reached by Tab or an arrow key, and come in the order of reading. Then acts at random
+/// through the bus alone.
 ///
 ///     dbus-run-session walk PROJECT_FOLDER BUILD_FOLDER
 
@@ -11,6 +12,7 @@
 #include <set>
 #include <stdexcept>
 
+#include "hand.h"
 #include "outing.h"
 #include "stops.h"
 
@@ -230,6 +232,7 @@ class Walk {
 
 void walk(const Display& display, const Demo& demo, const std::filesystem::path& pictures) {
     setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
+    setenv("TERMINAL", "true", 1);  // the scripts are read, not run
     const AccessibilityBus bus;
     Guide guide(display, demo, pictures);
     Walk walk(guide, bus);
@@ -237,6 +240,17 @@ void walk(const Display& display, const Demo& demo, const std::filesystem::path&
         walk.visit(stop);
     for (const Menu& menu : menus())
         walk.visit(menu);
+
+    const char* wanted = std::getenv("NWBW_ACTIONS");
+    const char* seed = std::getenv("NWBW_SEED");
+    Hand hand(bus, demo, seed ? std::stoi(seed) : 1);
+    hand.work(wanted ? std::stoi(wanted) : 500);
+    hand.leave();
+    guide(Close{});
+    guide(End{});
+    hand.checkSettings();
+    std::cout << "By the bus alone: " << hand.scripts() << " scripts" << std::endl;
+    if (hand.scripts() == 0) throw std::runtime_error("no action has written a script");
 }
 
 }  // namespace
