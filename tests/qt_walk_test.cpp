@@ -83,7 +83,8 @@ struct WindowWalk : testing::Test {
         if (auto* text = spoken->editableTextInterface())
             text->replaceText(0, spoken->textInterface()->characterCount(),
                               QString::fromStdString(names[any(names.size())]));
-        else if (auto* actions = spoken->actionInterface(); !actions->actionNames().isEmpty())
+        else if (auto* actions = spoken->actionInterface();
+                 actions && !actions->actionNames().isEmpty())
             actions->doAction(actions->actionNames()[any(actions->actionNames().size())]);
     }
 
@@ -190,7 +191,12 @@ TEST_F(End, ByASignalOfWhichTheSecondWaitsForNothing) {
     for (const auto& [first, second] :
          {std::pair(SIGTERM, SIGHUP), {SIGHUP, SIGINT}, {SIGINT, SIGTERM}}) {
         const qt::EndRequest endRequest(application);
-        EXPECT_EXIT(raise(first) + raise(second), testing::KilledBySignal(second), "");
+        EXPECT_EXIT(
+            {
+                raise(first);
+                raise(second);
+            },
+            testing::KilledBySignal(second), "");
     }
     expectSavedAfter([] { raise(SIGHUP); });
 }

@@ -82,14 +82,6 @@ class OptionPeer : public MarkPeer<forms::OptionButton> {
     }
 };
 
-class OptionPeer : public MarkPeer<forms::OptionButton> {
-  public:
-    OptionPeer(forms::OptionButton& option, const Site& site)
-        : MarkPeer(option, site, BS_AUTORADIOBUTTON) {
-        send(BM_SETDONTCLICK, TRUE);  // the focus alone is no click
-    }
-};
-
 }  // namespace
 
 std::unique_ptr<forms::Peer> makePeer(forms::Button& button, const Site& site) {
