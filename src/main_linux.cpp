@@ -5,7 +5,7 @@
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_toolkit.h"
 
-/// The program on Linux: the desktop with drives, and Qt's windows.
+/// The program on Linux: drives emulated on the host's files, and Qt windows.
 int main(int /*count*/, char** arguments) {
     const qt::QtApplication application(arguments);
 
@@ -15,6 +15,6 @@ int main(int /*count*/, char** arguments) {
     console::Workbench workbench(runtime, toolkit);
     const qt::EndRequest endRequest(workbench.application());
     workbench.start();
-    if (workbench.application().Count() == 0) return 0;  // was asked to end before it had begun
+    if (workbench.application().Count() == 0) return 0;  // asked to end during the start
     return QApplication::exec();
 }

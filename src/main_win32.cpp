@@ -4,7 +4,7 @@
 #include "platform/win32/win32_toolkit.h"
 #include "platform/win32/windows_api.h"
 
-/// The program on Windows: the system itself, and its own controls.
+/// The program on Windows: the system's own files and controls.
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     platform::Win32Runtime runtime(win32::messageBox);
     win32::Win32Toolkit toolkit;

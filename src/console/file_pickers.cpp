@@ -3,7 +3,7 @@
 
 namespace console {
 
-/// The Browse buttons of the panels: one family, which differs in title, filter and text box.
+/// Connects the panels' Browse buttons, which differ only in title, filter and text box.
 void frmConsole::connectFilePickers() {
     constexpr const char* sourceTitle = "Select source code file";
     constexpr const char* sourceFilter = "Source File (*.kel)|*.kel|All Files (*.*)|*.*";

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* section = "Settings";
 
-// Where the window's place stands in the settings store, in the order of its assignment.
+// The keys of the window's place in the settings store, in the order of assignment.
 struct StoredPlace {
     const char* key;
     forms::Property<int> forms::Control::*property;
@@ -28,11 +28,11 @@ constexpr StoredPlace storedPlaces[] = {
     {"MainHeight", &forms::Control::Height, 6500},
 };
 
-/// The number that a stored text holds, in whole twips; nothing if it holds none.
+/// Parses a stored number as whole twips. Returns nullopt if it is not one.
 std::optional<int> twips(const std::string& text) {
     constexpr float farthest = 1e6F;
     float value = 0;
-    // Not every standard library has std::from_chars for it.
+    // Not every standard library has std::from_chars for float.
     std::istringstream stored(text);
     stored.imbue(std::locale::classic());
     stored >> std::noskipws >> value;
@@ -57,7 +57,7 @@ frmConsole::frmConsole(forms::Application& application, core::Program& program)
 }
 
 void frmConsole::Form_Load() {
-    // Without its place from the store the window still shows the files and options.
+    // Dispatched alone: if the store fails, the window still shows the files and options.
     application().dispatch([this] { placeWindow(); });
     tbsOptions.SelectedItem = program_.state.StartTab;
     help.fitToPaths();
@@ -129,7 +129,7 @@ void frmConsole::Form_Unload() {
     for (int open = application().Count() - 1; open >= 1; --open) {
         application().Forms(open).Unload();
     }
-    // Without its place in the store the window still leaves its files and options.
+    // Dispatched alone: if the store fails, the files and options are still saved.
     application().dispatch([this] { storePlace(); });
     storeToState();
     core::SaveSettings(program_);

@@ -10,8 +10,8 @@
 
 namespace console {
 
-/// The one main window: a tab strip with a panel for each tool, the menu and the status bar. It
-/// comes up from the state and the settings store, and its closing saves both and ends the program.
+/// The main window: a tab strip with a panel for each tool, the menu and the status bar. It loads
+/// from the state and the settings store; closing it saves both and ends the program.
 class frmConsole : public forms::Form {
   public:
     frmConsole(forms::Application& application, core::Program& program);
@@ -55,7 +55,7 @@ class frmConsole : public forms::Form {
                      }}};
     docs::HelpMenu help{program_, *this};
 
-    // The captions carry the blanks that set the width of the tabs.
+    // The blanks in the captions set the width of the tabs.
     forms::TabStrip tbsOptions{
         *this,
         {.name = "tbsOptions",
@@ -78,7 +78,7 @@ class frmConsole : public forms::Form {
     tools::PlayPanel play{program_, script_, picOptions(2)};
     tools::SpellingPanel spelling{program_, script_, picOptions(3)};
 
-    // Serves the file pickers of all panels.
+    // Shared by the file pickers of all panels.
     forms::CommonDialog CommonDialog1{compile.fraSample2, {.name = "CommonDialog1"}};
 
     forms::StatusBar sbStatusBar{*this,

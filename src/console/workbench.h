@@ -5,13 +5,13 @@
 
 namespace console {
 
-/// The whole program above its platform: put together here once for all systems.
+/// The whole program above its platform, assembled once for all systems.
 class Workbench {
   public:
     /// Both must outlive the workbench.
     Workbench(core::Runtime& runtime, forms::Toolkit& toolkit);
 
-    /// Runs Main. The toolkit's message loop does the rest, until Toolkit::quit.
+    /// Runs Main. The toolkit's message loop then drives the program until Toolkit::quit.
     void start();
 
     forms::Application& application() { return application_; }

@@ -6,12 +6,13 @@
 
 namespace core {
 
-/// Number of slots for include folders. A list ends in an empty slot, so it holds one folder less.
+/// Number of slots for include folders. An empty slot ends the list, so it holds at most one folder
+/// fewer.
 inline constexpr int includeSlots = 21;
 inline constexpr int mostIncludes = includeSlots - 1;
 
-/// The one record of shared state. Whoever needs a field reads it at that moment; nobody is told
-/// of a change. An empty text stands for a field that nothing has set.
+/// The program's shared state. Readers fetch a field when they need it; there is no change
+/// notification. An empty string means that the field is not set.
 struct AppState {
     std::string CompilerPath;
     std::string GuiPlayerPath;
@@ -26,10 +27,10 @@ struct AppState {
     std::string BrowserPath;
     std::string AcrobatPath;
 
-    /// Which way the include folder dialog was opened: to add a folder, or to change one.
+    /// True while the include folder dialog adds a folder, false while it edits one.
     bool AddingFolder = false;
 
-    // Copies of the console's controls, current after the load and after the console has closed.
+    // Copies of the console's controls, valid after loading and after the console has closed.
     std::string EditFileName;
     std::string CompileFileName;
     std::string PlayFileName;
@@ -39,7 +40,7 @@ struct AppState {
     std::optional<int> PlayHidden;
     std::optional<int> ExtractHidden;
     int PlayerChoice = 1;  ///< 0 Windows GUI, 1 Windows console, 2 MSDOS console
-    int StartTab = 1;      ///< from 1: Edit, Compile, Play, Spelling
+    int StartTab = 1;      ///< 1-based: Edit, Compile, Play, Spelling
 
     /// The compiler's include folders in search order, up to the first empty slot.
     std::array<std::string, includeSlots> IncludeFolders;

@@ -4,16 +4,16 @@
 
 namespace core {
 
-/// Reads the fields of a text one by one, as Runtime::vbaInputFile gives them: leading blanks are
-/// skipped; a field ends at a comma or at the end of its line; one that begins with a double quote
-/// runs to the next double quote, and what follows up to the comma or line end is dropped. An
-/// empty line is an empty field.
+/// Splits a text into the fields that Runtime::vbaInputFile returns. Leading blanks are skipped. A
+/// field ends at a comma or at the end of its line; a field that begins with a double quote ends at
+/// the next double quote, and the rest up to the comma or line end is dropped. An empty line is an
+/// empty field.
 class FieldReader {
   public:
     explicit FieldReader(std::string text) : text_(std::move(text)) {}
 
     [[nodiscard]] bool atEnd() const { return at_ >= text_.size(); }
-    /// The next field; empty behind the end.
+    /// Returns the next field, or an empty string at end of input.
     std::string next();
 
   private:

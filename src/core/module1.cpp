@@ -36,7 +36,7 @@ bool exists(Runtime& runtime, const std::string& path) {
 }
 
 std::string GetShortName(Runtime& runtime, const std::string& path) {
-    constexpr std::size_t longest = 254;  // the system's buffer, less its closing zero
+    constexpr std::size_t longest = 254;  // the system's buffer without the final zero
     const std::string shortPath = runtime.GetShortPathName(path);
     return length(shortPath) <= longest ? shortPath : "";
 }

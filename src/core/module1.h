@@ -11,29 +11,30 @@ namespace core {
 
 inline constexpr const char* appTitle = "The Norvane Workbench";
 
-/// What the forms and procedures of the program work with.
+/// The context that forms and procedures share.
 struct Program {
     Runtime& runtime;
     forms::Application& application;
     AppState state;
-    /// Nothing could be written beside the program when it started, and the user knows.
+    /// True if the program's folder was not writable at the start; the user has been told.
     bool folderIsReadOnly = false;
-    /// The settings file that could not be read, until the user has been told where it is; else
-    /// empty.
+    /// Path of a settings file that could not be read and that the user has not been told about
+    /// yet; otherwise empty.
     std::string unreadSettings = {};
 };
 
-/// The start of a run: shows the splash, then fills the state from the settings file. Tells the
-/// user if the program's folder cannot be written.
+/// Starts a run: shows the splash, then loads the settings into the state. Shows a message if the
+/// program's folder is not writable.
 void Main(Program& program, const std::function<void()>& showSplash);
 
-/// True if files can be made in the program's folder.
+/// True if files can be created in the program's folder.
 bool canWriteBeside(Runtime& runtime);
 
-/// True if the path is set and names an ordinary file.
+/// True if the path is not empty and names an ordinary file.
 bool exists(Runtime& runtime, const std::string& path);
 
-/// The short form of a path, empty if it names nothing that exists or is too long.
+/// Returns the short form of a path, or an empty string if the path does not exist or its short
+/// form is too long.
 std::string GetShortName(Runtime& runtime, const std::string& path);
 
 }  // namespace core

@@ -13,79 +13,80 @@ namespace core {
 
 using forms::RuntimeError;
 
-/// All that the program asks of its platform. Texts are UTF-8, paths are Windows paths. An
-/// operation that fails throws RuntimeError with the system's own text. One thread calls.
+/// Everything that the program needs from its platform. Strings are UTF-8, paths are Windows paths.
+/// An operation that fails throws RuntimeError with the system's own text. Not thread-safe.
 class Runtime : public forms::Disk {
   public:
     enum class OpenMode { Input, Output };
     enum class Answer { Ok, Yes, No };
 
-    /// Flags of rtcMsgBox: an OK button; the buttons Yes and No; an OK button and the
-    /// exclamation icon.
+    /// Flags of rtcMsgBox: an OK button; Yes and No buttons; an OK button with the exclamation
+    /// icon.
     static constexpr int okOnly = 0;
     static constexpr int yesNo = 4;
     static constexpr int exclamation = 48;
 
-    /// Styles of rtcShell: a window of normal size or a maximised one, both with the focus.
+    /// Styles of rtcShell: a focused window, of normal size or maximised.
     static constexpr int normalFocus = 1;
     static constexpr int maximisedFocus = 3;
 
-    /// A value of the registry, read into at most 1024 bytes.
+    /// A registry value of at most 1024 bytes.
     struct RegistryValue {
         std::uint32_t type;
         std::string bytes;
     };
     using RegistryKey = std::uintptr_t;
 
-    /// The folder of the program, without a backslash at its end.
+    /// Returns the program's folder, without a trailing backslash.
     virtual std::string AppPath() = 0;
-    /// A folder of the user's own for files that need not stay, without a backslash at its end.
+    /// Returns the user's folder for temporary files, without a trailing backslash.
     virtual std::string TempPath() = 0;
 
-    /// The name of the ordinary file that the path names; empty if there is none, and for a
-    /// folder, a hidden file, an empty path and one with "*" or "?".
+    /// Returns the name of the ordinary file at the path, or an empty string: if there is none, for
+    /// a folder or a hidden file, and for a path that is empty or contains "*" or "?".
     virtual std::string rtcDir(const std::string& path) = 0;
-    /// When the file was last changed.
+    /// Returns the time of the file's last modification.
     virtual std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) = 0;
 
-    /// Opens the one file that the other file operations work on. For output a file that exists
-    /// is emptied and one that does not is made. A file still open is closed first.
+    /// Opens the file that the other file operations work on; there is one at a time, and a file
+    /// still open is closed first. Output creates the file or truncates it.
     virtual void vbaFileOpen(const std::string& path, OpenMode mode) = 0;
     virtual void vbaFileClose() = 0;
-    /// Reads the next field: its leading blanks skipped, ended by a comma or the end of its line,
-    /// or held in double quotes. Empty behind the end of the file.
+    /// Reads the next field: without leading blanks, up to a comma or the end of its line, or
+    /// between double quotes. Returns an empty string at end of file.
     virtual std::string vbaInputFile() = 0;
-    /// True when no character is left to read.
+    /// True at end of file.
     virtual bool rtcEndOfFile() = 0;
-    /// Writes the text and one CRLF.
+    /// Writes the text and a CRLF.
     virtual void vbaPrintFile(const std::string& text) = 0;
-    /// Brings what was printed to the disk itself.
+    /// Flushes the printed text to the disk, so that it survives a power loss.
     virtual void vbaFileFlush() = 0;
     virtual void rtcKillFiles(const std::string& path) = 0;
-    /// Renames a file; the new name must not exist.
+    /// Renames a file. Fails if the new name exists.
     virtual void vbaNameFile(const std::string& from, const std::string& to) = 0;
 
-    /// Shows a modal box and waits. An empty title stands for the application's.
+    /// Shows a modal message box and returns the button pressed. An empty title means the
+    /// application's.
     virtual Answer rtcMsgBox(const std::string& text, int flags, const std::string& title = "") = 0;
 
-    /// Starts a quoted program or batch file with its arguments, or a name that is found on the
-    /// search path, and returns at once.
+    /// Spawns a program or batch file, given by a quoted path or by a name on the search path and
+    /// followed by its arguments. Returns at once.
     virtual void rtcShell(const std::string& command, int windowStyle) = 0;
 
-    /// The user's stored text for the key, or the default.
+    /// Returns the user's stored value for the key, or the default.
     virtual std::string rtcGetSetting(const std::string& application, const std::string& section,
                                       const std::string& key, const std::string& byDefault) = 0;
     virtual void rtcSaveSetting(const std::string& application, const std::string& section,
                                 const std::string& key, const std::string& value) = 0;
 
-    /// The path with the short form of every part; empty if it names nothing that exists.
+    /// Returns the path with the short form of every part, or an empty string if it does not exist.
     virtual std::string GetShortPathName(const std::string& path) = 0;
 
-    /// Opens a key of the registry below the root; nothing if it does not exist, may not be opened
-    /// with the access asked for, or the system has no registry.
+    /// Opens a registry key below the root. Returns nullopt if it does not exist, if the access is
+    /// denied, or if the system has no registry.
     virtual std::optional<RegistryKey> RegOpenKeyEx(std::uint32_t root, const std::string& name,
                                                     std::uint32_t access) = 0;
-    /// Reads a value of an open key; nothing if it cannot be read or is longer than 1024 bytes.
+    /// Reads a value of an open key. Returns nullopt if it cannot be read or exceeds 1024 bytes.
     virtual std::optional<RegistryValue> RegQueryValueEx(RegistryKey key,
                                                          const std::string& name) = 0;
     virtual void RegCloseKey(RegistryKey key) = 0;

@@ -22,7 +22,7 @@ constexpr const char* noFile =
     "Settings file not found so using defaults. (Select 'Settings' menu item to change the "
     "settings to your requirements.)";
 
-// The fields of both formats, in the order of their lines.
+// The fields that both formats have, in file order.
 constexpr std::string AppState::*textFields[] = {
     &AppState::CompilerPath,      &AppState::GuiPlayerPath,   &AppState::ConsolePlayerPath,
     &AppState::DosPlayerPath,     &AppState::ExtractorPath,   &AppState::EditorPath,
@@ -31,7 +31,7 @@ constexpr std::string AppState::*textFields[] = {
     &AppState::EditFileName,      &AppState::CompileFileName, &AppState::PlayFileName,
     &AppState::ExtractFileName,
 };
-// The fields that only the current format has, between the texts and the folders.
+// The fields that only the current format has, stored between the texts and the folders.
 constexpr std::optional<int> AppState::*hideFlags[] = {
     &AppState::EditHidden, &AppState::CompileHidden, &AppState::PlayHidden,
     &AppState::ExtractHidden};
@@ -60,7 +60,7 @@ AppState defaults() {
     return state;
 }
 
-/// The whole number in a field, or nothing if it holds none.
+/// Parses a field as a whole number. Returns nullopt if it is not one.
 std::optional<int> number(std::string field) {
     std::erase(field, ' ');
     int value = 0;
@@ -100,7 +100,8 @@ void useDefaults(Program& program, const char* reason) {
     program.state = defaults();
 }
 
-/// Opens a settings file whose first field is the header; else the defaults serve.
+/// Opens a settings file and checks its header. If it does not match, closes the file, applies the
+/// defaults and returns false.
 bool openWithHeader(Program& program, const std::string& path, const char* header) {
     Runtime& runtime = program.runtime;
     runtime.vbaFileOpen(path, Runtime::OpenMode::Input);
@@ -126,7 +127,7 @@ void readBeta3(Program& program, const std::string& path) {
     program.runtime.vbaFileClose();
 }
 
-/// True if the file was written as far as its folders, which have no end that could be missing.
+/// True if the file is complete up to the folders. The folder list has no end mark to check.
 bool isWhole(Runtime& runtime, const std::string& path) {
     runtime.vbaFileOpen(path, Runtime::OpenMode::Input);
     const bool isCurrent = runtime.vbaInputFile() == currentHeader;
@@ -137,13 +138,13 @@ bool isWhole(Runtime& runtime, const std::string& path) {
     return isCurrent && tab != 0;
 }
 
-/// Looks a file up for the load. An error from now on leaves it noted as unread.
+/// True if the file exists. Notes it as unread, which stays so if an error ends the load.
 bool found(Program& program, const std::string& path) {
     program.unreadSettings = path;
     return exists(program.runtime, path);
 }
 
-/// Carries out the last rename of a save that was cut off in front of it, if it was.
+/// Completes a save that was interrupted before its last rename. Returns false if there is none.
 bool completeSave(Program& program, const SettingsPaths& paths) {
     Runtime& runtime = program.runtime;
     if (!found(program, paths.writing) || !exists(runtime, paths.backup)) return false;
@@ -168,9 +169,9 @@ bool needsQuotes(const std::string& text) {
     return text.starts_with(' ') || text.find(',') != std::string::npos;
 }
 
-/// A text as it goes on its line, such that reading gives it back and no other field moves. The
-/// file has no way to hold a line break, nor a double quote in front of a text or inside of one
-/// that needs quotes itself, so these are left out.
+/// Encodes a text for its line, so that reading returns it and no other field shifts. The format
+/// cannot represent a line break, a double quote at the beginning of a text, or one inside a text
+/// that needs quotes, so these are dropped.
 std::string stored(std::string text) {
     std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
     if (text.starts_with('"') || needsQuotes(text)) std::erase(text, '"');
@@ -191,7 +192,7 @@ void writeFields(Runtime& runtime, const AppState& state) {
     runtime.vbaPrintFile(stored(state.StartTab));
     for (const std::string& folder : state.IncludeFolders) {
         if (folder.empty()) break;
-        // A folder of which nothing can be stored would end the list.
+        // A folder that is empty once encoded would end the list.
         if (const std::string line = stored(folder); !line.empty()) runtime.vbaPrintFile(line);
     }
 }
@@ -199,15 +200,15 @@ void writeFields(Runtime& runtime, const AppState& state) {
 void writeNew(Runtime& runtime, const AppState& state, const std::string& path) {
     runtime.vbaFileOpen(path, Runtime::OpenMode::Output);
     writeFields(runtime, state);
-    // Once the new file is whole on the disk, the order of the steps is all that matters: a cut
-    // behind any of them, of power too, leaves the old settings current, or the new ones for
-    // completeSave to make current, or the new ones current.
+    // Once the new file is complete on the disk, the order of the following steps is enough: after
+    // a crash or power loss at any of them, either the old or the new settings are current, or
+    // completeSave makes the new ones current.
     runtime.vbaFileFlush();
     runtime.vbaFileClose();
 }
 
-/// Puts the new settings in the place of the old ones, which go to the path `old`. Where that
-/// fails the old ones come back.
+/// Replaces the current settings by the new ones and keeps the previous ones at `old`. On failure
+/// the previous ones are restored.
 void replaceCurrent(Runtime& runtime, const SettingsPaths& paths, const std::string& old) {
     const bool hasOld = exists(runtime, paths.current);
     if (hasOld) runtime.vbaNameFile(paths.current, old);
@@ -219,7 +220,7 @@ void replaceCurrent(Runtime& runtime, const SettingsPaths& paths, const std::str
     }
 }
 
-/// A name under which no save touches a file.
+/// Returns an unused path that no save writes to.
 std::string nameAside(Runtime& runtime) {
     for (int number = 1;; ++number) {
         std::string path = runtime.AppPath() + "\\nwbw-unread-" + std::to_string(number) + ".ini";
@@ -231,11 +232,11 @@ bool isGone(Runtime& runtime, const std::string& path) {
     try {
         return !exists(runtime, path);
     } catch (const RuntimeError&) {
-        return false;  // nobody can tell
+        return false;  // cannot be determined
     }
 }
 
-/// Moves a cut-off save that the load could not read, or did not come to, out of the way.
+/// Moves an interrupted save aside that the load could not read or did not reach.
 void clearWriting(Program& program, const SettingsPaths& paths) {
     Runtime& runtime = program.runtime;
     std::string& unread = program.unreadSettings;
@@ -246,7 +247,7 @@ void clearWriting(Program& program, const SettingsPaths& paths) {
     unread = aside;
 }
 
-/// Saves such that a file which the load could not read stays on the disk.
+/// Saves the state without losing a file that the load could not read.
 void save(Program& program, const SettingsPaths& paths) {
     Runtime& runtime = program.runtime;
     std::string& unread = program.unreadSettings;
@@ -259,7 +260,7 @@ void save(Program& program, const SettingsPaths& paths) {
     if (keepsOld) unread = old;
 }
 
-/// Tells the user, once, where the file is that the load could not read, or would have read next.
+/// Shows, once, where the file is kept that the load could not read or would have read next.
 void tellUnread(Program& program, const SettingsPaths& paths) {
     std::string& unread = program.unreadSettings;
     if (unread.empty()) return;
@@ -281,7 +282,7 @@ void LoadSettings(Program& program) {
     try {
         load(program, SettingsPaths(program.runtime));
     } catch (const RuntimeError& error) {
-        program.state = {};  // not half of the settings
+        program.state = {};  // drop what was read so far
         program.runtime.rtcMsgBox(error.what(), Runtime::exclamation);
     }
 }

@@ -4,14 +4,14 @@
 
 namespace core {
 
-/// Fills the state from the settings file in the program's folder, from the older format if there
-/// is only that, or with the defaults. Failures and what the user should know go to message boxes;
-/// after a failure no field is set.
+/// Loads the state from the settings file in the program's folder, or else from a file of the older
+/// format, or else from the defaults. Failures and notices are shown in message boxes; after a
+/// failure no field is set.
 void LoadSettings(Program& program);
 
-/// Writes the settings file from the state. A failure is told to the user, never to the caller,
-/// save for a folder that cannot be written, which the user knows of since the start. A file that
-/// the load could not read is kept.
+/// Writes the state to the settings file. A failure is shown to the user and not reported to the
+/// caller; a read-only folder is not shown again, since the start has done so. A file that
+/// LoadSettings could not read is kept.
 void SaveSettings(Program& program);
 
 }  // namespace core

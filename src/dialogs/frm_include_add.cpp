@@ -19,8 +19,8 @@ void frmIncludeAdd::Form_Activate() {
     Runtime& runtime = program_.runtime;
     bool failed = false;
     bool told = false;
-    // A step that fails sends the list to "c:\", and the steps behind it read the text anew. If
-    // that cannot be read either, the lists stay where they are.
+    // A step that fails moves the folder list to "c:\", and later steps read the text again. If
+    // "c:\" fails too, the lists stay as they are.
     const auto trapped = [&](const std::function<void()>& step) {
         try {
             step();

@@ -6,8 +6,8 @@
 
 namespace dialogs {
 
-/// Chooses one include folder, with a drive list and a folder list or by typing. OK puts it into
-/// the list of its caller, which sets the caption and the text before it shows the dialog.
+/// Chooses one include folder from a drive list and a folder list, or by typing. OK puts it into
+/// the caller's list. The caller sets the caption and the text before showing the dialog.
 class frmIncludeAdd : public forms::Form {
   public:
     frmIncludeAdd(forms::Application& application, core::Program& program, forms::ListBox& list);

@@ -43,7 +43,7 @@ void frmIncludeList::askFolder(bool adding, const std::string& caption, const st
 
 void frmIncludeList::btnDelete_Click() {
     List1.RemoveItem(List1.ListIndex);
-    List1.SetFocus();  // the next button in use would be Cancel, and Enter would press it
+    List1.SetFocus();  // otherwise the focus moves to Cancel, and Enter would press it
     List1_Click();
 }
 

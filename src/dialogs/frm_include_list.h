@@ -5,10 +5,10 @@
 
 namespace dialogs {
 
-/// Edits the list of include folders. It works on a copy, List1, and writes it back on Close.
+/// Edits the list of include folders in a copy, List1, and writes it back on Close.
 class frmIncludeList : public forms::Form {
   public:
-    /// consoleList is the list that Close fills along with the state's.
+    /// Close fills consoleList together with the state's list.
     frmIncludeList(forms::Application& application, core::Program& program,
                    forms::ListBox& consoleList);
 
@@ -35,7 +35,7 @@ class frmIncludeList : public forms::Form {
     }
 
   public:
-    // Declared in order of tabbing.
+    // Declared in tab order.
     forms::Button btnClose{*this,
                            {.name = "btnClose",
                             .caption = "&Close",

@@ -45,7 +45,7 @@ const std::vector<Location> otherLocations = {
      "Locate your wordprocessor software - eg 'winword.exe'", programs},
 };
 
-// The layout, in twips. Rows in a frame keep the columns of those outside.
+// The layout, in twips. Rows inside a frame align with those outside.
 constexpr int margin = 180;
 constexpr int width = 7200;
 constexpr int frameInset = 120;

@@ -11,13 +11,13 @@
 
 namespace dialogs {
 
-/// A frame around neighbouring rows of a dialog of locations.
+/// A frame around adjacent rows of a locations dialog.
 struct LocationGroup {
     const char* name;
     const char* caption;
 };
 
-/// One path that a dialog of locations edits. The index names the row's controls.
+/// One path that a locations dialog edits. The row's controls have its index.
 struct Location {
     int index;
     const char* label;
@@ -25,10 +25,11 @@ struct Location {
     const char* title;   ///< of the file dialog
     const char* filter;  ///< of the file dialog
     const LocationGroup* group = nullptr;
-    bool grooveAbove = false;  ///< a groove parts the row from the one before
+    bool grooveAbove = false;  ///< a groove separates the row from the one above
 };
 
-/// A dialog of paths, one to a row. It works on a copy until OK, tests nothing, and saves at once.
+/// A dialog of paths, one per row. It edits copies; OK stores them unchecked and saves the
+/// settings.
 class LocationsDialog : public forms::Form {
   public:
     LocationsDialog(forms::Application& application, core::Program& program,
@@ -42,7 +43,7 @@ class LocationsDialog : public forms::Form {
     void OKButton_Click();
     void CancelButton_Click() { Unload(); }
 
-    // These lay out the form downwards from a top, in twips; the first two give the next top.
+    // These add controls at `top`, in twips; the first two return the top of what follows.
     int addGroove(int top);
     int addGroup(std::span<const Location> rows, int top);
     void addRow(const Location& location, forms::Container& container, int left, int top);
@@ -63,13 +64,13 @@ class LocationsDialog : public forms::Form {
     std::unique_ptr<forms::Button> OKButton;
 };
 
-/// Where the KELM programs and documents lie.
+/// The locations of the KELM programs and documents.
 class frmSettings : public LocationsDialog {
   public:
     frmSettings(forms::Application& application, core::Program& program);
 };
 
-/// Where the programs lie that do not belong to KELM.
+/// The locations of the other programs.
 class frmSettings2 : public LocationsDialog {
   public:
     frmSettings2(forms::Application& application, core::Program& program);

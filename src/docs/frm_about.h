@@ -5,7 +5,7 @@
 
 namespace docs {
 
-/// Tells about the program, and starts the system's own information program.
+/// The About box; it can also start the system's information program.
 class frmAbout : public forms::Form {
   public:
     frmAbout(forms::Application& application, core::Program& program);

@@ -7,10 +7,10 @@
 
 namespace docs {
 
-/// The first window of a run. It stays until the user dismisses it, and hands over to the console.
+/// The first window of a run. It stays until the user dismisses it, then opens the console.
 class frmSplash : public forms::Form {
   public:
-    /// openConsole makes the console and shows it.
+    /// openConsole creates and shows the console.
     frmSplash(forms::Application& application, std::function<void()> openConsole);
 
     void Form_Load() override;

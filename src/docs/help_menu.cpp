@@ -31,7 +31,7 @@ void HelpMenu::browse(const std::string& document) {
     view("Web Browser program ", program_.state.BrowserPath, document);
 }
 
-/// Opens the document in the viewer. Whether the document exists is the viewer's affair.
+/// Opens the document in the viewer, which has to report a missing document itself.
 void HelpMenu::view(const char* viewerName, const std::string& viewer,
                     const std::string& document) {
     if (!tools::requireProgram(program_.runtime, viewerName, viewer,

@@ -5,12 +5,12 @@
 
 namespace docs {
 
-/// The menu that opens the documentation, each document in its viewer, and the About box.
+/// The menu that opens the documents, each in its viewer, and the About box.
 class HelpMenu {
   public:
     HelpMenu(core::Program& program, forms::Container& bar);
 
-    /// Lets the three documents that may lie anywhere be chosen only if their paths are set.
+    /// Enables the three documents with a configurable path only if that path is set.
     void fitToPaths();
 
   private:

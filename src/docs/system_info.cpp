@@ -17,7 +17,7 @@ constexpr const char* pathKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
 constexpr const char* folderKey = R"(SOFTWARE\Microsoft\Shared Tools Location)";
 constexpr const char* programFile = "\\MSINFO32.EXE";
 
-/// The digits of the bytes from the last to the first, without leading zeros.
+/// Returns the bytes as hexadecimal digits, last byte first, each byte without a leading zero.
 std::string hexadecimal(const std::string& bytes) {
     constexpr const char* digits = "0123456789ABCDEF";
     std::string text;
@@ -29,7 +29,7 @@ std::string hexadecimal(const std::string& bytes) {
     return text;
 }
 
-/// The path of the program, by the first key that the registry has; empty if none leads to it.
+/// Returns the program's path from the first registry key that has it, or an empty string.
 std::string programPath(Runtime& runtime) {
     std::string path;
     if (GetKeyValue(runtime, localMachine, pathKey, "PATH", path)) return path;
@@ -61,7 +61,7 @@ void StartSysInfo(Runtime& runtime) {
             return;
         }
     } catch (const core::RuntimeError&) {
-        // Told below, like a program that is not there.
+        // Fall through: reported as unavailable below.
     }
     runtime.rtcMsgBox("System Information Is Unavailable At This Time", Runtime::okOnly);
 }

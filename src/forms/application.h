@@ -11,62 +11,63 @@ namespace forms {
 class Control;
 class Form;
 
-/// A failed operation of the platform; what() is the system's own text, in UTF-8.
+/// A failed platform operation; what() is the system's own text, in UTF-8.
 class RuntimeError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// The window behind a form.
+/// The native window of a form.
 class WindowPeer {
   public:
     virtual ~WindowPeer() = default;
     virtual void show() = 0;
-    /// Shows the window above its owner, keeps the program's other windows from input, and
-    /// returns when it has been hidden.
+    /// Shows the window above its owner, blocks input to the program's other windows, and returns
+    /// when it has been hidden.
     virtual void showModal(Form& owner) = 0;
-    /// Takes the window away for good; its form has been unloaded.
+    /// Hides the window for good: its form has been unloaded.
     virtual void hide() = 0;
-    /// Paints the window at once.
+    /// Paints the window immediately.
     virtual void refresh() = 0;
-    /// Draws the form's caption, place and state.
+    /// Updates the window from the form's caption, place and state.
     virtual void update() = 0;
-    /// Moves the focus to the control, if that has a window.
+    /// Moves the focus to the control, if it has a native window.
     virtual void focus(const Control& control) = 0;
 };
 
-/// What a file dialog is asked. The filter is pairs of description and pattern, parted by "|".
+/// The parameters of a file dialog. The filter is pairs of description and pattern, separated by
+/// "|".
 struct FileQuestion {
     std::string title;
     std::string filter;
-    std::string name;  ///< the name offered
+    std::string name;  ///< the initial name
 };
 
-/// A kind of windows.
+/// Creates native windows for forms.
 class Toolkit {
   public:
     virtual ~Toolkit() = default;
-    /// Gives the form a window and each of its controls a peer.
+    /// Creates the form's window and a peer for each of its controls.
     virtual void build(Form& form) = 0;
-    /// Asks for a file that exists or may be made, modally; empty if the user cancels.
+    /// Lets the user choose an existing or a new file, modally. Returns an empty string on cancel.
     virtual std::string chooseFile(Form& owner, const FileQuestion& question) = 0;
-    /// The last form has gone and no handler is running: ends the message loop.
+    /// Ends the message loop. Called when the last form is gone and no handler is running.
     virtual void quit() = 0;
 };
 
-/// The open forms, and the one boundary through which every user's action enters.
+/// Owns the open forms and is the single entry point for user actions.
 class Application {
   public:
     /// tellError shows the text of a failed operation to the user.
     Application(Toolkit& toolkit, std::function<void(const std::string&)> tellError);
     ~Application();
 
-    /// Runs a handler for something that the user or the window system did. A failed operation
-    /// ends the handler, is told to the user, and goes no further. Forms that were unloaded are
-    /// destroyed when the outermost handler has returned.
+    /// Runs a handler for an action of the user or the window system. A failed operation ends the
+    /// handler, is shown to the user and is not rethrown. Unloaded forms are destroyed when the
+    /// outermost handler has returned.
     void dispatch(const std::function<void()>& handler);
 
-    /// Makes a form, adds it to the open ones and runs its Form_Load. Its window stays hidden.
+    /// Creates a form, adds it to the open forms and runs its Form_Load. The window stays hidden.
     template <typename Kind, typename... Arguments>
     Kind& load(Arguments&&... arguments) {
         auto form = std::make_unique<Kind>(*this, std::forward<Arguments>(arguments)...);
@@ -77,7 +78,7 @@ class Application {
 
     /// Number of open forms.
     [[nodiscard]] int Count() const { return static_cast<int>(open_.size()); }
-    /// The open forms in order of loading, from 0.
+    /// Returns an open form; index is 0-based, in order of loading.
     Form& Forms(int index) { return *open_.at(index); }
 
     std::string chooseFile(Form& owner, const FileQuestion& question);
@@ -90,9 +91,9 @@ class Application {
     Toolkit& toolkit_;
     std::function<void(const std::string&)> tellError_;
     std::vector<std::unique_ptr<Form>> open_;
-    std::vector<std::unique_ptr<Form>> gone_;  ///< unloaded, while handlers of theirs may still run
-    Form* active_ = nullptr;                   ///< the form that the user works in
-    int depth_ = 0;                            ///< handlers now running, one inside the other
+    std::vector<std::unique_ptr<Form>> gone_;  ///< unloaded; handlers may still be running
+    Form* active_ = nullptr;                   ///< the form that was activated last
+    int depth_ = 0;                            ///< number of nested handlers now running
 };
 
 }  // namespace forms

@@ -13,7 +13,7 @@ class Container;
 class ControlVisitor;
 class Form;
 
-/// Where a control lies in its container, in twips (1440 to the inch, 15 to a pixel at 96 dpi).
+/// A control's rectangle in its container, in twips (1440 per inch, 15 per pixel at 96 dpi).
 struct Place {
     int left = 0;
     int top = 0;
@@ -21,7 +21,7 @@ struct Place {
     int height = 0;
 };
 
-/// A font that a control asks for; an empty family stands for the form's own font.
+/// A control's font; an empty family means the form's own font.
 struct Font {
     std::string family = {};
     double points = 0;
@@ -30,16 +30,16 @@ struct Font {
     bool operator==(const Font&) const = default;
 };
 
-/// A control as its form's definition has it. All texts are UTF-8; "&" marks a mnemonic.
+/// A control as its form declares it. Texts are UTF-8; "&" marks the mnemonic in a caption.
 struct Definition {
     std::string name = {};
-    int index = -1;  ///< in a control array; -1 for a control of its own
+    int index = -1;  ///< in a control array; -1 outside of one
     std::string caption = {};
     std::string text = {};
     std::string tooltip = {};
-    std::string spoken = {};  ///< what a screen reader calls it, where the caption does not tell
+    std::string spoken = {};  ///< read by screen readers where the caption is not enough
     Place place = {};
-    bool ticked = false;  ///< a check box or an option button that starts selected
+    bool ticked = false;  ///< initial value of a check box or an option button
     bool visible = true;
     bool enabled = true;
     bool isDefault = false;  ///< the button that Enter presses
@@ -48,22 +48,22 @@ struct Definition {
     bool multiLine = false;
     bool holdsPath = false;  ///< a text box for the path of a file or folder
     bool centred = false;
-    bool autoSize = false;  ///< a label as large as its text
-    bool light = false;     ///< a line lighter than the ground
+    bool autoSize = false;  ///< a label that takes the size of its text
+    bool light = false;     ///< a line lighter than the background
     Font font = {};
     std::function<void()> event = {};  ///< the control's click or change handler
 };
 
-/// What draws a control on a screen. It draws the control's whole state each time; the control
-/// outlives it.
+/// The native side of a control. An update applies the control's whole state. The control outlives
+/// its peer.
 class Peer {
   public:
     virtual ~Peer() = default;
     virtual void update() = 0;
 };
 
-/// A control: a name, properties and one event, with no idea of a toolkit. A control is declared
-/// inside its container, in reading order, which is also the order of tabbing.
+/// A control: a name, properties and one event, independent of any toolkit. Controls are declared
+/// in their container in reading order, which is also the tab order.
 class Control {
   public:
     Control(Container* parent, Definition definition);
@@ -87,43 +87,42 @@ class Control {
 
     virtual void accept(ControlVisitor& visitor) = 0;
 
-    /// The control's name, with its index where it belongs to an array: "optFormat(2)".
+    /// Returns the name, with the index if the control is in an array: "optFormat(2)".
     [[nodiscard]] std::string fullName() const;
-    /// What a screen reader calls the control: the definition's own word, else its caption without
-    /// "&", else that of the label before it, and failing that its container's.
+    /// Returns the name for screen readers: the definition's, or else the caption without "&", or
+    /// else the caption of the label declared before it, or else the container's name.
     [[nodiscard]] virtual std::string accessibleName() const;
-    /// The letter, in upper case, that reaches the control together with Alt, or 0.
+    /// Returns the mnemonic in upper case, or 0.
     [[nodiscard]] char mnemonic() const;
-    /// True if the control is visible and has not been moved out of its container to the left, out
-    /// of sight also for a screen reader.
+    /// True if the control is visible and not moved out of its container to the left, where it is
+    /// hidden from screen readers too.
     [[nodiscard]] bool inSight() const { return Visible && Left + Width > 0; }
-    /// True if a user can work the control: it and all its containers are visible and enabled.
+    /// True if the control and all its containers are visible and enabled.
     [[nodiscard]] bool usable() const;
     [[nodiscard]] Container* parent() const { return parent_; }
-    /// The form that the control belongs to.
+    /// Returns the form that the control belongs to.
     [[nodiscard]] virtual Form& form();
 
     void attach(std::unique_ptr<Peer> peer) { peer_ = std::move(peer); }
     [[nodiscard]] Peer* peer() const { return peer_.get(); }
 
-    /// Gives the control its handler, where that belongs to another part of the program than the
-    /// control's definition.
+    /// Sets the handler, for a control whose event is handled in another part of the program.
     void setHandler(std::function<void()> handler) { event_ = std::move(handler); }
 
-    /// Moves the focus of the keyboard to the control.
+    /// Moves the keyboard focus to the control.
     void SetFocus();
-    /// A user's click on the control, or its mnemonic.
+    /// Performs a click: by the user or by the mnemonic.
     void click();
-    /// True if Enter works on the control while it has the focus, and not on the default button.
+    /// True if a focused control handles Enter itself instead of the default button.
     [[nodiscard]] virtual bool takesEnter() const { return false; }
 
-    /// Carries out what a changed property sets off. Only properties call it.
+    /// Applies the effect of a changed property. Called by properties only.
     virtual void changed(Effect effect);
 
   protected:
-    /// What a click does; runs inside the dispatch boundary.
+    /// The action of a click; called inside Application::dispatch.
     virtual void clicked() { raise(); }
-    /// Runs a user's action on a usable control inside the dispatch boundary; else does nothing.
+    /// Runs a user's action through Application::dispatch, if the control is usable.
     void act(const std::function<void()>& action);
     void draw();
     void raise();
@@ -134,14 +133,14 @@ class Control {
     std::unique_ptr<Peer> peer_;
 };
 
-/// A control that holds others.
+/// A control that contains others.
 class Container : public Control {
   public:
     using Control::Control;
 
-    /// The controls directly inside, in the order of their declaration.
+    /// The direct children, in declaration order.
     [[nodiscard]] const std::vector<Control*>& children() const { return children_; }
-    /// All controls inside, containers before their contents, in order of tabbing.
+    /// Returns all descendants in tab order, containers before their contents.
     [[nodiscard]] std::vector<Control*> allControls() const;
 
   private:
@@ -156,7 +155,7 @@ void Property<T>::operator=(T value) {
     owner_.changed(effect_);
 }
 
-/// A caption as it is read aloud: without the "&" of its mnemonic.
+/// Returns the caption without the "&" of its mnemonic.
 std::string withoutMnemonic(const std::string& caption);
 
 }  // namespace forms

@@ -24,7 +24,7 @@ std::vector<OptionButton*> OptionButton::group() const {
     return group;
 }
 
-/// Draws the whole group: the stop of the Tab key may have moved within it.
+/// Draws the whole group, since its tab stop may have moved.
 void OptionButton::changed(Effect effect) {
     const bool selected = effect == Effect::Raise && Value;
     for (OptionButton* option : group()) {
@@ -119,7 +119,7 @@ void CommonDialog::ShowOpen() {
 
 void CommonDialog::accept(ControlVisitor&) {}
 
-// One line a kind: which function of a visitor serves it.
+// Each kind calls the visitor's overload for itself.
 void Label::accept(ControlVisitor& visitor) {
     visitor.visit(*this);
 }

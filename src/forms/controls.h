@@ -9,9 +9,8 @@
 
 #include "forms/control.h"
 
-/// The kinds of control, but for the two in file_lists.h. Each has the properties that the program
-/// uses and an entry for each thing that a user can do to it; peers and tests call the same
-/// entries.
+/// The kinds of control, except the two in file_lists.h. Each has the properties that the program
+/// uses and one method for each user action; peers and tests call the same methods.
 namespace forms {
 
 class DriveList;
@@ -26,10 +25,11 @@ class Label : public Control {
     void accept(ControlVisitor& visitor) override;
 
     const bool centred;
-    const bool autoSize;  ///< as large as its text; a centred one keeps the centre of its place
+    const bool
+        autoSize;  ///< takes the size of its text; if centred, around the centre of its place
 };
 
-/// A line drawn for decoration. It fills its place, and has no name to read aloud.
+/// A decorative line. It fills its place and has no accessible name.
 class Line : public Control {
   public:
     Line(Container& parent, const Definition& definition)
@@ -37,13 +37,13 @@ class Line : public Control {
     void accept(ControlVisitor& visitor) override;
     [[nodiscard]] std::string accessibleName() const override { return {}; }
 
-    const bool light;  ///< lighter than the ground, and otherwise darker
+    const bool light;  ///< lighter than the background instead of darker
 };
 
-/// Two lines, a dark one above a light one, that together look like a groove in the ground.
+/// A dark line above a light one, which together look like a groove.
 class Groove {
   public:
-    /// Left, top and width in twips. Of the definitions only names and indices count.
+    /// Left, top and width are in twips. Only names and indices of the definitions are used.
     Groove(Container& parent, Definition dark, Definition light, int left, int top, int width);
 
   private:
@@ -53,7 +53,7 @@ class Groove {
     Line light_;
 };
 
-/// A picture, named by the text of its definition.
+/// A picture; the definition's text is its name.
 class Image : public Control {
   public:
     Image(Container& parent, const Definition& definition)
@@ -82,14 +82,14 @@ class CheckBox : public Control {
         : Control(&parent, definition), Value(*this, definition.ticked ? 1 : 0, Effect::Raise) {}
     void accept(ControlVisitor& visitor) override;
 
-    Property<int> Value;  ///< 0 not ticked, 1 ticked
+    Property<int> Value;  ///< 0 unticked, 1 ticked
 
   protected:
     void clicked() override { Value = Value ? 0 : 1; }
 };
 
-/// One of the options of its container, of which at most one is selected. Selecting one clears
-/// the others without running their handlers; clearing one runs no handler.
+/// An option; at most one per container is selected. Selecting one clears the others without
+/// running their handlers; clearing one runs no handler.
 class OptionButton : public Control {
   public:
     OptionButton(Container& parent, const Definition& definition)
@@ -99,11 +99,11 @@ class OptionButton : public Control {
 
     Property<bool> Value;
 
-    /// True if Tab reaches the option, as it does one of each container: the selected one, and
-    /// where none is selected that can be used, the first that can be.
+    /// True if Tab stops at the option. There is one stop per container: the selected option, or
+    /// the first usable one if the selected one is unusable or missing.
     [[nodiscard]] bool isTabStop() const;
-    /// The option that an arrow key leads to: the next of the container that can be used, or, with
-    /// a negative step, the one before; round at the ends.
+    /// Returns the option that an arrow key selects: the next usable one of the container, or the
+    /// previous one if step is negative, wrapping around.
     OptionButton& beside(int step);
 
   protected:
@@ -114,7 +114,7 @@ class OptionButton : public Control {
     }
 
   private:
-    /// The options of the container, this one among them.
+    /// Returns the options of the container, including this one.
     [[nodiscard]] std::vector<OptionButton*> group() const;
 };
 
@@ -134,17 +134,17 @@ class TextBox : public Control {
     const bool holdsPath;
     Property<std::string> Text;
 
-    /// The user has edited the text, which now reads as given as far as the box can hold it.
+    /// The user changed the text; stores the part of it that the box can hold.
     void type(const std::string& text);
-    /// The part of the text that the box can hold: of one line, the text before the first line
-    /// break without control characters.
+    /// Returns the part of the text that the box can hold: for a single line, the text before the
+    /// first line break, without control characters.
     [[nodiscard]] std::string fitting(const std::string& text) const;
 
   protected:
     void clicked() override {}
 };
 
-/// A frame around other controls. Without a caption it is drawn without a border.
+/// A frame around other controls. It has a border only if it has a caption.
 class Frame : public Container {
   public:
     Frame(Container& parent, Definition definition) : Container(&parent, std::move(definition)) {}
@@ -159,26 +159,25 @@ class PictureBox : public Container {
     void accept(ControlVisitor& visitor) override;
 };
 
-/// A list of texts, counted from 0.
+/// A list of strings; indices are 0-based.
 class ListBox : public Control {
   public:
     ListBox(Container& parent, Definition definition)
         : Control(&parent, std::move(definition)), ListIndex(*this, -1, Effect::Raise) {}
     void accept(ControlVisitor& visitor) override;
 
-    Property<int> ListIndex;  ///< the selected entry, -1 for none
+    Property<int> ListIndex;  ///< index of the selected entry, or -1
 
-    /// Empties the list, and with it the selection, without running a handler.
+    /// Removes all entries and the selection, without running a handler.
     void Clear();
-    /// Adds an entry at the end, or in front of the entry at index.
+    /// Adds an entry at the end, or before the entry at index.
     void AddItem(const std::string& text, std::optional<int> index = {});
-    /// Removes the entry at index. If it was selected, nothing is selected afterwards, and no
-    /// handler runs.
+    /// Removes the entry at index. If it was selected, the selection is cleared. Runs no handler.
     void RemoveItem(int index);
     void setList(int index, const std::string& text);
     [[nodiscard]] const std::string& List(int index) const { return items_.at(index); }
     [[nodiscard]] int ListCount() const { return static_cast<int>(items_.size()); }
-    /// The selected entry, empty where there is none.
+    /// Returns the selected entry, or an empty string.
     [[nodiscard]] std::string Text() const;
 
     /// The user selects the entry at index.
@@ -191,7 +190,7 @@ class ListBox : public Control {
     std::vector<std::string> items_;
 };
 
-/// A row of tabs, counted from 1.
+/// A row of tabs; indices are 1-based.
 class TabStrip : public Control {
   public:
     struct Tab {
@@ -206,13 +205,13 @@ class TabStrip : public Control {
     void accept(ControlVisitor& visitor) override;
 
     const std::vector<Tab> Tabs;
-    Property<int> SelectedItem;  ///< index of the selected tab; an assignment always runs the click
+    Property<int> SelectedItem;  ///< assigning it always runs the click handler
 
-    /// The user selects the tab with the index, from 1.
+    /// The user selects the tab at index.
     void pick(int index);
 };
 
-/// The bar along the bottom edge of a form. It keeps date and time current by itself.
+/// The bar along the bottom edge of a form. Its peer keeps date and time current.
 class StatusBar : public Control {
   public:
     enum class Panel { Text, Date, Time };
@@ -224,7 +223,7 @@ class StatusBar : public Control {
     const std::vector<Panel> Panels;
 };
 
-/// An item of the menu bar, or of the menu that it stands in. The caption "-" makes a separator.
+/// An item of the menu bar or of the menu that contains it. The caption "-" makes a separator.
 class MenuItem : public Container {
   public:
     MenuItem(Container& parent, Definition definition)
@@ -232,8 +231,7 @@ class MenuItem : public Container {
     void accept(ControlVisitor& visitor) override;
 };
 
-/// The system's dialog for choosing a file, which stays on a form unseen and keeps its values
-/// between uses.
+/// The system's file dialog as an invisible control, which keeps its values between uses.
 class CommonDialog : public Control {
   public:
     CommonDialog(Container& parent, Definition definition)
@@ -241,15 +239,15 @@ class CommonDialog : public Control {
     void accept(ControlVisitor& visitor) override;
 
     std::string DialogTitle;
-    std::string Filter;    ///< pairs of description and pattern, all parted by "|"
-    std::string FileName;  ///< going in the name offered, coming out the name chosen
+    std::string Filter;    ///< pairs of description and pattern, all separated by "|"
+    std::string FileName;  ///< in: the initial name; out: the chosen name
 
-    /// Lets the user choose a file, modally. FileName stays as it was if the user cancels.
+    /// Shows the dialog modally. On cancel FileName is unchanged.
     void ShowOpen();
 };
 
-/// Controls that share a name and are told apart by an index, which may have gaps. A click or
-/// change of one of them passes its index to the handler.
+/// Controls that share a name and differ by an index, which may have gaps. The handler receives the
+/// index of the control that was clicked or changed.
 template <typename Kind>
 class ControlArray {
   public:
@@ -261,7 +259,7 @@ class ControlArray {
         for (Definition& definition : definitions)
             add(parent, std::move(definition));
     }
-    /// An array whose controls lie in several containers; add gives it one after the other.
+    /// An array with controls in several containers, which are added one by one.
     explicit ControlArray(std::string name, Handler handler = {})
         : name_(std::move(name)), handler_(std::move(handler)) {}
 
@@ -281,7 +279,7 @@ class ControlArray {
     std::map<int, std::unique_ptr<Kind>> controls_;
 };
 
-/// Does one thing for each kind of control.
+/// An operation with one overload per kind of control.
 class ControlVisitor {
   public:
     virtual ~ControlVisitor() = default;

@@ -16,7 +16,7 @@ std::string lowered(std::string text) {
     return text;
 }
 
-/// A path as the folder list holds it: a bare drive stands for its root, and only a root ends in a
+/// Normalises a path for the folder list: a bare drive means its root, and only a root ends in a
 /// backslash.
 std::string folderPath(std::string path) {
     std::replace(path.begin(), path.end(), '/', '\\');
@@ -26,7 +26,7 @@ std::string folderPath(std::string path) {
     return path;
 }
 
-/// The folder that the lists start on. It lies on one of the drives, if there are any.
+/// Returns the folder that the lists start on. It is on one of the drives, if there are any.
 std::string startFolder(Disk& disk) {
     const std::string current = folderPath(disk.currentFolder());
     const auto drives = disk.drives();
@@ -52,7 +52,7 @@ void DriveList::select(const std::string& drive) {
     try {
         changed(Effect::Raise);
     } catch (const RuntimeError&) {
-        drive_ = before;  // a drive that the handler could not use is not kept
+        drive_ = before;  // the handler failed, so the drive is not selected
         draw();
         throw;
     }
@@ -68,7 +68,7 @@ FolderList::FolderList(Container& parent, Definition definition, Disk& disk)
     try {
         fill(start, disk_.folders(start));
     } catch (const RuntimeError&) {
-        fill(start, {});  // the user can still go up from it
+        fill(start, {});  // the user can still go up from here
     }
 }
 

@@ -9,14 +9,14 @@
 /// The two kinds of control that show the disk.
 namespace forms {
 
-/// A list of the disk's drives. It starts on the current one, or on the first if the current folder
-/// lies on none.
+/// A list of the disk's drives. Initially selects the current drive, or the first if the current
+/// folder is on none of them.
 class DriveList : public Control {
   public:
     DriveList(Container& parent, Definition definition, Disk& disk);
     void accept(ControlVisitor& visitor) override;
 
-    /// The selected drive, as "c:". Selecting one that does not exist throws RuntimeError.
+    /// The selected drive, as "c:". Assigning a drive that does not exist throws RuntimeError.
     struct DriveProperty {
         DriveList& list;
         operator const std::string&() const { return list.drive_; }
@@ -26,7 +26,7 @@ class DriveList : public Control {
 
     [[nodiscard]] const std::vector<std::string>& drives() const { return drives_; }
 
-    /// The user selects the drive at index, from 0.
+    /// The user selects the drive at index, which is 0-based.
     void pick(int index);
 
   protected:
@@ -39,13 +39,14 @@ class DriveList : public Control {
     std::string drive_;
 };
 
-/// A list of folders: those that lead to Path, each indented under the one before, then those
-/// inside it. It starts on the current folder, or on the first drive if that lies on none.
+/// A list of folders: the ancestors of Path and Path itself, each indented below the previous one,
+/// then the folders inside it. Initially shows the current folder, or the first drive if that is on
+/// none of them.
 class FolderList : public Control {
   public:
     struct Row {
         std::string name;
-        int depth;  ///< how far it is indented, from 0
+        int depth;  ///< indentation level, from 0
         std::string path;
     };
 
@@ -53,9 +54,9 @@ class FolderList : public Control {
     void accept(ControlVisitor& visitor) override;
     [[nodiscard]] bool takesEnter() const override { return true; }
 
-    /// The folder whose contents are listed: a full path, without a backslash at its end unless it
-    /// is a drive's root. Setting it to one that cannot be read throws RuntimeError and leaves the
-    /// list where it was.
+    /// The folder whose contents are listed: a full path, without a trailing backslash unless it is
+    /// a drive's root. Assigning a folder that cannot be read throws RuntimeError and leaves the
+    /// list unchanged.
     struct PathProperty {
         FolderList& list;
         operator const std::string&() const { return list.path_; }
@@ -64,10 +65,10 @@ class FolderList : public Control {
     } Path{*this};
 
     [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
-    /// The row of the folder whose contents are listed, from 0.
+    /// The 0-based row of the folder whose contents are listed.
     [[nodiscard]] int openRow() const { return openRow_; }
 
-    /// The user opens the folder of the row, from 0, by a double click or by Enter.
+    /// The user opens the folder of the 0-based row, by a double click or Enter.
     void choose(int row);
 
   protected:

@@ -16,22 +16,22 @@ struct Size {
     int height = 0;
 };
 
-/// Measures captions in one font, in pixels. A caption's "&" takes no room.
+/// Measures captions in one font, in pixels. The "&" of a mnemonic has no width.
 class Ruler {
   public:
     virtual ~Ruler() = default;
     [[nodiscard]] virtual int lineHeight() const = 0;
     [[nodiscard]] virtual int width(const std::string& caption) const = 0;
-    /// Height of the caption when it is wrapped to the width.
+    /// Height of the caption when wrapped to the width.
     [[nodiscard]] virtual int wrappedHeight(const std::string& caption, int width) const = 0;
-    /// What the control leaves for its caption, or for those of its tabs together, beside the
-    /// edges and marks that are drawn around them.
+    /// The space that the control has for its caption, or for all captions of its tabs, inside its
+    /// edges and marks.
     [[nodiscard]] virtual Size room(const Control& control) const = 0;
 };
 
-/// The largest size, from the largest down to the smallest in half points, in which every caption
-/// of the form can be read whole; nothing if there is none. A caption with a size of its own does
-/// not count.
+/// Returns the largest font size at which no caption of the form is clipped, from `largest` down to
+/// `smallest` in steps of half a point, or nullopt. Captions with a font size of their own are
+/// ignored.
 std::optional<double> fittingPoints(
     Form& form, double largest, double smallest,
     const std::function<std::unique_ptr<Ruler>(double points)>& rulerOf);

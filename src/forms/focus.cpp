@@ -17,7 +17,7 @@ Control* firstFocus(const Container& container, const TakesFocus& takesFocus) {
     return nullptr;
 }
 
-/// The first control to take the focus in a container beside the one that has gone out of use.
+/// Returns the first focusable control of a usable sibling of the container, or null.
 static Control* focusBeside(const Container& gone, const TakesFocus& takesFocus) {
     for (Control* sibling : gone.parent()->children()) {
         const auto* other = dynamic_cast<Container*>(sibling);

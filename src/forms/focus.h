@@ -6,16 +6,15 @@
 
 namespace forms {
 
-/// Whether the window of a control takes the focus of the keyboard by tabbing.
+/// True if the control's window takes the keyboard focus by Tab.
 using TakesFocus = std::function<bool(const Control&)>;
 
-/// The first control inside the container, in order of tabbing, that is usable and takes the
-/// focus; null if there is none.
+/// Returns the first control in the container, in tab order, that is usable and takes the focus, or
+/// null.
 Control* firstFocus(const Container& container, const TakesFocus& takesFocus);
 
-/// Where the focus goes from a control that has gone out of use: into the container that is in
-/// use beside its own, if that went as well, and else on in order of tabbing; null if there is
-/// nothing.
+/// Picks the next focus when `gone` becomes unusable: the first focusable control of a usable
+/// sibling container if its own became unusable too, otherwise the next in tab order, or null.
 Control* focusAfter(Control& gone, const TakesFocus& takesFocus);
 
 }  // namespace forms

@@ -9,27 +9,27 @@
 
 namespace forms {
 
-/// What a form looks like as a window.
+/// The fixed properties of a form's window.
 struct FormStyle {
     std::string caption = {};
-    std::string spoken = {};  ///< what a screen reader calls it, where it has no caption
-    Place place = {};         ///< in twips; left and top count only where the form is not centred
-    bool sizable = false;     ///< with minimise and maximise buttons
-    bool bare = false;        ///< without a title bar, and out of the task bar
-    bool centred = true;      ///< on the screen; on its owner where it has one
-    bool keyPreview = false;  ///< the form sees keys before the control that has the focus
+    std::string spoken = {};              ///< read by screen readers where it has no caption
+    Place place = {};                     ///< in twips; left and top are used only if not centred
+    bool sizable = false;                 ///< with minimise and maximise buttons
+    bool bare = false;                    ///< without a title bar or a task bar entry
+    bool centred = true;                  ///< on the screen; on its owner where it has one
+    bool keyPreview = false;              ///< the form gets keys before the focused control
     std::uint32_t background = noColour;  ///< 0xRRGGBB
 
     static constexpr std::uint32_t noColour = 0xffffffff;
 };
 
-/// Shift states as Form_KeyDown gets them.
+/// Bits of Form_KeyDown's `shift`.
 enum ShiftMask { shiftMask = 1, ctrlMask = 2, altMask = 4 };
 
 enum class WindowState { Normal, Minimised, Maximised };
 
-/// A window. Application::load makes one, runs its Form_Load and gives it a peer; Unload ends it.
-/// Left, Top, Width and Height are the window's own, in twips.
+/// A window. Application::load creates it, gives it a peer and runs its Form_Load; Unload ends it.
+/// Left, Top, Width and Height are the window's, in twips.
 class Form : public Container {
   public:
     Form(Application& application, std::string name, const FormStyle& style);
@@ -41,10 +41,10 @@ class Form : public Container {
     void Show();
     /// Shows the form modally above its owner; returns when the form has been unloaded.
     void ShowModal(Form& owner);
-    /// Paints the form at once, without a turn of the message loop.
+    /// Paints the form immediately, without the message loop.
     void Refresh();
-    /// Runs Form_Unload and ends the form. The object itself lives on until the running handlers
-    /// have returned.
+    /// Runs Form_Unload and ends the form. The object lives until the running handlers have
+    /// returned.
     void Unload();
     [[nodiscard]] bool unloaded() const { return unloaded_; }
 
@@ -54,23 +54,22 @@ class Form : public Container {
     virtual void Form_KeyDown(int /*keyCode*/, int /*shift*/) {}
     virtual void Form_KeyPress(int /*keyAscii*/) {}
 
-    // The entries for what a user does to the window.
-    /// The window has become active. Nothing happens where the user comes back to the same form
-    /// from a message or another program.
+    // The user's actions on the window.
+    /// The window became active. Does nothing if the same form was active before, as when the user
+    /// comes back from a message or another program.
     void activate();
     void keyDown(int keyCode, int shift);
     void keyPress(int keyAscii);
-    /// Enter: presses the default button that can be used. False if there is none.
+    /// Enter: presses the default button. False if there is no usable one.
     bool pressDefault();
-    /// Esc: presses the cancel button. False if there is none.
+    /// Esc: presses the cancel button. False if there is no usable one.
     bool pressCancel();
-    /// The control that Alt and the letter (upper case) reach: the item of the menu bar if one has
-    /// the letter, else the next control behind `after`, in order of tabbing and round; null if
-    /// there is none.
+    /// Finds the control with this mnemonic (upper case): an item of the menu bar, or else the next
+    /// control in tab order after `after`, wrapping around. Null if there is none.
     Control* mnemonicTarget(char letter, const Control* after);
     /// The window's close box.
     void close();
-    /// The window has been moved, sized, minimised or maximised; lengths in twips.
+    /// The window was moved, sized, minimised or maximised; lengths in twips.
     void moved(const Place& place, forms::WindowState state);
 
     Form& form() override { return *this; }
@@ -78,7 +77,7 @@ class Form : public Container {
     Application& application() { return application_; }
     /// True if the form has a menu bar.
     [[nodiscard]] bool hasMenu() const;
-    /// The control with the full name, or null.
+    /// Returns the control with this full name, or null.
     Control* find(const std::string& fullName);
 
     void attachWindow(std::unique_ptr<WindowPeer> window) { window_ = std::move(window); }

@@ -6,16 +6,16 @@ namespace forms {
 
 class Control;
 
-/// What an assignment to a property sets off.
+/// The effect of assigning a property.
 enum class Effect {
     Draw,        ///< the peer draws the new value
     Raise,       ///< the peer draws it, then the control's handler runs
     RaiseAlways  ///< as Raise, and also when the value stays the same
 };
 
-/// A property of a control: reads as its value; an assignment that changes the value stores it,
-/// tells the peer and runs the control's handler, all before it returns. An assignment of the
-/// present value does nothing, except with Effect::RaiseAlways.
+/// A property of a control. It reads as its value. Assigning a different value stores it, updates
+/// the peer and runs the control's handler before returning. Assigning the same value has no
+/// effect, except with Effect::RaiseAlways.
 template <typename T>
 class Property {
   public:
@@ -29,7 +29,7 @@ class Property {
     void operator=(const Property& other) { *this = other.value_; }
     void operator=(T value);
 
-    /// Adds to the end of a text.
+    /// Appends to a text.
     void operator+=(const T& more) { *this = value_ + more; }
 
     /// Stores a value without drawing it or running a handler.

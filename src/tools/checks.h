@@ -5,23 +5,23 @@
 
 #include "core/runtime.h"
 
-/// The checks in front of a launch. Each tells the user what is missing.
+/// The checks before a launch. Each shows a message that names what is missing.
 namespace tools {
 
-/// True if the program exists; else shows the path between the two texts.
+/// True if the program exists; otherwise shows its path between the two texts.
 bool requireProgram(core::Runtime& runtime, std::string_view before, const std::string& path,
                     std::string_view behind);
 
-/// As requireProgram, for the user's text editor.
+/// Like requireProgram, for the user's text editor.
 bool requireEditor(core::Runtime& runtime, const std::string& path);
 
-/// The source file with the given drive, folder and stem, under ".kel" or else ".kelm". If there
-/// is neither, tells so and gives the empty text.
+/// Returns the source file with the given drive, folder and stem and the extension ".kel" or else
+/// ".kelm". If neither exists, shows a message and returns an empty string.
 std::string requireSource(core::Runtime& runtime, const std::string& fileBase);
 
-/// True if a tool can be told the file, which exists, by the stem that stands for it in the
-/// commands. It cannot if there is no short path that is short enough, or if the drive keeps no
-/// short names and the long stem holds blanks: the tool would see several names.
+/// True if the stem names the existing file unambiguously in a command; otherwise shows a message.
+/// It does not if there is no short path of usable length, or if the drive keeps no short names and
+/// the long stem contains blanks: the tool would read several names.
 bool requireStem(core::Runtime& runtime, const std::string& stem, const std::string& file);
 
 }  // namespace tools

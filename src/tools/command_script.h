@@ -9,35 +9,34 @@
 
 namespace tools {
 
-/// A stem of more characters than this goes into the commands in its short form.
+/// Longer stems, in characters, appear in commands in their short form.
 inline constexpr std::size_t longestStem = 8;
 
-/// What the three panels with a command script have in common: the split of the panel's file name
-/// into commands, and the script's way to disk and into its own console. One instance serves all
-/// three, so the fields describe the panel that was rebuilt last.
+/// What the three panels with a command script share: splitting the file name into commands, and
+/// writing and running the script. One instance serves all three, so the fields describe the panel
+/// that was rebuilt last.
 class CommandScript {
   public:
     explicit CommandScript(const core::Program& program) : program_(program) {}
 
-    /// The file name without drive, folder and extension, as it goes into the commands.
+    /// The file name without drive, folder and extension, as used in commands.
     std::string FileStem;
-    /// Drive, folder and stem of the file, without extension, always with the long stem.
+    /// Drive, folder and long stem of the file, without extension.
     std::string FileBase;
 
-    /// Starts a command text: empties the box, writes the drive line and the "cd" line that the
-    /// file's folder asks for, and sets FileStem and FileBase.
+    /// Starts a command text: sets the box to the drive line and the "cd" line for the file's
+    /// folder, and sets FileStem and FileBase.
     void SplitFileName(const std::string& fileText, forms::TextBox& box);
 
-    /// Replaces a FileStem that is longer than longestStem by its short form. Where the file text
-    /// names nothing on the disk, the extensions are tried in turn behind FileBase; FileStem
-    /// becomes empty if none of them names a file.
+    /// Replaces a FileStem longer than longestStem by its short form. If no file exists under the
+    /// file text, tries FileBase with each extension in turn; FileStem becomes empty if none
+    /// exists.
     void ShortenStem(const std::string& fileText,
                      std::initializer_list<std::string_view> extensions);
 
-    /// Writes the text to the script file beside the program, or else in the user's own folder for
-    /// such files, and starts that. The tail waits for a key before the console closes, where the
-    /// text itself does not end the script. Throws RuntimeError if the script cannot be written or
-    /// started.
+    /// Writes the text to a script file beside the program, or in the temporary folder if that is
+    /// read-only, and spawns it. The tail pauses before the console closes, unless the text itself
+    /// ends the script. Throws RuntimeError if the script cannot be written or spawned.
     void RunCommandScript(const std::string& commandText, bool withTail, int windowStyle);
 
   private:

@@ -9,17 +9,18 @@
 
 namespace tools {
 
-/// Turns a source file into a game: composes the compiler's command line and that of the viewer of
-/// its listing, checks the files and runs the commands.
+/// Compiles a source file into a game: builds the command lines of the compiler and of the
+/// listing's viewer, checks the files and runs the commands.
 class CompilePanel {
   public:
     CompilePanel(core::Program& program, CommandScript& script, forms::Container& panel);
 
-    /// Sets the viewer of the listing by the option that is selected.
+    /// Sets the viewer of the listing from the selected option.
     void chooseViewer();
-    /// Fits the options to the paths that are set. Called when the panel comes into use.
+    /// Enables the options whose programs are set; disables and deselects the others. Called when
+    /// the panel is shown.
     void fitToPaths();
-    /// Rebuilds the command text and leaves FileStem and FileBase for the source.
+    /// Rebuilds the command text; sets FileStem and FileBase to the source.
     void UpdateCmdline();
 
   private:
@@ -36,7 +37,7 @@ class CompilePanel {
     CommandScript& script_;
     forms::Container& panel_;
 
-    // Each holds its piece of the command with a leading blank, or nothing.
+    // Each is its part of the command with a leading blank, or empty.
     std::string PackOption;
     std::string DebugOption;
     std::string FullOption;
@@ -45,7 +46,7 @@ class CompilePanel {
 
     static constexpr int column = 2850;
     static constexpr int rightColumn = panel::left + panel::width - column;
-    // A groove parts the last row of the upper frames from the two above it.
+    // A groove separates the last row of the upper frames from the two above it.
     static constexpr int grooveGap = 75;
     static constexpr int grooveTop = panel::row(2, column).top + grooveGap / 2;
     static constexpr forms::Place belowGroove() {

@@ -8,13 +8,14 @@
 
 namespace tools {
 
-/// Opens a source file in the user's text editor or in Notepad. It has no command script: its one
-/// action is a direct launch.
+/// Opens a source file in the user's text editor or in Notepad. There is no command script: the
+/// only action spawns the editor directly.
 class EditPanel {
   public:
     EditPanel(core::Program& program, forms::Container& panel);
 
-    /// Fits the options to the paths that are set. Called when the panel comes into use.
+    /// Enables the options whose programs are set; disables and deselects the others. Called when
+    /// the panel is shown.
     void fitToPaths();
 
   private:

@@ -5,9 +5,9 @@
 
 #include "forms/controls.h"
 
-/// What the four panels share: the places of their common controls and the way of their hide
-/// boxes. All lengths are twips inside the panel. Every control that a user works lies within the
-/// window of a first start.
+/// What the four panels share: the places of their common controls and the behaviour of their hide
+/// boxes. Lengths are in twips, relative to the panel. Every control that a user operates is inside
+/// the window at its default size.
 namespace tools::panel {
 
 inline constexpr forms::Place whole{0, 0, 6120, 5250};
@@ -21,19 +21,19 @@ inline constexpr forms::Place actionButton{5100, 255, 840, 375};
 inline constexpr forms::Place hideBox{left, 690, 1800, 270};
 inline constexpr int ruleTop = 1005;
 
-// Never shown: the box only stores the command text.
+// Never visible: the box only stores the command text.
 inline constexpr forms::Place commandLabel{left, 4545, 1800, 225};
 inline constexpr forms::Place commandText{left, 4770, width, 450};
 
 inline constexpr int optionsTop = 1095;
 inline constexpr int rowHeight = 270;
 
-/// Height of a frame with so many rows.
+/// Returns the height of a frame with this number of rows.
 constexpr int frameHeight(int rows) {
     return 390 + rows * rowHeight;
 }
 
-/// Place of a row inside a frame of the given width, counted from 0.
+/// Returns the place of a row, counted from 0, inside a frame of the given width.
 constexpr forms::Place row(int number, int frameWidth) {
     return {120, 315 + number * rowHeight, frameWidth - 180, rowHeight};
 }
@@ -43,8 +43,8 @@ inline constexpr const char* hideCaption = "H&ide Options";
 inline constexpr const char* hideTooltip =
     "Remove the options from view (but options remain as set)";
 
-/// A hide box takes the options out of view, without changing them, or brings them back. The
-/// command lines only ever go out of view.
+/// Hides or shows the options as the hide box says; their values stay. The command lines are only
+/// ever hidden.
 inline void applyHideBox(const forms::CheckBox& box, std::initializer_list<forms::Control*> options,
                          std::initializer_list<forms::Control*> commandLines = {}) {
     for (forms::Control* option : options)

@@ -6,8 +6,8 @@
 
 namespace tools {
 
-/// Lets the user choose a file, offering the text of the box, and puts the chosen name into the
-/// box. A name that the user did not choose changes nothing.
+/// Shows the file dialog with the box's text as the name offered, and puts the chosen name into the
+/// box. Cancelling leaves the box as it is.
 void pickFile(forms::CommonDialog& dialog, const std::string& title, const std::string& filter,
               forms::TextBox& box);
 

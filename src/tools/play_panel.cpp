@@ -14,7 +14,7 @@ namespace {
 
 struct Player {
     std::string AppState::*path;
-    const char* name;  ///< as the message for a missing player begins
+    const char* name;  ///< begins the message for a missing player
 };
 
 constexpr Player players[] = {
@@ -95,7 +95,7 @@ void PlayPanel::optRecord_Click(int index) {
     UpdateCmdlineP();
 }
 
-/// A recording of mode 1 or 2 is made by the player of the same index alone.
+/// Only the player with the same index can make a recording of mode 1 or 2.
 void PlayPanel::forcePlayer(int index) {
     optPlayer(index).Value = true;
     for (int other : {0, 1, 2})

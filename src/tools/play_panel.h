@@ -9,17 +9,17 @@
 
 namespace tools {
 
-/// Plays a compiled game: keeps player, recording, replay and debugger consistent with each other,
-/// composes the player's command line, checks the files and runs it.
+/// Plays a compiled game: keeps player, recording, replay and debugger consistent, builds the
+/// player's command line, checks the files and runs it.
 ///
-/// The options that rule each other out stay consistent by moving or disabling the other control.
-/// The handlers count on the nesting of events: RecordOption and KbugOption are emptied only by
-/// the handlers that a change by another handler sets off.
+/// Handlers of mutually exclusive options change or disable the other control. They rely on nested
+/// events: RecordOption and KbugOption are cleared only by the handlers that such a change
+/// triggers.
 class PlayPanel {
   public:
     PlayPanel(core::Program& program, CommandScript& script, forms::Container& panel);
 
-    /// Rebuilds the command text and leaves FileStem and FileBase for the game.
+    /// Rebuilds the command text; sets FileStem and FileBase to the game.
     void UpdateCmdlineP();
     /// Index of the selected player: 0 Windows GUI, 1 Windows console, 2 MSDOS console.
     [[nodiscard]] int player() const;
@@ -45,7 +45,7 @@ class PlayPanel {
     CommandScript& script_;
     forms::Container& panel_;
 
-    // Each holds its piece of the command with a leading blank, or nothing.
+    // Each is its part of the command with a leading blank, or empty.
     std::string KbugOption;
     std::string TraceOption;
     std::string SingleOption;

@@ -11,7 +11,7 @@ using core::Runtime;
 
 namespace {
 
-// By index of optCodes and optParam.
+// Indexed like optCodes and optParam.
 constexpr const char* codesOptions[] = {" -FF", " -FD", " -FR"};
 constexpr const char* paramOptions[] = {" -PC", " -PQ", " -PD", " -PR"};
 
@@ -65,7 +65,7 @@ void SpellingPanel::btnExtract_Click() {
     script_.RunCommandScript(txtCmdlineS.Text, false, Runtime::normalFocus);
 }
 
-/// False, and the user told, if the output file exists already.
+/// False if the output file already exists, after showing a message.
 bool SpellingPanel::mayWriteOutput() const {
     const std::string output = chkOutputfile.Value ? txtFnameO.Text() : script_.FileBase + ".txt";
     if (!exists(program_.runtime, output)) return true;
@@ -90,7 +90,7 @@ void SpellingPanel::txtFnameS_Change() {
 }
 
 void SpellingPanel::chkOutputfile_Click() {
-    // FileStem may be that of another panel by now.
+    // FileStem may meanwhile be another panel's.
     UpdateCmdlineS();
     const bool named = chkOutputfile.Value;
     btnBrowseO.Visible = named;

@@ -9,15 +9,16 @@
 
 namespace tools {
 
-/// Gets the text that players see out of a source file: composes the extractor's command line and
-/// that of the word processor, checks the files and runs the commands.
+/// Extracts the text that players see from a source file: builds the command lines of the extractor
+/// and the word processor, checks the files and runs the commands.
 class SpellingPanel {
   public:
     SpellingPanel(core::Program& program, CommandScript& script, forms::Container& panel);
 
-    /// Fits the options to the paths that are set. Called when the panel comes into use.
+    /// Enables the options whose programs are set; disables and deselects the others. Called when
+    /// the panel is shown.
     void fitToPaths();
-    /// Rebuilds the command text and leaves FileStem and FileBase for the source.
+    /// Rebuilds the command text; sets FileStem and FileBase to the source.
     void UpdateCmdlineS();
 
   private:
@@ -39,7 +40,7 @@ class SpellingPanel {
     CommandScript& script_;
     forms::Container& panel_;
 
-    // Each holds its piece of the command with a leading blank, or nothing.
+    // Each is its part of the command with a leading blank, or empty.
     std::string OverwriteOption;
     std::string CodesOption;
     std::string ParamOption;
@@ -111,7 +112,7 @@ class SpellingPanel {
          .tooltip = "Select this option if you want to name the output file yourself",
          .place = panel::row(0, panel::width),
          .event = [this] { chkOutputfile_Click(); }}};
-    // The default name and the box for a name of one's own share a row: one of them is shown.
+    // The default name and the box for a chosen name share a row; one of them is visible.
     forms::Label lblDefname{
         fraOutputFile,
         {.name = "lblDefname",
