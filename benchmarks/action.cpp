@@ -1,5 +1,5 @@
-// From the press of an action button to the first instruction of the tool, against a shell script
-// of the same lines, started in the same way.
+// From pressing an action button to the first instruction of the tool, compared with a shell script
+// of the same lines, spawned in the same way.
 
 #include <benchmark/benchmark.h>
 
@@ -19,7 +19,7 @@ namespace {
 using namespace bench;
 using Clock = std::chrono::steady_clock;
 
-/// A compiler that notes when it starts, and a game for it.
+/// A compiler that records when it starts, and a game for it.
 class Desk {
   public:
     Desk() {
@@ -34,7 +34,7 @@ class Desk {
     [[nodiscard]] fs::path games() const { return home_.driveC() / "my games"; }
     [[nodiscard]] fs::path compiler() const { return home_.driveC() / "kelm/kelm.exe"; }
 
-    /// Seconds from the start of the action until the compiler has started.
+    /// Returns the seconds from the start of the action until the compiler has started.
     double secondsOf(const std::function<void()>& action) {
         fs::remove(stamp());
         const auto before = Clock::now();

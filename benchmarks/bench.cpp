@@ -1,6 +1,6 @@
-// Measures what a user waits for and prints one table, with a reference beside each figure that was
-// measured in the same run. Every figure is the median of many turns, which are taken in random
-// order, so that whatever else the machine does falls on all alike.
+// Measures what a user waits for and prints a table. Each figure has a reference that was measured
+// in the same run. Figures are medians of many repetitions in random order, so that other load on
+// the machine affects all of them alike.
 
 #include <benchmark/benchmark.h>
 
@@ -15,10 +15,9 @@ namespace {
 struct Figure {
     const char* what;
     const char* unit;
-    const char* measured;  ///< the name of its runs
-    const char*
-        reference;  ///< the name of the runs that it is held against; null for a length of time
-    double most;    ///< the times of the reference, or the length of time
+    const char* measured;   ///< name of the benchmark
+    const char* reference;  ///< name of the benchmark to compare with, or null
+    double most;            ///< limit: a multiple of the reference, or else a time in the unit
     bool memory = false;
 };
 
@@ -36,7 +35,7 @@ constexpr Figure figures[] = {
     {"Save, against the bare system calls", "us", "save", "saveByCalls", 1.25},
 };
 
-/// Why a run ended early, empty if it did not. Newer versions of the library name it otherwise.
+/// Returns why a run failed, or an empty string. Newer versions of the library name it differently.
 template <typename AnyRun>
 const std::string& trouble(const AnyRun& run) {
     if constexpr (requires { run.error_message; }) {

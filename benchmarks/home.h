@@ -8,7 +8,7 @@ namespace bench {
 
 namespace fs = std::filesystem;
 
-/// A home with a drive c: of its own, away from the user's, for as long as this lives.
+/// A temporary home folder with its own drive c:.
 class Home {
   public:
     Home() : folder_(fs::temp_directory_path() / "nwbw-bench-XXXXXX") {
@@ -23,7 +23,7 @@ class Home {
     Home(const Home&) = delete;
     Home& operator=(const Home&) = delete;
 
-    /// Makes it the home of the programs that are started from now on.
+    /// Makes it the home of programs spawned from now on.
     void enter() const {
         for (const char* variable : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"})
             setenv(variable, folder_.c_str(), 1);

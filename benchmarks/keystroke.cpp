@@ -1,5 +1,5 @@
-// One keystroke in the name of the source: the rebuild of the compile commands, with the short
-// paths of the source, in a folder of many files, and of 20 include folders.
+// One keystroke in the source's name: rebuilds the compile commands with the short paths of the
+// source, in a folder of many files, and of 20 include folders.
 
 #include <benchmark/benchmark.h>
 
@@ -15,8 +15,8 @@ namespace {
 
 using namespace bench;
 
-/// Makes the folder of that many long named sources, where it is not there yet, and as many include
-/// folders; gives the name of a source, then those of the folders.
+/// Creates a folder with this many sources with long names, unless it exists, and the include
+/// folders. Returns the name of a source, then those of the include folders.
 std::vector<std::string> fill(const Home& home, std::int64_t files, std::int64_t includes) {
     const std::string games = "games " + std::to_string(files);
     if (fs::create_directories(home.driveC() / games)) {
@@ -30,7 +30,8 @@ std::vector<std::string> fill(const Home& home, std::int64_t files, std::int64_t
         fs::create_directories(home.driveC() / "kelm" / library);
         paths.push_back("c:\\kelm\\" + library);
     }
-    // A folder that has only just changed may change again unseen, so that nothing of it is kept.
+    // A folder that has just changed is not cached, since it could change again with the same time
+    // stamp.
     for (const std::string& changed : {games, std::string("kelm"), std::string()}) {
         if (fs::exists(home.driveC() / changed))
             fs::last_write_time(home.driveC() / changed,
@@ -40,7 +41,7 @@ std::vector<std::string> fill(const Home& home, std::int64_t files, std::int64_t
 }
 
 void keystroke(benchmark::State& state) {
-    static const Home home;  // for all runs: the files take their time to make
+    static const Home home;  // shared by all runs, since creating the files is slow
     home.enter();
     const auto paths = fill(home, state.range(0), state.range(1));
     platform::LinuxRuntime runtime(nullptr);
@@ -51,9 +52,9 @@ void keystroke(benchmark::State& state) {
     program.state.StartTab = 2;
     std::copy(paths.begin() + 1, paths.end(), program.state.IncludeFolders.begin());
     auto& panel = application.load<console::frmConsole>(program).compile;
-    // Typed and deleted again, as a user does at the end of a name.
+    // Typed and deleted again, as at the end of a name.
     const std::string& name = paths.front();
-    panel.txtFname.type(name);  // the first one reads the folders
+    panel.txtFname.type(name);  // the first time reads the folders
     bool whole = true;
     for (auto _ : state)
         panel.txtFname.type((whole = !whole) ? name : name.substr(0, name.size() - 1));

@@ -1,4 +1,4 @@
-// A save of the settings, against the same system calls with the same bytes.
+// Saving the settings, compared with the same system calls on the same bytes.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -34,7 +34,7 @@ void save(benchmark::State& state) {
 }
 BENCHMARK(save)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
-/// The steps of a save: the new file whole on the disk, the backup away, and the two new names.
+/// The steps of a save: write and flush the new file, remove the backup, rename twice.
 void saveByCalls(benchmark::State& state) {
     const fs::path programs = fs::read_symlink("/proc/self/exe").parent_path();
     std::ifstream saved(programs / "nwbw.ini", std::ios::binary);

@@ -1,5 +1,5 @@
-// From the start of the program to its console on the screen, against a window that holds a word:
-// to read the fonts alone takes a good part of the time.
+// From the program's start until its console is painted, compared with a window that shows a word:
+// reading the fonts alone takes a good part of the time.
 
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,4 @@
-// A tool that notes when it starts, in nanoseconds of the clock that never jumps, in the file that
+// A tool that writes its start time, in nanoseconds of the monotonic clock, to the file that
 // NWBW_STAMP names, and then ends whatever waits for it.
 
 #include <signal.h>

@@ -1,5 +1,5 @@
-// Shows the console ("console") or a window of the same size that holds a word, and prints when it
-// was painted, on the clock that never jumps, in nanoseconds, and then the peak of memory in KiB.
+// Shows the console ("console") or a window of the same size that shows a word. Prints when it was
+// painted, in nanoseconds of the monotonic clock, and then the peak memory use in KiB.
 
 #include <sys/resource.h>
 
@@ -22,7 +22,7 @@
 namespace {
 
 void report(const QMainWindow& window) {
-    // Its first exposure paints it.
+    // Painted by its first expose event.
     while (!window.windowHandle()->isExposed())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     const auto painted = std::chrono::steady_clock::now().time_since_epoch();

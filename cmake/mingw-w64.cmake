@@ -1,4 +1,4 @@
-# Builds for Windows on another system with mingw-w64, and runs what was built under Wine.
+# Cross-compiles for Windows with mingw-w64 and runs the results under Wine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
@@ -7,7 +7,7 @@ set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_CROSSCOMPILING_EMULATOR wine)
 
-# Libraries and headers are those of the compiler, programs those of this system.
+# Libraries and headers come from the cross compiler, programs from this system.
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

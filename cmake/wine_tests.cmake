@@ -1,11 +1,11 @@
-# How the tests of the Windows program run under Wine.
+# Runs the tests of the Windows program under Wine.
 
-# Debian has GoogleTest for other systems as sources.
+# Debian packages GoogleTest's sources, which are cross-compiled here.
 set(INSTALL_GTEST OFF)
 add_subdirectory(/usr/src/googletest/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 
-# A Windows of the build's own, made once. It asks for no further packages, and its consoles stay
-# off the user's screen.
+# A Wine prefix for this build, created once. It asks for no further packages, and its consoles do
+# not appear on the user's screen.
 set(wine_environment
   DISPLAY=
   WINEPREFIX=${CMAKE_CURRENT_BINARY_DIR}/wine
@@ -15,19 +15,19 @@ set(wine_environment
 )
 add_custom_command(OUTPUT wine/system.reg
   COMMAND ${CMAKE_COMMAND} -E env ${wine_environment} wine wineboot --init
-  COMMENT "Making a Windows for the tests"
+  COMMENT "Creating a Wine prefix for the tests"
   VERBATIM
 )
 add_custom_target(wine_prefix ALL DEPENDS wine/system.reg)
 
-# Each start under Wine takes its time, so that a program with tests is one test here.
+# Starting a program under Wine is slow, so each test program is one test.
 function(nwbw_tests program)
   add_test(NAME ${program} COMMAND ${program})
   set_tests_properties(${program} PROPERTIES ENVIRONMENT "${wine_environment}" TIMEOUT ${nwbw_time_limit})
 endfunction()
 
-# The same for a program that opens windows: on a screen that nobody sees. Wine keeps to the screen
-# that it began with, so it begins anew and for this program alone.
+# The same for a program that opens windows, on a hidden display. Wine stays with the display it
+# started on, so it is restarted for this program.
 function(nwbw_window_tests program)
   add_test(NAME ${program} COMMAND
     sh -c "wineserver --kill; exec xvfb-run --auto-servernum wine \"$0\"" $<TARGET_FILE:${program}>)
@@ -35,7 +35,7 @@ function(nwbw_window_tests program)
     ENVIRONMENT "${wine_environment}" TIMEOUT ${nwbw_time_limit} RUN_SERIAL ON)
 endfunction()
 
-# The tour of the real program. The guide is a program of this system.
+# The tour of the real program. The tour itself is a program of this system.
 add_test(NAME tour_guide COMMAND ${PROJECT_SOURCE_DIR}/scripts/build dev tour)
 set_tests_properties(tour_guide PROPERTIES FIXTURES_SETUP tour_guide TIMEOUT ${nwbw_time_limit})
 add_test(NAME tour_windows

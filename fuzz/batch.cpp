@@ -1,5 +1,5 @@
-// A batch script, whatever it holds, falls into the lines that its text has, and only "exit",
-// "pause", a drive and "cd" are more than a program's name.
+// Any batch script is split into the lines of its text, and only "exit", "pause", a drive and "cd"
+// are not program names.
 
 #include <string>
 

@@ -1,5 +1,5 @@
-// A command falls into the words that quotes and blanks mark, and it starts the program that it
-// names or nothing.
+// A command is split into words at blanks outside quotes, and spawns the program that it names or
+// none.
 
 #include "platform/linux/command_line.h"
 
@@ -44,7 +44,7 @@ void checkWords(const CommandLine& line, std::string_view text) {
     check(line.rest.find('"') == std::string::npos, "a name holds no quotes");
 }
 
-/// The programs that a command may start are those in bin, and any that it gives the path of.
+/// A command may spawn the programs in bin and any given by its path.
 void checkStart(Desk& desk, const CommandLine& line) {
     try {
         const auto start = platform::Launcher(desk.disk).prepare(line);

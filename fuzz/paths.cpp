@@ -1,4 +1,4 @@
-// A path leads to one place on its drive, in any case and in its short form, and back.
+// A path maps to one file on its drive, in any letter case and in its short form, and back.
 
 #include <algorithm>
 
@@ -31,7 +31,7 @@ void checkPlace(fuzz::Disk& desk, const std::string& path, const std::string& ho
     check(platform::sameButForCase(other, host), "case does not matter");
 
     const std::string windows = desk.disk.toWindows(host);
-    // A backslash can only come from a stem on the disk, put before another extension.
+    // A backslash can only come from a stem on the disk, combined with another extension.
     std::error_code failed;
     const bool newWithBackslash = host.find('\\') != std::string::npos && !fs::exists(host, failed);
     check(newWithBackslash || desk.disk.toHost(windows) == host, "to Windows and back");
@@ -44,7 +44,8 @@ void checkShortForm(fuzz::Disk& desk, const std::string& path, const std::string
     if (shortPath.empty()) {
         const bool asFolder = path.ends_with('\\') || path.ends_with('/');
         const bool exists = asFolder ? fs::is_directory(host, failed) : fs::exists(host, failed);
-        const bool goesBack = path.find("..") != std::string::npos;  // maybe from a missing folder
+        const bool goesBack =
+            path.find("..") != std::string::npos;  // possibly from a missing folder
         check(!exists || goesBack, "what exists has a short form");
         return;
     }
@@ -64,14 +65,14 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
          "drive_c/A Long Name", "drive_c/a long name/cave.kel", "drive_c/ALONGN~1/x",
          "drive_c/kelm/k.exe", "drive_d/tales/old.kcd"});
     const std::string path(reinterpret_cast<const char*>(data), size);
-    if (path.starts_with('/')) return -1;  // leads to the host's own folders
+    if (path.starts_with('/')) return -1;  // maps to the host's own folders
 
     const std::string host = desk.disk.toHost(path);
     std::vector<std::string> words = {path, "-OF" + path};
     try {
         platform::ArgumentMap(desk.disk, "k").toHost(words);
     } catch (const core::RuntimeError&) {
-        // No drive holds one of the paths.
+        // The paths are on no drive.
     }
     check(words[1].starts_with("-OF"), "an option stays one");
     if (host.empty()) {

@@ -1,5 +1,4 @@
-// Whatever a settings file holds, the program starts with settings that it can work with; and what
-// it saves, it reads back.
+// Any settings file gives usable settings; and settings that are saved are read back equal.
 
 #include <algorithm>
 #include <string>
@@ -33,7 +32,7 @@ void checkRanges(const AppState& state) {
     check(state.IncludeFolders.back().empty(), "the list of folders has an end");
 }
 
-/// As the file can hold it.
+/// Returns the part of a text that the file can represent.
 std::string storable(std::string text) {
     std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
     const bool isQuoted = text.starts_with(' ') || text.find(',') != std::string::npos;
@@ -41,7 +40,8 @@ std::string storable(std::string text) {
     return text;
 }
 
-/// Leaves what a save keeps: what the file can hold of each text, and the folders in use.
+/// Reduces the state to what a save keeps: the representable part of each text, and the used
+/// folders.
 void reduce(AppState& state) {
     for (auto text : texts)
         state.*text = storable(state.*text);
@@ -62,7 +62,7 @@ void checkSame(const AppState& one, const AppState& other) {
     check(one.IncludeFolders == other.IncludeFolders, "the folders come back");
 }
 
-/// The settings as a user could have typed them: any text in any field.
+/// Settings as a user could have typed them: any text in any field.
 void type(AppState& state, std::string_view input) {
     std::size_t field = 0;
     fuzz::forEachPiece(input, '\0', [&](std::string_view piece) {

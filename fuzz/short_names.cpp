@@ -1,4 +1,4 @@
-// Short names are short, each belongs to one file, and a file keeps its own when others come.
+// Short names are short, each belongs to one file, and a file keeps its own when others are added.
 
 #include "platform/linux/short_names.h"
 
@@ -15,7 +15,7 @@ using fuzz::check;
 using platform::NameParts;
 using Names = std::vector<std::string>;
 
-/// The names that the lines of the input give to a folder.
+/// The files of a folder: one name per line of the input.
 Names namesIn(std::string_view input) {
     Names names;
     fuzz::forEachPiece(input, '\n', [&](std::string_view name) {
@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         check(platform::sameButForCase(NameParts(sibling).stem, NameParts(name).stem),
               "its stem stands for the long one");
     }
-    // A new name that looks like a short one may take a stem away; any other leaves all as it was.
+    // A new name that looks like a short one may take over a stem; any other changes none.
     if (names.empty() || NameParts(names.back()).stem.size() <= 8) return 0;
     names.pop_back();
     const auto before = shortNamesOf(names);

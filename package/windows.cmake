@@ -1,4 +1,4 @@
-# Makes the archive for Windows beside the one of this system, where there is a compiler for it.
+# Creates the archive for Windows next to this system's one, if the cross compiler is installed.
 find_program(compiler x86_64-w64-mingw32-g++-posix)
 if(NOT compiler)
   message(STATUS "No mingw-w64 on this system, so there is no archive for Windows.")

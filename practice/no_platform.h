@@ -5,7 +5,7 @@
 
 namespace practice {
 
-/// A platform that does nothing, for a program of which only the forms count.
+/// A runtime that does nothing, for programs that only need the forms.
 class NoRuntime : public core::Runtime {
   public:
     std::string AppPath() override { return {}; }
@@ -44,7 +44,7 @@ class NoRuntime : public core::Runtime {
     void RegCloseKey(RegistryKey) override {}
 };
 
-/// Windows that show nothing.
+/// A toolkit that creates no windows.
 class NoToolkit : public forms::Toolkit {
   public:
     void build(forms::Form&) override {}

@@ -1,5 +1,5 @@
-/// A small text editor, for a desktop that has none and for the author's own editor and word
-/// processor in the demo. It records how it was called.
+/// A small text editor that stands in for the desktop's text editor and for the author's editor and
+/// word processor in the demo. It records how it was called.
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -61,7 +61,7 @@ class Editor : public QMainWindow {
     }
 
     QString file_;
-    QString lineEnd_ = "\n";  ///< as the file has it
+    QString lineEnd_ = "\n";  ///< as in the file
     QPlainTextEdit* text_;
 };
 

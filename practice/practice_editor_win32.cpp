@@ -1,5 +1,5 @@
-/// A small text viewer for Windows, in the place of the author's own editor and word processor and
-/// of Notepad. It records how it was called.
+/// A small text viewer for Windows that stands in for the author's editor and word processor and
+/// for Notepad. It records how it was called.
 
 #include <windows.h>
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The text with the line ends that the system's edit control knows.
+/// Converts line endings to those of the system's edit control.
 std::string withCrLf(const std::string& text) {
     std::string all;
     for (const char letter : text) {
@@ -26,8 +26,8 @@ std::string read(const std::string& file) {
     return withCrLf({std::istreambuf_iterator<char>(in), {}});
 }
 
-/// The name of the file. As Notepad does, it takes the whole command line for one name, which may
-/// hold spaces.
+/// Returns the file name. Like Notepad, takes the whole command line as one name, which may contain
+/// blanks.
 std::string fileNamed(int argumentCount, const char* const* arguments) {
     std::string name;
     for (int i = 1; i < argumentCount; ++i)

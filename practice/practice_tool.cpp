@@ -1,7 +1,6 @@
-/// Stands in for the tools of an author who has none: a compiler, a game player and a text
-/// extractor in one program, which is what the name that it is called by says. It records how it
-/// was called and leaves the files that such a tool leaves. Of the language it knows only that
-/// texts stand in double quotes.
+/// Stands in for an author's tools: a compiler, a game player and a text extractor in one program,
+/// selected by the name that it is called by. It records how it was called and writes the files
+/// that such a tool writes. All it knows of the language is that texts are in double quotes.
 
 #include <algorithm>
 #include <fstream>
@@ -19,23 +18,23 @@ namespace {
 
 using practice::Record;
 
-/// What the command line asks for.
+/// The parsed command line.
 struct Request {
     std::string stem;                   ///< of the file to work on
-    std::vector<std::string> options;   ///< in the order given, each with its value behind it
+    std::vector<std::string> options;   ///< in the order given, each followed by its value
     std::vector<std::string> includes;  ///< the compiler's include folders
-    std::optional<std::string> output;  ///< the extractor's own name for its output
+    std::optional<std::string> output;  ///< the output name given to the extractor
 
     [[nodiscard]] bool has(const std::string& option) const {
         return std::find(options.begin(), options.end(), option) != options.end();
     }
 };
 
-/// The options that a tool takes: alone, or with a value as the next word.
+/// The options of a tool: without a value, or with the next word as value.
 struct Options {
     std::set<std::string> alone;
     std::set<std::string> withValue;
-    bool output = false;  ///< takes "-OF" with a name behind it
+    bool output = false;  ///< takes "-OF" followed by a name
 };
 
 Request parse(const std::vector<std::string>& words, const Options& known) {
@@ -74,7 +73,7 @@ std::optional<std::string> read(const std::string& file) {
     return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
-/// The first of the files that can be read.
+/// Opens the first of the files that can be read.
 Source readFirst(const std::vector<std::string>& files) {
     std::string names;
     for (const std::string& file : files) {
@@ -101,7 +100,7 @@ struct QuotedText {
     std::string text;
 };
 
-/// The texts in double quotes, each on one line.
+/// Returns the texts in double quotes, each on one line.
 std::vector<QuotedText> quotedTexts(const std::string& source) {
     std::vector<QuotedText> texts;
     std::size_t lineNumber = 1;
@@ -148,8 +147,8 @@ void compile(const Record& record) {
     write(request.stem + ".kcd", game);
 }
 
-/// Shows the game's texts, then takes commands until "quit" or the end of the input. The log of
-/// the commands is written at the end, since the input may come from a log of the same name.
+/// Prints the game's texts, then reads commands until "quit" or end of input. Writes the log of the
+/// commands at the end, since the input may be a log of the same name.
 void play(const Record& record) {
     const Request request = parse(record.arguments(), {{"-d", "-t", "-s", "-L"}, {}});
     const Source game = readFirst({request.stem + ".kcd"});

@@ -5,21 +5,21 @@
 #include <string_view>
 #include <vector>
 
-/// What a practice program knows about its own start, and the record that it keeps of it.
+/// How a practice program was called, and its record of that.
 namespace practice {
 
-/// One call of a practice program, written to the end of `<name>.record` beside the program: the
-/// name, the folder that it was started in and its arguments, a line each. The words that stand
-/// before them tell the lines apart, and each call begins with "run".
+/// One call of a practice program, appended to `<name>.record` beside the program: its name, its
+/// working folder and its arguments, one per line. Each line begins with a keyword, and each call
+/// with "run".
 class Record {
   public:
-    /// Writes down the call. Arguments are as main gets them.
+    /// Records the call. The arguments are those of main.
     Record(int argumentCount, const char* const* arguments);
 
-    /// Adds a line of input that the program has read.
+    /// Records a line of input that the program has read.
     void addInput(std::string_view line) const;
 
-    /// The name that the program was called by, in lower case and without ".exe".
+    /// Returns the name that the program was called by, in lower case and without ".exe".
     [[nodiscard]] const std::string& name() const { return name_; }
     [[nodiscard]] const std::vector<std::string>& arguments() const { return arguments_; }
 

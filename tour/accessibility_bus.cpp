@@ -80,7 +80,7 @@ void AccessibilityBus::read(Spoken object, std::vector<Spoken>& all) const {
     object.states = states(object);
     if (!object.is(State::Showing)) return;
     object.role = call(object, accessible, "GetRoleName").toString().toStdString();
-    // Of a combo box Qt gives the chosen entry as the name.
+    // Qt reports a combo box's current entry as its name.
     object.name = property(object, object.role == "combo box" ? "Description" : "Name");
     object.place = place(object);
     const int self = static_cast<int>(all.size());

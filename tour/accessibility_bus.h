@@ -7,7 +7,7 @@
 
 namespace tour {
 
-/// States as the bus counts them.
+/// States; the values are the bus's bit numbers.
 enum class State {
     Active = 1,
     Checked = 4,
@@ -19,7 +19,7 @@ enum class State {
     ReadOnly = 44,
 };
 
-/// What a screen reader gets to know of a control, or of an item of one.
+/// What a screen reader learns about a control or an item of one.
 struct Spoken {
     QString service;
     QString path;
@@ -27,28 +27,28 @@ struct Spoken {
     std::string name;
     quint64 states = 0;
     QRect place;      ///< on the screen
-    int parent = -1;  ///< index in the window that it was read with
+    int parent = -1;  ///< index in the list that it was read with
 
     [[nodiscard]] bool is(State state) const { return states >> static_cast<int>(state) & 1; }
 };
 
-/// The accessibility bus of the session, as a screen reader uses it.
+/// The session's accessibility bus, as a screen reader uses it.
 class AccessibilityBus {
   public:
-    /// Throws std::runtime_error if the session has none.
+    /// Throws std::runtime_error if the session has no bus.
     AccessibilityBus();
 
-    /// All that shows in the program's active window, containers before their contents; empty if
-    /// there is no such window.
+    /// Returns all visible objects of the program's active window, containers before their
+    /// contents, or an empty list if there is no active window.
     [[nodiscard]] std::vector<Spoken> window(const std::string& program) const;
-    /// The same of the window that came up last, be it active or not.
+    /// The same for the window that appeared last, active or not.
     [[nodiscard]] std::vector<Spoken> top(const std::string& program) const;
-    /// Does the object's first action, such as Press or Toggle. Does not wait for it, as it may
-    /// open a dialog; what is asked afterwards is answered afterwards.
+    /// Triggers the object's first action, such as Press or Toggle, without waiting, since it may
+    /// open a dialog. Later requests are answered after it.
     void act(const Spoken& object) const;
     void setText(const Spoken& object, const std::string& text) const;
     [[nodiscard]] std::string text(const Spoken& object) const;
-    /// The states that the object has now.
+    /// Returns the object's current states.
     [[nodiscard]] quint64 states(const Spoken& object) const;
 
   private:

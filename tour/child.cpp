@@ -54,7 +54,7 @@ void adoptOrphans() {
 }
 
 void endOrphans() {
-    // A process that ends hands its own children on to the tour, so this takes some rounds.
+    // An ended process passes its own children to the tour, so repeat.
     for (;;) {
         std::ifstream children("/proc/self/task/" + std::to_string(getpid()) + "/children");
         for (pid_t child = 0; children >> child;)

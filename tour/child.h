@@ -7,11 +7,11 @@
 
 namespace tour {
 
-/// A process that ends, at the latest, together with this object or with the tour.
+/// A process that is ended together with this object or with the tour.
 class Child {
   public:
-    /// Starts the program with its arguments; it is looked for on the search path. Of the tour's
-    /// open files it gets the standard ones and `inherited`. Throws std::system_error.
+    /// Spawns the program, found on the search path, with its arguments. It inherits the standard
+    /// file descriptors and `inherited`. Throws std::system_error.
     explicit Child(const std::vector<std::string>& words, int inherited = -1);
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
@@ -19,7 +19,7 @@ class Child {
 
     /// True once the process has ended.
     [[nodiscard]] bool ended();
-    /// Waits for the end; gives the exit code, or -1 if a signal ended it.
+    /// Waits for the end. Returns the exit code, or -1 if a signal ended it.
     int wait();
 
   private:
@@ -28,9 +28,10 @@ class Child {
     bool ended_ = false;
 };
 
-/// Ends all processes that the tour's own have left behind. Needs one call of adoptOrphans before.
+/// Ends all processes that the tour's child processes left running. Requires an earlier
+/// adoptOrphans.
 void endOrphans();
-/// Makes the tour the parent of each process that its own start and leave.
+/// Makes the tour the parent of its orphaned descendants.
 void adoptOrphans();
 
 }  // namespace tour

@@ -7,17 +7,17 @@
 
 namespace tour {
 
-/// Where a control stands inside its window, in pixels.
+/// A control's rectangle in its window, in pixels.
 struct Spot {
     int x;
     int y;
 };
 
-/// Knows the places of the console's controls from the console's own form.
+/// Finds the console's controls from its form.
 class ConsoleMap {
   public:
-    /// A spot on the control, near its left edge, as if its panel were in use. The control goes by
-    /// its full name, as in "optFormat(2)". Throws std::runtime_error if there is none.
+    /// Returns a point on the control, near its left edge, as if its panel were selected. `control`
+    /// is its full name, as in "optFormat(2)". Throws std::runtime_error if there is none.
     [[nodiscard]] Spot find(const std::string& control);
 
   private:

@@ -71,14 +71,14 @@ void Demo::forgetCalls(const std::string& program) const {
 
 namespace {
 
-/// The program of this system, over the drives that it has of its own.
+/// This system's program with its emulated drives.
 class LinuxDemo : public Demo {
   public:
     explicit LinuxDemo(const fs::path& folder)
         : Demo(folder, "program", "home/data/nwbw/drive_c", "desktop/notepad") {}
 
     [[nodiscard]] System system() const override {
-        // The tools are programs of this system, which get the long names.
+        // The tools are native programs, which get long names.
         return {.splash = "nwbw",
                 .terminal = " - Norvane Workbench",
                 .scripts = {"c:\\kelm\\STANDA~1", "c:\\MYGAME~1", "WIZARD~1"},

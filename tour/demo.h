@@ -10,30 +10,30 @@
 
 namespace tour {
 
-/// The program in a demo folder of its own, and what can be seen of it there.
+/// The program in its own demo folder, and the files it leaves there.
 class Demo {
   public:
     virtual ~Demo() = default;
 
-    /// What the system that the program runs on does in its own way.
+    /// What differs between the systems that the program runs on.
     [[nodiscard]] virtual System system() const = 0;
-    /// Starts the program.
+    /// Spawns the program.
     [[nodiscard]] std::unique_ptr<Child> start() const;
 
-    /// The text of the file with a path of drive c, or of one of the program's folder.
+    /// Returns the text of a file, given by a path on drive c or by a name in the program's folder.
     [[nodiscard]] std::string text(const std::string& path) const;
-    /// The lines of the last call that a practice program has recorded, with paths of drive c.
-    /// "notepad" is the plain text editor of the display.
+    /// Returns the record of a practice program's last call, as lines, with paths on drive c.
+    /// "notepad" is the desktop's plain text editor.
     [[nodiscard]] std::vector<std::string> lastCall(const std::string& program) const;
-    /// Forgets the calls of the program.
+    /// Deletes the program's record of calls.
     void forgetCalls(const std::string& program) const;
 
   protected:
-    /// The places are those inside the demo's folder.
+    /// All paths are inside the demo's folder.
     Demo(const std::filesystem::path& folder, const std::filesystem::path& program,
          const std::filesystem::path& driveC, const std::filesystem::path& notepad);
 
-    /// The line of a record, with a path of drive c in the system's own form.
+    /// Converts a path in a line of a record to a path on drive c.
     [[nodiscard]] virtual std::string withDrive(std::string line) const = 0;
 
     [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
@@ -49,13 +49,13 @@ class Demo {
     std::filesystem::path notepad_;
 };
 
-/// Makes the demo in an empty folder, with the program of the build folder: that of this system, or
-/// the one of Windows, which Wine runs. Throws std::runtime_error.
+/// Creates the demo in an empty folder, with the program from the build folder: this system's, or
+/// the Windows one to run under Wine. Throws std::runtime_error.
 std::unique_ptr<Demo> makeDemo(const std::filesystem::path& folder,
                                const std::filesystem::path& project,
                                const std::filesystem::path& build);
 
-/// The text as lines, without their ends.
+/// Splits the text into lines without line endings.
 std::vector<std::string> lines(const std::string& text);
 
 }  // namespace tour

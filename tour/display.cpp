@@ -17,7 +17,7 @@ namespace tour {
 
 namespace {
 
-/// Starts the server on the first free display and gives the display's name.
+/// Starts the server on the first free display and returns the display's name.
 std::string startServer(std::unique_ptr<Child>& server) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("there is no pipe to be had");
@@ -35,7 +35,7 @@ std::string startServer(std::unique_ptr<Child>& server) {
     return ":" + number;
 }
 
-// A window may go at any moment, also between its finding and its use.
+// A window may disappear at any moment, even between finding and using it.
 int ignoreError(::Display*, XErrorEvent*) {
     return 0;
 }
@@ -92,7 +92,7 @@ std::string Display::title(unsigned long window) const {
 }
 
 void Display::focus(const Window& window) const {
-    // A window manager tells a window that it is shown; some wait for that before they hide.
+    // A window manager reports a window's state; some windows wait for that before they hide.
     const long shown[] = {NormalState, None};
     XChangeProperty(connection_, window.id, atom("WM_STATE"), atom("WM_STATE"), 32, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(shown), 2);
@@ -144,7 +144,7 @@ void Display::press(const std::string& keys) const {
 
 void Display::type(std::string_view text) const {
     for (const char letter : text) {
-        // The symbols of the printable letters are the letters' own numbers.
+        // The key symbols of printable letters equal their character codes.
         const unsigned long symbol =
             letter == '\n' ? XK_Return : static_cast<unsigned char>(letter);
         const KeyCode code = XKeysymToKeycode(connection_, symbol);

@@ -13,38 +13,38 @@ struct _XDisplay;
 
 namespace tour {
 
-/// A window as it stands on the display, in pixels.
+/// A window's rectangle on the display, in pixels.
 struct Window {
     unsigned long id;
     int left;
     int top;
 };
 
-/// A display of the tour's own that nobody sees, with a keyboard and a mouse. It has no window
-/// manager: the tour gives the focus and closes windows itself.
+/// A hidden display for the tour, with keyboard and mouse. It has no window manager: the tour sets
+/// the focus and closes windows itself.
 class Display {
   public:
-    /// Starts the display and makes it the one that the tour's processes use.
+    /// Starts the display server and makes it the one for the tour's child processes.
     Display();
     ~Display();
 
-    /// The top window that is in view and bears the title, except the one with the id; menus and
-    /// tooltips do not count. A title that begins with a blank is the end of one.
+    /// Returns the topmost visible window with the title, except the one with the id and except
+    /// menus and tooltips. A title that begins with a blank matches the end of the window's.
     [[nodiscard]] std::optional<Window> find(std::string_view title, unsigned long except) const;
-    /// The window with the id where it stands now, if it is in view.
+    /// Returns the window with the id at its current position, if it is visible.
     [[nodiscard]] std::optional<Window> inView(unsigned long id) const;
 
-    /// Puts the window on top and lets it have the keys.
+    /// Raises the window and gives it the focus.
     void focus(const Window& window) const;
-    /// Takes the keys from all windows, so that the next to get them becomes the active one anew.
+    /// Removes the focus from all windows, so that the next one to get it is activated again.
     void unfocus() const;
-    /// Asks the window to close, as its close box would.
+    /// Asks the window to close, as its close box does.
     void close(const Window& window) const;
     void click(int x, int y) const;
-    /// Presses a key, with others held: "Alt+D", "Ctrl+Shift+Tab". Names are those of X.
+    /// Presses a key with modifiers: "Alt+D", "Ctrl+Shift+Tab". Key names are those of X.
     void press(const std::string& keys) const;
     void type(std::string_view text) const;
-    /// Takes a picture of the whole display.
+    /// Takes a screenshot of the whole display.
     void picture(const std::filesystem::path& file) const;
 
   private:

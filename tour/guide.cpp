@@ -20,7 +20,7 @@ std::string indented(const std::vector<std::string>& lines) {
     return text;
 }
 
-/// A name for a file: lower case, with a dash for all that is neither letter nor digit.
+/// Makes a file name: lower case, with a dash for everything except letters and digits.
 std::string fileName(const std::string& what) {
     std::string name;
     for (const char letter : what) {
@@ -60,7 +60,7 @@ void Guide::take(const Step& step) {
 }
 
 void Guide::picture(const std::string& what) {
-    std::this_thread::sleep_for(150ms);  // the windows draw themselves
+    std::this_thread::sleep_for(150ms);  // for drawing to finish
     char number[8];
     std::snprintf(number, sizeof number, "%03d-", taken_);
     display_.picture(pictures_ / (number + fileName(what) + ".png"));
@@ -110,7 +110,7 @@ void Guide::operator()(const Vanish&) {
 void Guide::operator()(const Absent& absent) {
     if (!happens([&] { return !display_.find(absent.title, window_); }))
         throw std::runtime_error("the window \"" + absent.title + "\" has stayed");
-    // It may have been the active one while the display left the keys where they were.
+    // It may already have been active while the focus was elsewhere.
     display_.unfocus();
 }
 

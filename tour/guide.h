@@ -15,17 +15,17 @@
 
 namespace tour {
 
-/// Waits for the thing; false if it does not happen in 20 seconds.
+/// Waits until the condition holds; false if it does not within 20 seconds.
 bool happens(const std::function<bool()>& thing);
 
-/// Goes through the steps: does what the user does, waits for what must happen, and leaves a
-/// picture of each step.
+/// Executes the steps: acts as the user, waits for the expected result, and takes a screenshot of
+/// each step.
 class Guide {
   public:
-    /// Pictures go to the folder, numbered. Starts the program.
+    /// Spawns the program. Numbered screenshots go to the folder.
     Guide(const Display& display, const Demo& demo, std::filesystem::path pictures);
 
-    /// Throws std::runtime_error if the step does not happen in time.
+    /// Throws std::runtime_error if the step does not complete in time.
     void take(const Step& step);
 
     void operator()(const Press& press);
@@ -43,10 +43,10 @@ class Guide {
   private:
     using Lines = std::vector<std::string>;
 
-    /// Brings the window that the user works to the front, and tells where it stands.
+    /// Raises the window that the user works in and returns its position.
     Window toFront() const;
     void picture(const std::string& what);
-    /// Waits until the lines are as expected, and shows them; `what` names them in a failure.
+    /// Waits until the lines are as expected and prints them; `what` names them on failure.
     static void expect(const std::string& what, const Lines& expected,
                        const std::function<Lines()>& found);
 
@@ -55,7 +55,7 @@ class Guide {
     std::filesystem::path pictures_;
     ConsoleMap map_;
     std::unique_ptr<Child> program_;
-    unsigned long window_ = 0;  ///< the one that the user works
+    unsigned long window_ = 0;  ///< that the user works in
     int taken_ = 0;
 };
 

@@ -15,7 +15,7 @@ const std::string console = "The Norvane Workbench";
 const std::vector<std::string> tabs = {"Edit", "Compile", "Play", "Spelling"};
 const std::vector<std::string> files = {"c:\\my games\\cave.kel", "c:\\my games\\wizardquest.kel"};
 
-/// What a ticked box or a selected option adds to a script.
+/// What a ticked box or a selected option, by accessible name, adds to a script.
 const std::vector<std::pair<std::string, std::string>> switches = {
     {"Packed", " -Pack"},
     {"Debug", " -Debug"},
@@ -59,7 +59,7 @@ void Hand::work(int actions) {
         if (!happens([&] { return !(window = bus_.top("nwbw")).empty(); }))
             throw std::runtime_error("the program has gone");
         remember(window);
-        // The dialog for files is the system's own.
+        // The file dialog is the toolkit's own.
         const Spoken* cancel = find(window, "Cancel", "push button");
         if (find(window, "Look in:", "label") && cancel) {
             bus_.act(*cancel);

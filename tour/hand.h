@@ -10,17 +10,17 @@
 
 namespace tour {
 
-/// Works the program through the accessibility bus alone, as a voice or a switch does: acts at
-/// random, and holds each script and at the end the settings against what the screen showed.
+/// Operates the program through the accessibility bus only, as voice control or a switch does. It
+/// acts at random and compares each script, and finally the settings, with what the screen showed.
 class Hand {
   public:
     Hand(const AccessibilityBus& bus, const Demo& demo, unsigned seed)
         : bus_(bus), demo_(demo), random_(seed) {}
 
-    /// Throws std::runtime_error if a script differs from the screen before it was written.
+    /// Throws std::runtime_error if a script differs from what the screen showed before.
     void work(int actions);
-    /// Reads the screen, back on the console. `checkSettings` holds the settings against it, once
-    /// the program has ended.
+    /// Returns to the console and reads the screen. `checkSettings` compares the settings with it
+    /// after the program has ended.
     void leave();
     void checkSettings() const;
     [[nodiscard]] int scripts() const { return scripts_; }
@@ -40,7 +40,7 @@ class Hand {
         std::string file;
         bool hidden = false;
     };
-    std::array<Panel, 4> panels_;  ///< as last seen on the screen
+    std::array<Panel, 4> panels_;  ///< as last read from the screen
     std::array<bool, 4> seen_{};
     int tab_ = 0;
     int scripts_ = 0;

@@ -22,7 +22,7 @@ const std::string editor = "c:\\kelm\\editor\\editor.exe";
 const std::string winword = "c:\\office\\winword.exe";
 const std::string notepad = "notepad";
 
-// What the dialogs put in the place of the demo's console player and word processor.
+// The dialogs replace the demo's console player and word processor by these.
 const std::string consolePlayer = "c:\\kelm\\programs\\winkrun.exe";
 const std::string wordProcessor = editor;
 
@@ -49,7 +49,7 @@ Steps operator+(Steps first, const Steps& more) {
 
 const Step backToConsole{"Go back to the console", Appear{console}};
 
-/// Puts a text in the place of the one in the box that has the keys.
+/// Replaces the text of the focused box.
 Steps retype(const std::string& text) {
     return {{"Select the old name", Press{"Ctrl+A"}}, {"Type " + text, Type{text}}};
 }
@@ -62,23 +62,23 @@ Steps press(const std::string& keys, const std::string& why) {
     return {{"Press " + keys + ": " + why, Press{keys}}};
 }
 
-/// From the action button of a panel back to the box of the panel's file.
+/// Moves the focus from a panel's action button back to the box of its file.
 Steps fromButtonToFile() {
     return press("Shift+Tab", "Browse") + press("Shift+Tab", "the file's box");
 }
 
-/// From the first option of a panel back to the box of the panel's file.
+/// Moves the focus from a panel's first option back to the box of its file.
 Steps fromOptionToFile() {
     return press("Shift+Tab", "the hide box") + press("Shift+Tab", "the action button") +
            fromButtonToFile();
 }
 
-/// The script has run to its end.
+/// The script has finished.
 Steps done(const System& system) {
     return {{"The terminal has gone", Absent{system.terminal}}};
 }
 
-/// The editor has come up with the file; looks at how it was called and closes it.
+/// The editor has opened the file; checks how it was called and closes it.
 Steps seenInEditor(const System& system, const std::string& program, const std::string& file,
                    const std::string& argument) {
     return Steps{{"The editor comes up", Appear{file + " - Practice Editor"}},
@@ -87,7 +87,7 @@ Steps seenInEditor(const System& system, const std::string& program, const std::
            done(system) + Steps{backToConsole};
 }
 
-/// The script of a panel: its commands run in the folder of the games.
+/// A panel's script; its commands run in the games folder.
 Steps wrote(const Texts& commands, const Texts& tail = {""}) {
     return {{"The script that was written",
              Script{Texts{"c:", "cd \"\\my games\\\""} + commands + tail}}};
@@ -113,13 +113,13 @@ Steps leftBehind(const std::string& file, const std::string& text) {
     return {{"The file " + file + " was left", Left{file, text}}};
 }
 
-/// Leaves the dialog or the box with a key. The window below has been in view all the time, so that
-/// only the going of this one tells that the key has worked.
+/// Closes the dialog or message box by a key. The window below is visible all the time, so only the
+/// disappearing of this one shows that the key worked.
 Steps leave(const std::string& keys, const std::string& why, const Step& below = backToConsole) {
     return press(keys, why) + Steps{{"It goes", Vanish{}}, below};
 }
 
-/// A box comes up and is answered by a key.
+/// A message box appears and is answered by a key.
 Steps box(const std::string& title, const std::string& keys) {
     return Steps{{"A box comes up", Appear{title}}} + leave(keys, "the answer");
 }
@@ -141,7 +141,7 @@ Scene compileByMouse(const System& system) {
                 leftBehind(cave + ".kcd", caveTexts)};
 }
 
-/// What the settings file holds, as far as the tour changes it.
+/// The part of the settings file that the tour changes.
 struct Settings {
     std::string consolePlayer = krun;
     std::string wordProcessor = winword;
@@ -151,7 +151,7 @@ struct Settings {
     Texts folders = {library};
 };
 
-/// The settings file on the disk is this one.
+/// The settings file on the disk has this content.
 Steps saved(const Settings& settings) {
     Texts all{"'1.0 Norvane Workbench'",
               kelm,
@@ -169,7 +169,7 @@ Steps saved(const Settings& settings) {
     return leftBehind("nwbw.ini", text);
 }
 
-/// Goes from box to box of a dialog of locations, past the Browse button of each.
+/// Moves from box to box of a locations dialog, past the Browse buttons.
 Steps toBox(int count) {
     Steps steps;
     for (int i = 0; i < count; ++i)

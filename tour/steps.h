@@ -4,10 +4,10 @@
 #include <variant>
 #include <vector>
 
-/// The tour as a list: what a user does and what must come of it, whatever the system below.
+/// The tour as a list: what a user does and what must happen, on any system.
 namespace tour {
 
-// What the user does, in the window that appeared last.
+// User actions, in the window that appeared last.
 struct Press {
     std::string keys;  ///< "Alt+D", "Ctrl+Tab"
 };
@@ -20,36 +20,35 @@ struct Click {
 /// The window's close box.
 struct Close {};
 
-// What must happen.
-/// A window with the title is in view, other than the one that was worked until now. It gets the
-/// keys and the clicks from here on.
+// Expected results.
+/// A window with the title is visible, other than the current one. It becomes the current window.
 struct Appear {
     std::string title;
 };
-/// The window that was worked goes.
+/// The current window disappears.
 struct Vanish {};
-/// No window with the title is in view, be it that none has come or that it has gone.
+/// No window with the title is visible.
 struct Absent {
     std::string title;
 };
-/// The command script reads as given, and each line ends in CRLF.
+/// The command script has these lines, each ending in CRLF.
 struct Script {
     std::vector<std::string> lines;
 };
-/// The program has been called, in the folder and with the arguments, and has read the input.
-/// Paths of files and folders are long ones of drive c.
+/// The program was called in the folder with the arguments and has read the input. Paths are long
+/// ones on drive c.
 struct Call {
     std::string program;
     std::string folder;
     std::vector<std::string> arguments;
     std::vector<std::string> input = {};
 };
-/// The file holds the text.
+/// The file contains the text.
 struct Left {
     std::string file;
     std::string text;
 };
-/// The program has ended by itself and without an error.
+/// The program has exited by itself, successfully.
 struct End {};
 
 using Action =
@@ -65,23 +64,23 @@ struct Scene {
     std::vector<Step> steps;
 };
 
-/// What carries a short form of its name: two folders, and the stem of a file.
+/// The names that may appear in their short form: two folders and the stem of a file.
 struct Names {
     std::string library;
     std::string games;
     std::string quest;
 };
 
-/// What the systems below do each in its own way.
+/// What differs between the systems.
 struct System {
-    std::string splash;       ///< title of the splash, which has none of its own
-    std::string terminal;     ///< title of the window of a script
-    Names scripts;            ///< as they stand in a script
-    Names tools;              ///< as the script's programs receive them, and name their files
+    std::string splash;       ///< title of the splash's window; its form has none
+    std::string terminal;     ///< title of a script's window
+    Names scripts;            ///< as they appear in a script
+    Names tools;              ///< as the tools receive them and name their files
     std::string caveListing;  ///< as Notepad receives it from a script
 };
 
-/// The whole tour, from the start of the program to its end.
+/// Returns the whole tour, from the program's start to its end.
 std::vector<Scene> scenes(const System& system);
 
 }  // namespace tour

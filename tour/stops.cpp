@@ -15,7 +15,7 @@ const std::string console = "The Norvane Workbench";
 const std::string folders = "Include File search list";
 const Way leave{Press{"Escape"}, Vanish{}, Appear{console}};
 
-/// To the Browse button behind the file's box, which the key presses; and back from its dialog.
+/// Moves to the Browse button after the file's box, presses it by the key, and leaves its dialog.
 Way browse(const std::string& key, const std::string& title) {
     return Way{Press{key}, Appear{title}} + leave;
 }

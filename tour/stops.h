@@ -7,11 +7,11 @@
 #include "accessibility_bus.h"
 #include "steps.h"
 
-/// The walk as a list: every form of the program, and the keys that lead to it.
+/// The walk as a list: every form of the program, and the keys that open it.
 namespace tour {
 
-/// What tells that the walk has arrived: a control, or an item of one, that has the state or lacks
-/// it.
+/// Shows that the walk has arrived: a control or an item of one that has the state, or does not
+/// have it.
 struct Sight {
     Sight(std::string name, State state = State::Showing, bool holds = true)
         : name(std::move(name)), state(state), holds(holds) {}
@@ -24,22 +24,22 @@ struct Sight {
 struct Stop {
     std::string what;
     std::string title;        ///< of the window
-    std::vector<Action> way;  ///< from the stop before
+    std::vector<Action> way;  ///< from the previous stop
     Sight arrival;
-    std::vector<std::string> order = {};  ///< of tabbing, where it is given and not that of reading
+    std::vector<std::string> order = {};  ///< the tab order, if it is not the reading order
 };
 
-/// Each tab of the console with its options and without, then the dialogs and boxes.
+/// Each tab of the console with and without its options, then the dialogs and message boxes.
 std::vector<Stop> stops();
 
-/// A menu of the console, opened.
+/// An open menu of the console.
 struct Menu {
     std::string what;
     std::vector<Action> way;  ///< from the last stop, or from the console
-    std::string item;         ///< one that it holds
+    std::string item;         ///< one of its items
 };
 
-/// Each menu, by its letter or by F10 and the arrow keys.
+/// Each menu, opened by its mnemonic or by F10 and the arrow keys.
 std::vector<Menu> menus();
 
 }  // namespace tour

@@ -1,6 +1,6 @@
-/// A tour of the real program: on a display that nobody sees, worked by real keys and clicks, in a
-/// demo folder. Tells each step, shows the scripts and the calls of the tools, and leaves a picture
-/// of each step. Ends with an error if a step did not happen.
+/// A tour of the real program on a hidden display, by real keys and clicks, in a demo folder.
+/// Prints each step, the scripts and the calls of the tools, and takes a screenshot of each step.
+/// Fails if a step did not happen.
 ///
 ///     tour PROJECT_FOLDER BUILD_FOLDER
 

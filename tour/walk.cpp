@@ -1,7 +1,7 @@
-/// A walk through every form of the real program by keys alone, that listens on the accessibility
-/// bus as a screen reader does. What takes the focus must have a name of its own, a role and its
-/// states, be reached by Tab or an arrow key, and come in the order of reading. Then acts at random
-/// through the bus alone.
+/// A walk through every form of the real program by keys only, listening on the accessibility bus
+/// like a screen reader. Everything that takes the focus must have a name of its own, a role and
+/// its states, be reachable by Tab or an arrow key, and come in reading order. Then acts at random
+/// through the bus only.
 ///
 ///     dbus-run-session walk PROJECT_FOLDER BUILD_FOLDER
 
@@ -33,7 +33,7 @@ void demand(bool holds, const std::string& what, const Spoken& spoken) {
     if (!holds) throw std::runtime_error(what + ": " + spoken.role + " \"" + spoken.name + "\"");
 }
 
-/// The control's place in the window's tree, from the window down.
+/// The control's path in the window's tree, from the window down.
 std::vector<int> wayTo(const std::vector<Spoken>& all, const Spoken& control) {
     const auto found = std::find_if(all.begin(), all.end(), [&](const Spoken& candidate) {
         return candidate.path == control.path;
@@ -44,7 +44,7 @@ std::vector<int> wayTo(const std::vector<Spoken>& all, const Spoken& control) {
     return way;
 }
 
-/// True if one who reads row by row, a frame as a whole, comes to b behind a.
+/// True if b comes after a when reading row by row, each frame as a whole.
 bool readsBefore(const std::vector<Spoken>& all, const Spoken& a, const Spoken& b) {
     const auto wayToA = wayTo(all, a);
     const auto wayToB = wayTo(all, b);
@@ -60,7 +60,7 @@ class Walk {
   public:
     Walk(Guide& guide, const AccessibilityBus& bus) : guide_(guide), bus_(bus) {}
 
-    /// Throws std::runtime_error if the form breaks a rule.
+    /// Throws std::runtime_error if the form violates a rule.
     void visit(const Stop& stop) {
         begin(stop.what, stop.way);
         arrive(stop.title, stop.arrival);
@@ -72,7 +72,7 @@ class Walk {
         checkOrder(round, stop.order);
     }
 
-    /// Goes by the arrow keys over all of the menu's items that can be chosen, and leaves it.
+    /// Visits all of the menu's enabled items by the arrow keys, and closes it.
     void visit(const Menu& menu) {
         begin(menu.what, menu.way);
         arrive(core::appTitle, {menu.item});
@@ -99,7 +99,7 @@ class Walk {
             std::visit(guide_, action);
     }
 
-    /// Reads the window once it is there and shows what tells that the keys have worked.
+    /// Reads the window once it has appeared and has the mark of arrival.
     void arrive(const std::string& title, const Sight& sight) {
         const auto seen = [&](const Spoken& spoken) {
             return spoken.name == sight.name && spoken.is(sight.state) == sight.holds;
@@ -125,13 +125,13 @@ class Walk {
         }
     }
 
-    /// Whether the control has the state now.
+    /// True if the control has the state now.
     [[nodiscard]] bool is(Spoken control, State state) const {
         control.states = bus_.states(control);
         return control.is(state);
     }
 
-    /// The one control that has the focus; null while there is none.
+    /// Returns the focused control, or null.
     const Spoken* findFocused() {
         const Spoken* found = nullptr;
         for (Spoken& spoken : window_) {
@@ -151,7 +151,7 @@ class Walk {
         return *found;
     }
 
-    /// Presses the key, which must move the focus, and tells where to.
+    /// Presses the key, which must move the focus, and returns the newly focused control.
     Spoken press(const char* key, const Spoken& from) {
         guide_(Press{key});
         demand(happens([&] { return !is(from, State::Focused); }),
@@ -159,7 +159,7 @@ class Walk {
         return focused();
     }
 
-    /// Goes round by Tab, and by the arrow keys among options; all that takes the focus is met.
+    /// Cycles by Tab, and by the arrow keys among options; must visit everything focusable.
     Round tabRound() {
         const auto stays = std::count_if(window_.begin(), window_.end(), isControl) == 1;
         std::set<QString> met;
@@ -177,7 +177,7 @@ class Walk {
         return round;
     }
 
-    /// Goes by the arrow keys to both ends of the options, and back to the one that was selected.
+    /// Moves by the arrow keys to both ends of the options, and back to the selected one.
     void meetOptions(const Spoken& start, std::set<QString>& met) {
         std::vector<Spoken> options;
         std::copy_if(window_.begin(), window_.end(), std::back_inserter(options),
@@ -201,7 +201,7 @@ class Walk {
         }
     }
 
-    /// Space ticks the box and unticks it, or the other way round.
+    /// Space must toggle the box, twice.
     void toggle(const Spoken& box) {
         const bool ticked = box.is(State::Checked);
         for (const bool expected : {!ticked, ticked}) {
@@ -211,7 +211,7 @@ class Walk {
         }
     }
 
-    /// In the whole round only one step leads back: from the end to the start.
+    /// In the whole cycle only the step from the end to the start goes back.
     void checkOrder(const Round& round, const std::vector<std::string>& given) const {
         const auto rank = [&](const Spoken& control) {
             return std::find(given.begin(), given.end(), control.name) - given.begin();
@@ -227,12 +227,12 @@ class Walk {
 
     Guide& guide_;
     const AccessibilityBus& bus_;
-    std::vector<Spoken> window_;  ///< as it was on arrival, with the states of controls since
+    std::vector<Spoken> window_;  ///< as on arrival, with states updated since
 };
 
 void walk(const Display& display, const Demo& demo, const std::filesystem::path& pictures) {
     setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
-    setenv("TERMINAL", "true", 1);  // the scripts are read, not run
+    setenv("TERMINAL", "true", 1);  // the scripts are only read, not run
     const AccessibilityBus bus;
     Guide guide(display, demo, pictures);
     Walk walk(guide, bus);

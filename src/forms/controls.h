@@ -25,8 +25,7 @@ class Label : public Control {
     void accept(ControlVisitor& visitor) override;
 
     const bool centred;
-    const bool
-        autoSize;  ///< takes the size of its text; if centred, around the centre of its place
+    const bool autoSize;  ///< as large as its text; if centred, around its place's centre
 };
 
 /// A decorative line. It fills its place and has no accessible name.
