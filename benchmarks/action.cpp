@@ -12,7 +12,7 @@
 #include "platform/linux/invocation.h"
 #include "platform/linux/linux_runtime.h"
 #include "platform/linux/terminal.h"
-#include "practice/no_platform.h"
+#include "platform/none/no_platform.h"
 
 namespace {
 
@@ -60,7 +60,7 @@ void action(benchmark::State& state) {
         told = text;
         return core::Runtime::Answer::Ok;
     });
-    practice::NoToolkit windows;
+    platform::NoToolkit windows;
     forms::Application application(windows, [&](const std::string& text) { told = text; });
     core::Program program{runtime, application, {}};
     program.state.CompilerPath = "c:\\kelm\\kelm.exe";

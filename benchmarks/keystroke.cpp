@@ -9,7 +9,7 @@
 #include "benchmarks/home.h"
 #include "console/frm_console.h"
 #include "platform/linux/linux_runtime.h"
-#include "practice/no_platform.h"
+#include "platform/none/no_platform.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ void keystroke(benchmark::State& state) {
     home.enter();
     const auto paths = fill(home, state.range(0), state.range(1));
     platform::LinuxRuntime runtime(nullptr);
-    practice::NoToolkit windows;
+    platform::NoToolkit windows;
     forms::Application application(windows, nullptr);
     core::Program program{runtime, application, {}};
     program.state.CompilerPath = "c:\\kelm\\programs\\kelm.exe";

@@ -10,7 +10,7 @@
 #include "benchmarks/home.h"
 #include "core/settings_file.h"
 #include "platform/linux/linux_runtime.h"
-#include "practice/no_platform.h"
+#include "platform/none/no_platform.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ void save(benchmark::State& state) {
         told = text;
         return core::Runtime::Answer::Ok;
     });
-    practice::NoToolkit windows;
+    platform::NoToolkit windows;
     forms::Application application(windows, nullptr);
     core::Program program{runtime, application, {}};
     for (auto& folder : program.state.IncludeFolders)

@@ -5,12 +5,12 @@
 
 #include "check.h"
 #include "core/field_reader.h"
-#include "practice/no_platform.h"
+#include "platform/none/no_platform.h"
 
 namespace fuzz {
 
 /// A platform that knows nothing but files, held in memory.
-class Files : public practice::NoRuntime {
+class Files : public platform::NoRuntime {
   public:
     std::map<std::string, std::string> files;
 

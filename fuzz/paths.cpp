@@ -44,8 +44,7 @@ void checkShortForm(fuzz::Disk& desk, const std::string& path, const std::string
     if (shortPath.empty()) {
         const bool asFolder = path.ends_with('\\') || path.ends_with('/');
         const bool exists = asFolder ? fs::is_directory(host, failed) : fs::exists(host, failed);
-        const bool goesBack =
-            path.find("..") != std::string::npos;  // possibly from a missing folder
+        const bool goesBack = path.find("..") != std::string::npos;  // maybe from a missing folder
         check(!exists || goesBack, "what exists has a short form");
         return;
     }

@@ -76,7 +76,7 @@ void type(AppState& state, std::string_view input) {
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     std::string_view input(reinterpret_cast<const char*>(data), size);
-    practice::NoToolkit toolkit;
+    platform::NoToolkit toolkit;
     forms::Application application(toolkit, [](const std::string&) {});
     fuzz::Files runtime;
     core::Program program{runtime, application, {}};

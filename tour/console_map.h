@@ -3,7 +3,7 @@
 #include <string>
 
 #include "console/frm_console.h"
-#include "practice/no_platform.h"
+#include "platform/none/no_platform.h"
 
 namespace tour {
 
@@ -21,8 +21,8 @@ class ConsoleMap {
     [[nodiscard]] Spot find(const std::string& control);
 
   private:
-    practice::NoRuntime runtime_;
-    practice::NoToolkit toolkit_;
+    platform::NoRuntime runtime_;
+    platform::NoToolkit toolkit_;
     forms::Application application_{toolkit_, [](const std::string&) {}};
     core::Program program_{runtime_, application_, {}};
     console::frmConsole console_{application_, program_};

@@ -6,7 +6,7 @@
 
 #include <iostream>
 
-#include "outing.h"
+#include "run_on_hidden_display.h"
 
 namespace {
 
@@ -27,5 +27,5 @@ void takeTour(const tour::Display& display, const tour::Demo& demo,
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-    return tour::goOut("tour", argumentCount, arguments, takeTour);
+    return tour::runOnHiddenDisplay("tour", argumentCount, arguments, takeTour);
 }

@@ -13,7 +13,7 @@
 #include <stdexcept>
 
 #include "hand.h"
-#include "outing.h"
+#include "run_on_hidden_display.h"
 #include "stops.h"
 
 namespace {
@@ -257,5 +257,5 @@ void walk(const Display& display, const Demo& demo, const std::filesystem::path&
 
 int main(int argumentCount, char** arguments) {
     const QCoreApplication application(argumentCount, arguments);
-    return goOut("walk", argumentCount, arguments, walk);
+    return runOnHiddenDisplay("walk", argumentCount, arguments, walk);
 }

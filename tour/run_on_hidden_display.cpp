@@ -1,4 +1,4 @@
-#include "outing.h"
+#include "run_on_hidden_display.h"
 
 #include <cstdlib>
 #include <iostream>
@@ -9,9 +9,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Makes the processes independent of where this is called. `runtime` is a new folder for what they
-/// need while they run.
-void settleEnvironment(const fs::path& runtime) {
+/// Makes the processes independent of the caller's environment. `runtime` is a new folder for their
+/// temporary files.
+void setEnvironment(const fs::path& runtime) {
     fs::create_directory(runtime);
     fs::permissions(runtime, fs::perms::owner_all);
     setenv("XDG_RUNTIME_DIR", fs::absolute(runtime).c_str(), 1);
@@ -22,13 +22,13 @@ void settleEnvironment(const fs::path& runtime) {
         unsetenv(name);
 }
 
-void goThere(const std::string& name, const fs::path& project, const fs::path& build,
-             const Work& work) {
+void run(const std::string& name, const fs::path& project, const fs::path& build,
+         const Work& work) {
     fs::path folder = project / "build" / name;
     if (fs::exists(build / "bin" / "nwbw.exe")) folder += "-windows";
     fs::remove_all(folder);
     fs::create_directories(folder);
-    settleEnvironment(folder / "runtime");
+    setEnvironment(folder / "runtime");
 
     const auto demo = makeDemo(folder / "demo", project, build);
     const Display display;
@@ -42,7 +42,8 @@ void goThere(const std::string& name, const fs::path& project, const fs::path& b
 
 }  // namespace
 
-int goOut(const std::string& name, int argumentCount, char** arguments, const Work& work) {
+int runOnHiddenDisplay(const std::string& name, int argumentCount, char** arguments,
+                       const Work& work) {
     if (argumentCount != 3) {
         std::cerr << name << " PROJECT_FOLDER BUILD_FOLDER\n";
         return 2;
@@ -50,9 +51,9 @@ int goOut(const std::string& name, int argumentCount, char** arguments, const Wo
     adoptOrphans();
     int code = 0;
     try {
-        goThere(name, arguments[1], arguments[2], work);
+        run(name, arguments[1], arguments[2], work);
     } catch (const std::exception& error) {
-        std::cerr << "\nThe " << name << " ends here: " << error.what() << "\n";
+        std::cerr << "\nThe " << name << " failed: " << error.what() << "\n";
         code = 1;
     }
     endOrphans();

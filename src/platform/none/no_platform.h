@@ -3,9 +3,10 @@
 #include "core/runtime.h"
 #include "forms/application.h"
 
-namespace practice {
+namespace platform {
 
-/// A runtime that does nothing, for programs that only need the forms.
+/// A runtime that does nothing, for programs that only need the forms. A new platform can start
+/// from a copy of it.
 class NoRuntime : public core::Runtime {
   public:
     std::string AppPath() override { return {}; }
@@ -52,4 +53,4 @@ class NoToolkit : public forms::Toolkit {
     void quit() override {}
 };
 
-}  // namespace practice
+}  // namespace platform
