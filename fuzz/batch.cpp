@@ -4,6 +4,7 @@
 #include <string>
 
 #include "check.h"
+#include "core/text.h"
 #include "platform/linux/batch_script.h"
 #include "platform/linux/case_fold.h"
 #include "platform/linux/command_line.h"
@@ -20,7 +21,8 @@ static void checkLine(const BatchLine& line) {
     };
     switch (line.kind) {
         case Kind::Drive:
-            check(line.text.ends_with(':') && line.text.size() <= 1 + 4 * line.text.size(), "c:");
+            check(line.text.ends_with(':') && core::length(line.text.substr(1)) == 1,
+                  "a drive is one character");
             break;
         case Kind::ChangeFolder:
             check(begins("cd") && line.folder.find('"') == std::string::npos, "cd has a folder");

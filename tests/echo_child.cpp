@@ -3,23 +3,15 @@
 // interpreter from starting programs of the current folder.
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
+
+#include "helpers.h"
 
 #ifdef _WIN32
 #include <io.h>
 #else
 #include <unistd.h>
 #endif
-
-namespace fs = std::filesystem;
-
-static std::string textOf(const fs::path& words) {
-    const std::u8string text = words.u8string();
-    return {text.begin(), text.end()};
-}
 
 #ifdef _WIN32
 int wmain(int count, wchar_t* words[]) {

@@ -25,9 +25,11 @@ class LinuxDesktop : public testing::Test {
             setenv(name, home.c_str(), 1);
         for (const char* name : {"WINEPREFIX", "TERMINAL", "VISUAL", "EDITOR"})
             unsetenv(name);
+        setenv("NWBW_ECHO", (home / "echo").c_str(), 1);
         fs::current_path(c);
     }
     ~LinuxDesktop() override {
+        setenv("PATH", path.c_str(), 1);
         fs::current_path("/");
         fs::remove_all(home);
     }
@@ -37,6 +39,7 @@ class LinuxDesktop : public testing::Test {
         fs::permissions(file, fs::perms::owner_all);
     }
 
+    const std::string path = std::getenv("PATH");
     const fs::path home = [] {
         std::string name = fs::temp_directory_path() / "nwbw-test-XXXXXX";
         return fs::canonical(mkdtemp(name.data()));

@@ -80,7 +80,8 @@ class FakeRuntime : public core::Runtime {
     }
     void vbaFileClose() override {
         step("vbaFileClose");
-        files[open_].text += std::exchange(printed_, "");
+        if (!open_.empty()) files[open_].text += std::exchange(printed_, "");
+        open_.clear();
     }
     std::string vbaInputFile() override {
         step("vbaInputFile");
@@ -106,6 +107,7 @@ class FakeRuntime : public core::Runtime {
     void vbaNameFile(const std::string& from, const std::string& to) override {
         step("vbaNameFile");
         if (files.contains(to)) throw core::RuntimeError("File already exists");
+        EXPECT_NE(from, open_) << "no open file can be renamed on Windows";
         EXPECT_NE(from, unflushed_) << "a power cut could leave nothing behind the new name";
         files[to] = files.at(from);
         files.erase(from);

@@ -19,7 +19,6 @@ class System : public LinuxDesktop {
                 "#!/bin/sh\nwhile [ $1 != -e ]; do shift; done\nshift; exec \"$@\"\n");
         setVariable("TERMINAL", home / "bin/uxterm");
     }
-    ~System() override { setVariable("PATH", path); }
     static void setVariable(const char* name, const std::string& value) {
         setenv(name, value.c_str(), 1);
     }
@@ -70,7 +69,6 @@ class System : public LinuxDesktop {
     /// Files are UTF-8 here, and what is not stays as it is.
     static constexpr const char* oldText = "m\xe4rchen";
 
-    const std::string path = std::getenv("PATH");
     const fs::path place = c / "suite";
     const std::string folder = "c:\\suite";
 };

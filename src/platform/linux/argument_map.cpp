@@ -86,6 +86,7 @@ std::string ArgumentMap::word(const std::string& word, Target target, bool mayBe
 bool ArgumentMap::isJoinedPath(std::string_view text) {
     if (hasDrive(text)) return text.substr(2).starts_with('\\');
     if (has(text, '/')) return false;
+    if (text.starts_with("\\\\")) return true;  // is refused, since no drive holds it
     if (!has(text, '\\')) return has(text, '~') && disk_.nameHere(text) != text;
     return !disk_.shortPath(text.substr(0, text.rfind('\\') + 1)).empty();
 }
