@@ -15,6 +15,12 @@ using forms::RuntimeError;
 
 /// Everything that the program needs from its platform. Strings are UTF-8, paths are Windows paths.
 /// An operation that fails throws RuntimeError with the system's own text. Not thread-safe.
+///
+/// To add an operation:
+/// 1. Declare it here, with what it returns, units and errors.
+/// 2. Implement it in platform/linux, platform/win32 and, doing nothing, platform/none.
+/// 3. Fake it in the FakeRuntime of the tests, counted as a step that can fail if it can fail.
+/// 4. Check it in tests/platform_suite.cpp, which runs on the real systems.
 class Runtime : public forms::Disk {
   public:
     enum class OpenMode { Input, Output };
@@ -67,6 +73,13 @@ class Runtime : public forms::Disk {
 
     /// Shows a modal message box and returns the button pressed. An empty title means the
     /// application's.
+    ///
+    /// To add a message:
+    /// 1. Let its text name what is missing or wrong: the tool, the file or the terminal.
+    /// 2. Explain it in the messages of pages/default.htm, with <var> for what varies. The tests'
+    ///    FakeRuntime refuses a message that the page does not explain, except errors of the
+    ///    system.
+    /// 3. Expect it in the test of the form or panel that shows it.
     virtual Answer rtcMsgBox(const std::string& text, int flags, const std::string& title = "") = 0;
 
     /// Spawns a program or batch file, given by a quoted path or by a name on the search path and

@@ -279,6 +279,14 @@ class ControlArray {
 };
 
 /// An operation with one overload per kind of control.
+///
+/// To add a kind of control:
+/// 1. Declare its class above, with its properties and a method for each user action, and its
+///    `accept` in controls.cpp.
+/// 2. Declare its overload here. The compiler then names every visitor that lacks it, such as the
+///    ones that create the peers.
+/// 3. Write its peer for each toolkit, in platform/qt and platform/win32.
+/// 4. Let the random walks in tests act on it, and check it in qt_test.cpp and win32_test.cpp.
 class ControlVisitor {
   public:
     virtual ~ControlVisitor() = default;

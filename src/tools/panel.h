@@ -8,6 +8,18 @@
 /// What the four panels share: the places of their common controls and the behaviour of their hide
 /// boxes. Lengths are in twips, relative to the panel. Every control that a user operates is inside
 /// the window at its default size.
+///
+/// To add an option to a panel:
+/// 1. In the panel's header declare the control in its frame, in reading order, with panel::row for
+///    its place, and give the frame one more row. A caption that occurs twice in the form takes a
+///    name for screen readers as well. Declare its handler, and a field for its part of the
+///    command.
+/// 2. In the panel's source let the handler set the field and rebuild the command text, and add the
+///    field to the rebuild. A new frame goes to applyHideBox too.
+/// 3. In tests add the control's line to wording.txt, its part of the command to rules.h, against
+///    which the random walks check the rebuild, and a click on it to the panel's test.
+/// 4. In tour/hand.cpp add what it puts into a script to `switches`.
+/// 5. In pages/default.htm add its row and its mnemonic, and run scripts/take-pictures.
 namespace tools::panel {
 
 inline constexpr forms::Place whole{0, 0, 6120, 5250};
