@@ -69,10 +69,10 @@ class frmConsole : public forms::Form {
     forms::ControlArray<forms::PictureBox> picOptions{
         *this,
         "picOptions",
-        {{.index = 0, .spoken = "Edit", .place = {240, 720, 6645, 5295}},
-         {.index = 1, .spoken = "Compile", .place = {240, 720, 6720, 5482}},
-         {.index = 2, .spoken = "Play", .place = {360, 720, 6645, 5325}},
-         {.index = 3, .spoken = "Spelling", .place = {360, 720, 6720, 5535}}}};
+        {{.index = 0, .accessibleName = "Edit", .place = {240, 720, 6645, 5295}},
+         {.index = 1, .accessibleName = "Compile", .place = {240, 720, 6720, 5482}},
+         {.index = 2, .accessibleName = "Play", .place = {360, 720, 6645, 5325}},
+         {.index = 3, .accessibleName = "Spelling", .place = {360, 720, 6720, 5535}}}};
     tools::EditPanel edit{program_, picOptions(0)};
     tools::CompilePanel compile{program_, script_, picOptions(1)};
     tools::PlayPanel play{program_, script_, picOptions(2)};

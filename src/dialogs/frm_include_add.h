@@ -31,13 +31,13 @@ class frmIncludeAdd : public forms::Form {
         {.name = "txtFolder", .text = "Text1", .place = {180, 390, 5100, 345}, .holdsPath = true}};
     forms::DriveList Drive1{*this,
                             {.name = "Drive1",
-                             .spoken = "Drive",
+                             .accessibleName = "Drive",
                              .place = {180, 855, 3900, 345},
                              .event = [this] { Drive1_Change(); }},
                             program_.runtime};
     forms::FolderList Dir1{*this,
                            {.name = "Dir1",
-                            .spoken = "Folders",
+                            .accessibleName = "Folders",
                             .place = {180, 1275, 3900, 2445},
                             .event = [this] { Dir1_Change(); }},
                            program_.runtime};

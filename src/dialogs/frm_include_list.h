@@ -44,7 +44,7 @@ class frmIncludeList : public forms::Form {
                             .event = [this] { btnClose_Click(); }}};
     forms::ListBox List1{*this,
                          {.name = "List1",
-                          .spoken = "Include folders",
+                          .accessibleName = "Include folders",
                           .place = {180, 180, 4110, 3165},
                           .event = [this] { List1_Click(); }}};
     forms::Button btnAdd{*this,

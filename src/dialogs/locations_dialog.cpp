@@ -115,7 +115,7 @@ void LocationsDialog::addRow(const Location& location, forms::Container& contain
     btnBrowse.add(container,
                   {.index = index,
                    .caption = "&Browse",
-                   .spoken = std::string("Browse for ") + location.label,
+                   .accessibleName = std::string("Browse for ") + location.label,
                    .place = {left + labelWidth + textWidth + 90, top - 15, browseWidth, 375}});
 }
 

@@ -4,7 +4,7 @@ namespace docs {
 
 frmSplash::frmSplash(forms::Application& application, std::function<void()> openConsole)
     : Form(application, "frmSplash",
-           {.spoken = core::appTitle,
+           {.accessibleName = core::appTitle,
             .place = {0, 0, 7275, 4320},
             .bare = true,
             .keyPreview = true,

@@ -11,7 +11,7 @@ Control::Control(Container* parent, Definition definition)
     : name(std::move(definition.name)),
       index(definition.index),
       tooltip(std::move(definition.tooltip)),
-      spoken(std::move(definition.spoken)),
+      definedAccessibleName(std::move(definition.accessibleName)),
       font(std::move(definition.font)),
       Caption(*this, std::move(definition.caption)),
       Left(*this, definition.place.left),
@@ -30,7 +30,7 @@ std::string Control::fullName() const {
 }
 
 std::string Control::accessibleName() const {
-    if (!spoken.empty()) return spoken;
+    if (!definedAccessibleName.empty()) return definedAccessibleName;
     if (!Caption().empty() || !parent_) return withoutMnemonic(Caption);
     const Control* before = nullptr;
     for (const Control* sibling : parent_->children()) {

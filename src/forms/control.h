@@ -37,7 +37,7 @@ struct Definition {
     std::string caption = {};
     std::string text = {};
     std::string tooltip = {};
-    std::string spoken = {};  ///< read by screen readers where the caption is not enough
+    std::string accessibleName = {};  ///< read by screen readers where the caption is not enough
     Place place = {};
     bool ticked = false;  ///< initial value of a check box or an option button
     bool visible = true;
@@ -74,7 +74,7 @@ class Control {
     const std::string name;
     const int index;
     const std::string tooltip;
-    const std::string spoken;
+    const std::string definedAccessibleName;
     const Font font;
 
     Property<std::string> Caption;

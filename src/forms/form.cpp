@@ -7,7 +7,7 @@ namespace forms {
 Form::Form(Application& application, std::string name, const FormStyle& style)
     : Container(nullptr, {.name = std::move(name),
                           .caption = style.caption,
-                          .spoken = style.spoken,
+                          .accessibleName = style.accessibleName,
                           .place = style.place}),
       style(style),
       application_(application) {}

@@ -12,7 +12,7 @@ namespace forms {
 /// The fixed properties of a form's window.
 struct FormStyle {
     std::string caption = {};
-    std::string spoken = {};              ///< read by screen readers where it has no caption
+    std::string accessibleName = {};      ///< read by screen readers where it has no caption
     Place place = {};                     ///< in twips; left and top are used only if not centred
     bool sizable = false;                 ///< with minimise and maximise buttons
     bool bare = false;                    ///< without a title bar or a task bar entry

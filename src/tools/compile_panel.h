@@ -167,7 +167,7 @@ class CompilePanel {
         {{.index = 0,
           .caption = "Normal",
           .tooltip = "Normal Windows/DOS text format",
-          .spoken = "Normal character set",
+          .accessibleName = "Normal character set",
           .place = panel::row(0, column),
           .ticked = true},
          {.index = 1,

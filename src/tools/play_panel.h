@@ -76,7 +76,7 @@ class PlayPanel {
         {.name = "btnBrowseP",
          .caption = panel::browseCaption,
          .tooltip = "open a file-browse dialog box to select desired game file",
-         .spoken = "Browse for the game file",
+         .accessibleName = "Browse for the game file",
          .place = panel::browseButton}};
     forms::Button btnPlay{fraSample3,
                           {.name = "btnPlay",
@@ -210,7 +210,7 @@ class PlayPanel {
         {.name = "btnBrowselog",
          .caption = "Bro&wse",
          .tooltip = "open a file-browse dialog box to select desired command log file",
-         .spoken = "Browse for the log file",
+         .accessibleName = "Browse for the log file",
          .place = {4890, 615, 840, 375},
          .enabled = false}};
 

@@ -77,7 +77,7 @@ class SpellingPanel {
         {.name = "btnBrowseS",
          .caption = panel::browseCaption,
          .tooltip = "open a file-browse dialog box to select desired source code file",
-         .spoken = "Browse for the source file",
+         .accessibleName = "Browse for the source file",
          .place = panel::browseButton}};
     forms::Button btnExtract{fraSample4,
                              {.name = "btnExtract",
@@ -136,7 +136,7 @@ class SpellingPanel {
                              {.name = "btnBrowseO",
                               .caption = "Brow&se",
                               .tooltip = "open a file-browse dialog box to select a text file",
-                              .spoken = "Browse for the output file",
+                              .accessibleName = "Browse for the output file",
                               .place = {4890, nameTop - 15, 840, 375},
                               .visible = false}};
     forms::CheckBox chkOverwrite{
@@ -211,7 +211,7 @@ class SpellingPanel {
          {.index = 3,
           .caption = "Re&move codes from Output",
           .tooltip = "Don't show the codes at all in the output file",
-          .spoken = "Remove codes from Output (parameters)",
+          .accessibleName = "Remove codes from Output (parameters)",
           .place = panel::row(3, paramWidth)}},
         [this](int index) { optParam_Click(index); }};
 

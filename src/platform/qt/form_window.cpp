@@ -59,7 +59,7 @@ FormWindow::FormWindow(forms::Form& form, PathMap toWindows)
       toWindows_(std::move(toWindows)),
       window_(*new QMainWindow(nullptr, windowFlags(form.style))) {
     window_.setObjectName(QString::fromStdString(form.name));
-    window_.setAccessibleName(QString::fromStdString(form.style.spoken));
+    window_.setAccessibleName(QString::fromStdString(form.style.accessibleName));
     auto* client = new QFrame(&window_);
     if (form.style.bare) client->setFrameStyle(QFrame::WinPanel | QFrame::Raised);
     window_.setCentralWidget(client);

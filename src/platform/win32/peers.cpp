@@ -26,7 +26,7 @@ bool startsGroup(const forms::Control& control) {
 
 /// A screen reader calls a window by its caption or by the label before it; else it must be told.
 bool mustTellName(const forms::Control& control) {
-    return !control.spoken.empty() ||
+    return !control.definedAccessibleName.empty() ||
            (control.Caption().empty() && !dynamic_cast<const forms::Label*>(before(control)));
 }
 
