@@ -8,9 +8,9 @@ namespace qt {
 
 namespace {
 
-class LinePeer : public PeerOf<forms::TextBox, QLineEdit> {
+class LineEditPeer : public PeerOf<forms::TextBox, QLineEdit> {
   public:
-    LinePeer(forms::TextBox& box, QWidget& parent) : PeerOf(box, new QLineEdit(&parent)) {
+    LineEditPeer(forms::TextBox& box, QWidget& parent) : PeerOf(box, new QLineEdit(&parent)) {
         widget_.setReadOnly(box.readOnly);
         connect(&widget_, &QLineEdit::textChanged, this, [this](const QString& text) {
             const std::string typed = text.toStdString();
@@ -55,7 +55,7 @@ class LinesPeer : public PeerOf<forms::TextBox, QPlainTextEdit> {
 
 std::unique_ptr<forms::Peer> makePeer(forms::TextBox& box, QWidget& parent) {
     if (box.multiLine) return std::make_unique<LinesPeer>(box, parent);
-    return std::make_unique<LinePeer>(box, parent);
+    return std::make_unique<LineEditPeer>(box, parent);
 }
 
 }  // namespace qt
