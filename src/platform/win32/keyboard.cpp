@@ -107,7 +107,7 @@ bool Keyboard::mnemonic(wchar_t letter) {
 void Keyboard::settle() {
     if (GetActiveWindow() != window_ || !form_.usable()) return;
     forms::Control* const now = focused();
-    forms::Control* const wanted = now && now->usable() ? now : heir();
+    forms::Control* const wanted = now && now->usable() ? now : nextFocus();
     if (wanted && wanted != now) focus(*wanted);
     if (wanted == last_) return;
     last_ = wanted;
@@ -115,7 +115,7 @@ void Keyboard::settle() {
 }
 
 /// The control to have the focus while none has that can be used.
-forms::Control* Keyboard::heir() const {
+forms::Control* Keyboard::nextFocus() const {
     if (!last_) return forms::firstFocus(form_, takesFocus);
     return last_->usable() ? last_ : forms::focusAfter(*last_, takesFocus);
 }

@@ -31,7 +31,7 @@ class Keyboard {
     bool keyPress(WPARAM character);
 
     [[nodiscard]] forms::Control* focused() const;
-    [[nodiscard]] forms::Control* heir() const;
+    [[nodiscard]] forms::Control* nextFocus() const;
     void markDefault();
 
     forms::Form& form_;
