@@ -20,7 +20,7 @@ class LabelPeer : public PeerOf<forms::Label, CaptionLabel> {
   protected:
     void draw() override { widget_.setCaption(QString::fromStdString(control_.Caption)); }
 
-    void lay() override {
+    void updateGeometry() override {
         QRect place = placeOf(control_);
         if (control_.autoSize) {
             const QSize size = widget_.sizeOf(QString::fromStdString(control_.Caption));
@@ -40,7 +40,7 @@ class LinePeer : public PeerOf<forms::Line, QFrame> {
     }
 
   protected:
-    void lay() override {
+    void updateGeometry() override {
         const QRect place = placeOf(control_);
         widget_.setGeometry({place.topLeft(), place.size().expandedTo({1, 1})});
     }

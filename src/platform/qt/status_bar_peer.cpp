@@ -30,7 +30,7 @@ class StatusBarPeer : public PeerOf<forms::StatusBar, QStatusBar> {
 
   protected:
     /// The window keeps its status bar along the bottom edge.
-    void lay() override {}
+    void updateGeometry() override {}
 
     void draw() override {
         const QLocale locale = QLocale::system();

@@ -39,7 +39,7 @@ class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
     void draw() override { widget_.setCurrentIndex(control_.SelectedItem - 1); }
 
     /// The page ends where the window does, so that its edges stay in sight.
-    void lay() override {
+    void updateGeometry() override {
         const QRect place = placeOf(control_);
         const QRect room = widget_.parentWidget()->rect().adjusted(0, 0, -place.x(), -margin);
         const QRect seen = place & room;
@@ -48,7 +48,7 @@ class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         const QTabBar& bar = *widget_.tabBar();
-        if (watched != &bar && event->type() == QEvent::Resize) lay();
+        if (watched != &bar && event->type() == QEvent::Resize) updateGeometry();
         if (watched != &bar || event->type() != QEvent::ToolTip) return false;
         const auto& help = *static_cast<QHelpEvent*>(event);
         const int tab = bar.tabAt(help.pos());

@@ -32,7 +32,7 @@ WidgetPeer::WidgetPeer(forms::Control& control, QWidget& widget)
 }
 
 void WidgetPeer::update() {
-    lay();
+    updateGeometry();
     widget_.setEnabled(control_.Enabled);
     const QString name = QString::fromStdString(control_.accessibleName());
     if (widget_.accessibleName() != name) widget_.setAccessibleName(name);
@@ -40,7 +40,7 @@ void WidgetPeer::update() {
     widget_.setVisible(control_.inSight());
 }
 
-void WidgetPeer::lay() {
+void WidgetPeer::updateGeometry() {
     widget_.setGeometry(placeOf(control_));
 }
 

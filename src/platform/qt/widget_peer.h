@@ -25,7 +25,7 @@ class WidgetPeer : public QObject, public forms::Peer {
 
   protected:
     /// Puts the widget into its place.
-    virtual void lay();
+    virtual void updateGeometry();
     /// Draws what the kind of control has beyond place, name, enabled and visible.
     virtual void draw() {}
 

@@ -82,7 +82,7 @@ class PanelPeer : public ContainerPeer<forms::PictureBox> {
     void fitInto(const RECT& room) override {
         const LONG edge = pixels(45, dpi());
         room_ = {room.left, room.top, room.right - edge, room.bottom - edge};
-        lay();
+        updateGeometry();
     }
 
   protected:

@@ -40,7 +40,7 @@ ControlPeer* ControlPeer::of(HWND window) {
 }
 
 void ControlPeer::update() {
-    lay();
+    updateGeometry();
     if (enabled_ != control_.Enabled) {
         enabled_ = control_.Enabled;
         EnableWindow(window_, enabled_);
@@ -68,7 +68,7 @@ void ControlPeer::takeFont(const Style& style) {
     send(WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
-void ControlPeer::lay() {
+void ControlPeer::updateGeometry() {
     move(place());
 }
 

@@ -100,7 +100,7 @@ class ControlPeer : public forms::Peer {
     [[nodiscard]] bool drawing() const { return drawing_; }
 
     /// Puts the window into its place.
-    virtual void lay();
+    virtual void updateGeometry();
     /// Draws what the kind of control has beyond place, enabled and visible.
     virtual void draw() {}
 

@@ -37,7 +37,7 @@ class DrivePeer : public PeerOf<forms::DriveList> {
     }
 
     /// The window's height is that of the list when it is open; the field has the control's own.
-    void lay() override {
+    void updateGeometry() override {
         constexpr int mostRows = 12;
         RECT room = place();
         const LRESULT rowHeight = send(CB_GETITEMHEIGHT, 0);

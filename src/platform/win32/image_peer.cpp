@@ -26,8 +26,8 @@ class ImagePeer : public PeerOf<forms::Image> {
     }
 
   protected:
-    void lay() override {
-        ControlPeer::lay();
+    void updateGeometry() override {
+        ControlPeer::updateGeometry();
         const SIZE size{widthOf(place()), heightOf(place())};
         if (size.cx == size_.cx && size.cy == size_.cy) return;
         size_ = size;

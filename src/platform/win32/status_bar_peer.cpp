@@ -45,7 +45,7 @@ class StatusBarPeer : public PeerOf<forms::StatusBar> {
     }
 
   protected:
-    void lay() override {}
+    void updateGeometry() override {}
 
     /// Draws again only when a text has changed.
     void draw() override {

@@ -30,7 +30,7 @@ class TabPeer : public PeerOf<forms::TabStrip> {
     /// The page ends where the window does, so that its edges stay in sight.
     void fitInto(const RECT& room) override {
         room_ = room;
-        lay();
+        updateGeometry();
         // The panels were made later, and so would lie below.
         SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
