@@ -135,8 +135,8 @@ void Guide::operator()(const Call& call) {
     demo_.forgetCalls(call.program);
 }
 
-void Guide::operator()(const Left& left) {
-    expect("the file " + left.file, lines(left.text), [&] { return lines(demo_.text(left.file)); });
+void Guide::operator()(const FileHolds& held) {
+    expect("the file " + held.file, lines(held.text), [&] { return lines(demo_.text(held.file)); });
 }
 
 void Guide::operator()(const End&) {

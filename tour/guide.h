@@ -37,7 +37,7 @@ class Guide {
     void operator()(const Absent& absent);
     void operator()(const Script& script);
     void operator()(const Call& call);
-    void operator()(const Left& left);
+    void operator()(const FileHolds& held);
     void operator()(const End& end);
 
   private:

@@ -110,7 +110,7 @@ Steps calledCompiler(const std::string& library, const Texts& arguments) {
 }
 
 Steps leftBehind(const std::string& file, const std::string& text) {
-    return {{"The file " + file + " was left", Left{file, text}}};
+    return {{"The file " + file + " was left", FileHolds{file, text}}};
 }
 
 /// Closes the dialog or message box by a key. The window below is visible all the time, so only the

@@ -44,7 +44,7 @@ struct Call {
     std::vector<std::string> input = {};
 };
 /// The file contains the text.
-struct Left {
+struct FileHolds {
     std::string file;
     std::string text;
 };
@@ -52,7 +52,7 @@ struct Left {
 struct End {};
 
 using Action =
-    std::variant<Press, Type, Click, Close, Appear, Vanish, Absent, Script, Call, Left, End>;
+    std::variant<Press, Type, Click, Close, Appear, Vanish, Absent, Script, Call, FileHolds, End>;
 
 struct Step {
     std::string what;
