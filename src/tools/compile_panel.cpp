@@ -9,6 +9,9 @@ using core::crlf;
 using core::exists;
 using core::Runtime;
 
+// Indexed like optCharset.
+static constexpr const char* charsetOptions[] = {"", " -CharSet ISO", " -CharSet Mac"};
+
 CompilePanel::CompilePanel(core::Program& program, CommandScript& script, forms::Container& panel)
     : program_(program), script_(script), panel_(panel) {}
 
@@ -93,7 +96,7 @@ void CompilePanel::chkFullsource_Click() {
 }
 
 void CompilePanel::optCharset_Click(int index) {
-    CharsetOption = index == 1 ? " -CharSet ISO" : index == 2 ? " -CharSet Mac" : "";
+    CharsetOption = charsetOptions[index];
     UpdateCmdline();
 }
 
