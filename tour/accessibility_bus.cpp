@@ -129,6 +129,10 @@ void AccessibilityBus::send(const Spoken& object, const char* interface, const c
 
 void AccessibilityBus::act(const Spoken& object) const {
     send(object, "org.a11y.atspi.Action", "DoAction", {0});
+    Spoken after = object;
+    do
+        after.states = states(object);
+    while (after.is(State::Pressed));
 }
 
 void AccessibilityBus::setText(const Spoken& object, const std::string& text) const {

@@ -14,6 +14,7 @@ enum class State {
     Editable = 7,
     Enabled = 8,
     Focused = 12,
+    Pressed = 20,
     Selected = 23,
     Showing = 25,
     ReadOnly = 44,
@@ -43,8 +44,8 @@ class AccessibilityBus {
     [[nodiscard]] std::vector<Spoken> window(const std::string& program) const;
     /// The same for the window that appeared last, active or not.
     [[nodiscard]] std::vector<Spoken> top(const std::string& program) const;
-    /// Triggers the object's first action, such as Press or Toggle, without waiting, since it may
-    /// open a dialog. Later requests are answered after it.
+    /// Triggers the object's first action, such as Press or Toggle. Waits until a button that it
+    /// presses is released, but not for a dialog that it opens.
     void act(const Spoken& object) const;
     void setText(const Spoken& object, const std::string& text) const;
     [[nodiscard]] std::string text(const Spoken& object) const;

@@ -67,7 +67,10 @@ void Hand::work(int actions) {
         }
         Objects targets;
         std::copy_if(window.begin(), window.end(), std::back_inserter(targets), canAct);
-        if (!targets.empty()) act(window, targets[any(targets.size())]);
+        if (targets.empty()) continue;
+        const Spoken& target = targets[any(targets.size())];
+        std::cout << "  " << target.role << " [" << target.name << "]" << std::endl;
+        act(window, target);
     }
 }
 
@@ -76,7 +79,6 @@ void Hand::act(const Objects& window, const Spoken& target) {
         bus_.setText(target, files[any(files.size())]);
         return;
     }
-    const std::string before = demo_.text("~kelmcon.bat");
     bus_.act(target);
     if (target.name == "Compile" || target.name == "Extract") {
         const std::string script = demo_.text("~kelmcon.bat");
@@ -88,12 +90,7 @@ void Hand::act(const Objects& window, const Spoken& target) {
 void Hand::remember(const Objects& window) {
     if (window.front().name != console) return;
     for (std::size_t i = 0; i < tabs.size(); ++i) {
-        if (!find(window, tabs[i], "page tab")) continue;
-        const bool inUse = std::any_of(window.begin(), window.end(), [&](const Spoken& spoken) {
-            return spoken.name == tabs[i] && spoken.role == "page tab" &&
-                   spoken.is(State::Selected);
-        });
-        if (!inUse) continue;
+        if (!find(window, tabs[i], "property page")) continue;
         tab_ = static_cast<int>(i);
         seen_[i] = true;
         for (const Spoken& spoken : window) {

@@ -94,7 +94,7 @@ std::vector<Menu> menus() {
     const Way leaveDialogs = Way{Press{"Escape"}, Vanish{}, Appear{folders}} + leave;
     return {{"Settings, by its letter", leaveDialogs + Way{Press{"Alt+G"}}, "Other Programs ..."},
             {"Help, by its letter", {Press{"Alt+H"}}, "About"},
-            {"File, by F10", {Press{"F10"}, Press{"Down"}}, "Exit"},
+            {"File, by F10", {Press{"F10"}}, "Exit"},
             {"Settings, by the arrow keys", {Press{"F10"}, Press{"Right"}}, "Other Programs ..."}};
 }
 

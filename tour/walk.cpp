@@ -115,6 +115,7 @@ class Walk {
     void checkNames() const {
         std::set<std::string> names;
         for (const Spoken& spoken : window_) {
+            demand(spoken.role != "separator" || spoken.name.empty(), "a name too many", spoken);
             if (!isControl(spoken)) continue;
             demand(!spoken.name.empty(), "no name", spoken);
             demand(spoken.role == "page tab list" || names.insert(spoken.name).second,

@@ -9,12 +9,21 @@ namespace {
 
 constexpr const char* roleProperty = "accessibleRole";
 
+/// Qt names a widget without a name after the frame around it: a line shall have none.
+class Interface : public QAccessibleWidget {
+  public:
+    using QAccessibleWidget::QAccessibleWidget;
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        return role() == QAccessible::Separator ? QString() : QAccessibleWidget::text(kind);
+    }
+};
+
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
     auto* widget = qobject_cast<QWidget*>(object);
     if (!widget) return nullptr;
     const QVariant role = widget->property(roleProperty);
     if (!role.isValid()) return nullptr;
-    return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
+    return new Interface(widget, static_cast<QAccessible::Role>(role.toInt()));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "platform/qt/keyboard.h"
 
+#include <QCoreApplication>
 #include <QMainWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <algorithm>
 #include <array>
@@ -99,8 +101,7 @@ bool Keyboard::keyPressed(const QKeyEvent& key) {
 
     if (forms::Control* target = mnemonicTarget(key)) {
         if (dynamic_cast<forms::MenuItem*>(target)) {
-            auto& bar = *window_.menuBar();
-            bar.setActiveAction(bar.findChild<QAction*>(nameOf(*target)));
+            openMenu(*window_.menuBar()->findChild<QAction*>(nameOf(*target)));
             return true;
         }
         if (QWidget* widget = widgetOf(*target); widget && widget->focusPolicy() != Qt::NoFocus)
@@ -115,17 +116,19 @@ bool Keyboard::keyPressed(const QKeyEvent& key) {
         case Qt::Key_Escape:
             return key.isAutoRepeat() || form_.pressCancel();
         case Qt::Key_F10:
-            return openMenu(key);
+            if (key.modifiers() != Qt::NoModifier || !form_.hasMenu()) return false;
+            openMenu(*window_.menuBar()->actions().first());  // Qt leaves that to the program
+            return true;
         default:
             return (isTab(key) && key.modifiers() & Qt::ControlModifier) || isVoidMnemonic(key);
     }
 }
 
-/// F10 opens the first menu, as desktops have it; Qt leaves that to the program.
-bool Keyboard::openMenu(const QKeyEvent& key) {
-    if (key.modifiers() != Qt::NoModifier || !form_.hasMenu()) return false;
-    window_.menuBar()->setActiveAction(window_.menuBar()->actions().first());
-    return true;
+/// Opens the menu with its first item chosen, which a screen reader tells.
+void Keyboard::openMenu(QAction& action) {
+    window_.menuBar()->setActiveAction(&action);
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(action.menu(), &down);
 }
 
 bool Keyboard::controlTakesEnter() {

@@ -30,7 +30,7 @@ class Keyboard : public QObject {
 
   private:
     bool keyPressed(const QKeyEvent& key);
-    bool openMenu(const QKeyEvent& key);
+    void openMenu(QAction& action);
     bool controlTakesEnter();
     forms::Control* mnemonicTarget(const QKeyEvent& key);
     void followPanel();
