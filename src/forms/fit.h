@@ -1,8 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <optional>
 #include <string>
 
 namespace forms {
@@ -29,11 +26,15 @@ class Ruler {
     [[nodiscard]] virtual Size room(const Control& control) const = 0;
 };
 
-/// Returns the largest font size at which no caption of the form is clipped, from `largest` down to
-/// `smallest` in steps of half a point, or nullopt. Captions with a font size of their own are
-/// ignored.
-std::optional<double> fittingPoints(
-    Form& form, double largest, double smallest,
-    const std::function<std::unique_ptr<Ruler>(double points)>& rulerOf);
+/// Returns the smallest ratio of the room for a caption to the caption's size, over all captions of
+/// the form. From 1 on, no caption is clipped. Captions with a font size of their own are ignored.
+double captionRoom(const Form& form, const Ruler& ruler);
+
+/// Rounds the size down to half points.
+double halfPoints(double points);
+
+/// Returns the font size that was tried, with the ruler for it, if no caption of the form is
+/// clipped, otherwise the smaller size at which none will be.
+double fittingPoints(const Form& form, double tried, const Ruler& ruler);
 
 }  // namespace forms

@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QStyle>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "forms/fit.h"
 #include "platform/qt/units.h"
@@ -15,6 +16,9 @@ namespace {
 // In points, where a length is as long in a window as on the screen.
 constexpr double usualLargest = 10;
 constexpr double usualSmallest = 7;
+
+/// How much larger than in the usual fonts of desktops a text may be in Liberation Sans.
+constexpr double gainOfNarrow = 1.13;
 
 /// Asks the style what it leaves for a caption, without a widget.
 class StyleRuler : public forms::Ruler {
@@ -86,19 +90,16 @@ class StyleRuler : public forms::Ruler {
 QFont fittingFont(forms::Form& form) {
     const double largest = usualLargest * enlargement();
     const double smallest = usualSmallest * enlargement();
-    QFont font;
-    const auto sized = [&font](double points) {
-        font.setPointSizeF(points);
-        return font;
-    };
-    const auto ruler = [&](double points) { return std::make_unique<StyleRuler>(sized(points)); };
-    font.setFamily("Liberation Sans");
-    const double narrow = forms::fittingPoints(form, largest, smallest, ruler).value_or(smallest);
-    const QFont narrowFont = sized(narrow);
+    QFont font = QApplication::font();
+    font.setPointSizeF(largest);
+    const double room = forms::captionRoom(form, StyleRuler(font));
+    if (room >= 1) return font;
 
-    font = QApplication::font();
-    const auto own = forms::fittingPoints(form, largest, narrow, ruler);
-    return own ? sized(*own) : narrowFont;
+    const double tried = forms::halfPoints(std::min(largest, largest * room * gainOfNarrow));
+    font = QFont("Liberation Sans");
+    font.setPointSizeF(tried);
+    font.setPointSizeF(std::max(smallest, forms::fittingPoints(form, tried, StyleRuler(font))));
+    return font;
 }
 
 }  // namespace qt

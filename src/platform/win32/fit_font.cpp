@@ -51,10 +51,12 @@ LOGFONTW fittingFont(forms::Form& form, int dpi) {
     constexpr double smallest = 7;
     const LOGFONTW font = messageFont(dpi);
     const double largest = std::max(pointsOf(font, dpi), smallest);
-    const auto points = forms::fittingPoints(form, largest, smallest, [&](double points) {
-        return std::make_unique<FormRuler>(withPoints(font, points, dpi), dpi);
-    });
-    return withPoints(font, points.value_or(smallest), dpi);
+    const auto ruler = [&](double points) { return FormRuler(withPoints(font, points, dpi), dpi); };
+    const double room = forms::captionRoom(form, ruler(largest));
+    if (room >= 1) return withPoints(font, largest, dpi);
+    const double tried = forms::halfPoints(largest * room);
+    const double points = forms::fittingPoints(form, tried, ruler(tried));
+    return withPoints(font, std::max(points, smallest), dpi);
 }
 
 }  // namespace win32
