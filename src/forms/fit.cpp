@@ -10,49 +10,64 @@ namespace forms {
 
 namespace {
 
-/// The times that the need goes into the room.
-double share(int room, int need) {
-    return need > 0 ? static_cast<double>(room) / need : 1;
-}
+/// Measures how many times each control that it visits has room for its caption, in height and in
+/// width; 1 or more is enough.
+class RoomMeter : public ControlVisitor {
+  public:
+    explicit RoomMeter(const Ruler& ruler) : ruler_(ruler) {}
 
-double labelShare(const Label& label, const Ruler& ruler, const Size& room) {
-    if (label.font.points > 0) return 1;
-    // In a smaller font a text wraps into no more lines.
-    if (room.height >= 2 * ruler.lineHeight())
-        return share(room.height, ruler.wrappedHeight(label.Caption, room.width));
-    return std::min(share(room.height, ruler.lineHeight()),
-                    share(room.width, ruler.width(label.Caption)));
-}
+    /// The least of all so far.
+    [[nodiscard]] double least() const { return least_; }
 
-/// How many times the control has room for its caption, in height and in width; 1 or more is
-/// enough.
-double share(const Control& control, const Ruler& ruler) {
-    const auto room = [&] { return ruler.room(control); };
-    if (const auto* label = dynamic_cast<const Label*>(&control))
-        return labelShare(*label, ruler, room());
-    if (dynamic_cast<const TextBox*>(&control)) return share(room().height, ruler.lineHeight());
-    if (const auto* tabs = dynamic_cast<const TabStrip*>(&control)) {
-        int width = 0;
-        for (const auto& tab : tabs->Tabs)
-            width += ruler.width(tab.caption);
-        return share(room().width, width);
+    void visit(Label& label) override {
+        if (label.font.points > 0) return;
+        const Size room = ruler_.room(label);
+        // In a smaller font a text wraps into no more lines.
+        if (room.height < 2 * ruler_.lineHeight()) return takeLine(label, room);
+        take(room.height, ruler_.wrappedHeight(label.Caption, room.width));
     }
-    const bool framed = dynamic_cast<const Frame*>(&control) && !control.Caption().empty();
-    const bool pressed = dynamic_cast<const Button*>(&control) ||
-                         dynamic_cast<const CheckBox*>(&control) ||
-                         dynamic_cast<const OptionButton*>(&control);
-    if (!framed && !pressed) return 1;
-    const double wide = share(room().width, ruler.width(control.Caption));
-    return framed ? wide : std::min(wide, share(room().height, ruler.lineHeight()));
-}
+    void visit(Button& button) override { takeLine(button, ruler_.room(button)); }
+    void visit(CheckBox& box) override { takeLine(box, ruler_.room(box)); }
+    void visit(OptionButton& option) override { takeLine(option, ruler_.room(option)); }
+    void visit(TextBox& box) override { take(ruler_.room(box).height, ruler_.lineHeight()); }
+    void visit(Frame& frame) override {
+        if (!frame.Caption().empty()) take(ruler_.room(frame).width, ruler_.width(frame.Caption));
+    }
+    void visit(TabStrip& tabs) override {
+        int width = 0;
+        for (const auto& tab : tabs.Tabs)
+            width += ruler_.width(tab.caption);
+        take(ruler_.room(tabs).width, width);
+    }
+    void visit(Line& /*line*/) override {}
+    void visit(Image& /*image*/) override {}
+    void visit(PictureBox& /*panel*/) override {}
+    void visit(ListBox& /*list*/) override {}
+    void visit(DriveList& /*list*/) override {}
+    void visit(FolderList& /*list*/) override {}
+    void visit(StatusBar& /*bar*/) override {}
+    void visit(MenuItem& /*item*/) override {}
+
+  private:
+    void takeLine(const Control& control, const Size& room) {
+        take(room.height, ruler_.lineHeight());
+        take(room.width, ruler_.width(control.Caption));
+    }
+    void take(int room, int need) {
+        if (need > 0) least_ = std::min(least_, static_cast<double>(room) / need);
+    }
+
+    const Ruler& ruler_;
+    double least_ = std::numeric_limits<double>::max();
+};
 
 }  // namespace
 
 double captionRoom(const Form& form, const Ruler& ruler) {
-    double least = std::numeric_limits<double>::max();
-    for (const Control* control : form.allControls())
-        least = std::min(least, share(*control, ruler));
-    return least;
+    RoomMeter meter(ruler);
+    for (Control* control : form.allControls())
+        control->accept(meter);
+    return meter.least();
 }
 
 double halfPoints(double points) {

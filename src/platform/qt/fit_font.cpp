@@ -35,44 +35,26 @@ class StyleRuler : public forms::Ruler {
             .height();
     }
 
-    [[nodiscard]] forms::Size room(const forms::Control& control) const override {
-        const QSize place = placeOf(control).size();
-        if (dynamic_cast<const forms::Button*>(&control)) {
-            const int sides = 4;  // a caption that touches the button's edge is hard to read
-            return inside<QStyleOptionButton>(QStyle::SE_PushButtonContents, place, 2 * sides);
-        }
-        if (dynamic_cast<const forms::CheckBox*>(&control))
-            return inside<QStyleOptionButton>(QStyle::SE_CheckBoxContents, place);
-        if (dynamic_cast<const forms::OptionButton*>(&control))
-            return inside<QStyleOptionButton>(QStyle::SE_RadioButtonContents, place);
-        if (dynamic_cast<const forms::TextBox*>(&control))
-            return inside<QStyleOptionFrame>(QStyle::SE_LineEditContents, place);
-        if (dynamic_cast<const forms::Frame*>(&control)) return insideFrame(control, place);
-        if (const auto* tabs = dynamic_cast<const forms::TabStrip*>(&control)) {
-            QStyleOptionTab option;
-            const int edges = style_.pixelMetric(QStyle::PM_TabBarTabHSpace, &option) *
-                              static_cast<int>(tabs->Tabs.size());
-            return {place.width() - edges, place.height()};
-        }
+    [[nodiscard]] forms::Size room(const forms::Label& label) const override {
+        const QSize place = sizeOf(label);
         return {place.width(), place.height()};
     }
-
-  private:
-    template <typename Option>
-    [[nodiscard]] forms::Size inside(QStyle::SubElement element, const QSize& place,
-                                     int sides = 0) const {
-        Option option;
-        option.rect = {{}, place};
-        option.fontMetrics = metrics_;
-        if constexpr (std::is_same_v<Option, QStyleOptionFrame>)
-            option.lineWidth = style_.pixelMetric(QStyle::PM_DefaultFrameWidth, &option);
-        const QSize room = style_.subElementRect(element, &option).size();
-        return {room.width() - sides, room.height()};
+    [[nodiscard]] forms::Size room(const forms::Button& button) const override {
+        const int sides = 4;  // a caption that touches the button's edge is hard to read
+        return inside<QStyleOptionButton>(QStyle::SE_PushButtonContents, button, 2 * sides);
     }
-
-    [[nodiscard]] forms::Size insideFrame(const forms::Control& frame, const QSize& place) const {
+    [[nodiscard]] forms::Size room(const forms::CheckBox& box) const override {
+        return inside<QStyleOptionButton>(QStyle::SE_CheckBoxContents, box);
+    }
+    [[nodiscard]] forms::Size room(const forms::OptionButton& option) const override {
+        return inside<QStyleOptionButton>(QStyle::SE_RadioButtonContents, option);
+    }
+    [[nodiscard]] forms::Size room(const forms::TextBox& box) const override {
+        return inside<QStyleOptionFrame>(QStyle::SE_LineEditContents, box);
+    }
+    [[nodiscard]] forms::Size room(const forms::Frame& frame) const override {
         QStyleOptionGroupBox option;
-        option.rect = {{}, place};
+        option.rect = {{}, sizeOf(frame)};
         option.fontMetrics = metrics_;
         option.text = QString::fromStdString(frame.Caption);
         option.subControls = QStyle::SC_GroupBoxFrame | QStyle::SC_GroupBoxLabel;
@@ -80,6 +62,28 @@ class StyleRuler : public forms::Ruler {
             style_.subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, nullptr);
         return {(title & option.rect).width(), title.height()};
     }
+    [[nodiscard]] forms::Size room(const forms::TabStrip& tabs) const override {
+        QStyleOptionTab option;
+        const int edges = style_.pixelMetric(QStyle::PM_TabBarTabHSpace, &option) *
+                          static_cast<int>(tabs.Tabs.size());
+        const QSize place = sizeOf(tabs);
+        return {place.width() - edges, place.height()};
+    }
+
+  private:
+    template <typename Option>
+    [[nodiscard]] forms::Size inside(QStyle::SubElement element, const forms::Control& control,
+                                     int sides = 0) const {
+        Option option;
+        option.rect = {{}, sizeOf(control)};
+        option.fontMetrics = metrics_;
+        if constexpr (std::is_same_v<Option, QStyleOptionFrame>)
+            option.lineWidth = style_.pixelMetric(QStyle::PM_DefaultFrameWidth, &option);
+        const QSize room = style_.subElementRect(element, &option).size();
+        return {room.width() - sides, room.height()};
+    }
+
+    static QSize sizeOf(const forms::Control& control) { return placeOf(control).size(); }
 
     QFontMetrics metrics_;
     const QStyle& style_ = *QApplication::style();

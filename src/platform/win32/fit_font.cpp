@@ -10,18 +10,6 @@ namespace win32 {
 
 namespace {
 
-/// Width and height that a kind of control draws around its caption, in pixels at 96 to the inch.
-forms::Size edgesOf(const forms::Control& control) {
-    if (dynamic_cast<const forms::Button*>(&control)) return {16, 0};
-    if (dynamic_cast<const forms::CheckBox*>(&control)) return {17, 0};
-    if (dynamic_cast<const forms::OptionButton*>(&control)) return {17, 0};
-    if (dynamic_cast<const forms::Frame*>(&control)) return {18, 0};
-    if (dynamic_cast<const forms::TextBox*>(&control)) return {0, 6};
-    if (const auto* tabs = dynamic_cast<const forms::TabStrip*>(&control))
-        return {14 * static_cast<int>(tabs->Tabs.size()), 0};
-    return {};
-}
-
 class FormRuler : public forms::Ruler {
   public:
     FormRuler(const LOGFONTW& font, int dpi) : font_(makeFont(font)), ruler_(font_.get(), dpi) {}
@@ -33,14 +21,35 @@ class FormRuler : public forms::Ruler {
     [[nodiscard]] int wrappedHeight(const std::string& caption, int width) const override {
         return ruler_.wrappedHeight(caption, width);
     }
-    [[nodiscard]] forms::Size room(const forms::Control& control) const override {
-        const RECT place = placeOf(control, ruler_.dpi());
-        const forms::Size edges = edgesOf(control);
-        return {widthOf(place) - ruler_.scaled(edges.width),
-                heightOf(place) - ruler_.scaled(edges.height)};
+    [[nodiscard]] forms::Size room(const forms::Label& label) const override {
+        return inside(label, 0, 0);
+    }
+    [[nodiscard]] forms::Size room(const forms::Button& button) const override {
+        return inside(button, 16, 0);
+    }
+    [[nodiscard]] forms::Size room(const forms::CheckBox& box) const override {
+        return inside(box, 17, 0);
+    }
+    [[nodiscard]] forms::Size room(const forms::OptionButton& option) const override {
+        return inside(option, 17, 0);
+    }
+    [[nodiscard]] forms::Size room(const forms::TextBox& box) const override {
+        return inside(box, 0, 6);
+    }
+    [[nodiscard]] forms::Size room(const forms::Frame& frame) const override {
+        return inside(frame, 18, 0);
+    }
+    [[nodiscard]] forms::Size room(const forms::TabStrip& tabs) const override {
+        return inside(tabs, 14 * static_cast<int>(tabs.Tabs.size()), 0);
     }
 
   private:
+    /// The control's size without its edges, which are given in pixels at 96 dpi.
+    [[nodiscard]] forms::Size inside(const forms::Control& control, int width, int height) const {
+        const RECT place = placeOf(control, ruler_.dpi());
+        return {widthOf(place) - ruler_.scaled(width), heightOf(place) - ruler_.scaled(height)};
+    }
+
     Font font_;
     win32::Ruler ruler_;
 };
