@@ -9,10 +9,10 @@
 
 #include "benchmarks/home.h"
 #include "console/frm_console.h"
-#include "platform/linux/invocation.h"
 #include "platform/linux/linux_runtime.h"
 #include "platform/linux/terminal.h"
 #include "platform/none/no_platform.h"
+#include "platform/posix/invocation.h"
 
 namespace {
 

@@ -13,6 +13,7 @@
 #include <string>
 
 #include "console/frm_console.h"
+#include "platform/linux/fonts.h"
 #include "platform/linux/linux_runtime.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/message_box.h"
@@ -46,7 +47,7 @@ void showWord(int count, char** arguments) {
 }
 
 void showConsole(char** arguments) {
-    const qt::QtApplication application(arguments);
+    const qt::QtApplication application(arguments, platform::lookUpFonts);
     platform::LinuxRuntime runtime(qt::messageBox);
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
                           [&](const std::string& path) { return runtime.disk().toWindows(path); });

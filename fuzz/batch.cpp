@@ -5,9 +5,9 @@
 
 #include "check.h"
 #include "core/text.h"
-#include "platform/linux/batch_script.h"
-#include "platform/linux/case_fold.h"
-#include "platform/linux/command_line.h"
+#include "platform/posix/batch_script.h"
+#include "platform/posix/case_fold.h"
+#include "platform/posix/command_line.h"
 
 using platform::BatchLine;
 

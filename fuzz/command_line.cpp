@@ -1,7 +1,7 @@
 // A command is split into words at blanks outside quotes, and spawns the program that it names or
 // none.
 
-#include "platform/linux/command_line.h"
+#include "platform/posix/command_line.h"
 
 #include <algorithm>
 
@@ -9,7 +9,7 @@
 #include "core/runtime.h"
 #include "core/text.h"
 #include "disk.h"
-#include "platform/linux/launcher.h"
+#include "platform/posix/launcher.h"
 
 namespace {
 

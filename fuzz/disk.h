@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/windows_disk.h"
+#include "platform/posix/windows_disk.h"
 
 namespace fuzz {
 

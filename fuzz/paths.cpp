@@ -5,8 +5,8 @@
 #include "check.h"
 #include "core/runtime.h"
 #include "disk.h"
-#include "platform/linux/argument_map.h"
-#include "platform/linux/case_fold.h"
+#include "platform/posix/argument_map.h"
+#include "platform/posix/case_fold.h"
 
 namespace {
 

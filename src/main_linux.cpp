@@ -1,4 +1,5 @@
 #include "console/workbench.h"
+#include "platform/linux/fonts.h"
 #include "platform/linux/linux_runtime.h"
 #include "platform/qt/end_request.h"
 #include "platform/qt/message_box.h"
@@ -7,7 +8,7 @@
 
 /// The program on Linux: drives emulated on the host's files, and Qt windows.
 int main(int /*count*/, char** arguments) {
-    const qt::QtApplication application(arguments);
+    const qt::QtApplication application(arguments, platform::lookUpFonts);
 
     platform::LinuxRuntime runtime(qt::messageBox);
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },

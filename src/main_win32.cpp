@@ -1,12 +1,12 @@
 #include "console/workbench.h"
 #include "platform/win32/message_box.h"
-#include "platform/win32/win32_runtime.h"
 #include "platform/win32/win32_toolkit.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/windows_api.h"
+#include "platform/windows/windows_runtime.h"
 
 /// The program on Windows: the system's own files and controls.
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-    platform::Win32Runtime runtime(win32::messageBox);
+    platform::WindowsRuntime runtime(win32::messageBox);
     win32::Win32Toolkit toolkit;
     console::Workbench workbench(runtime, toolkit);
     workbench.start();

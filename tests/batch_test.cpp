@@ -4,10 +4,10 @@
 #include <sstream>
 
 #include "linux_desktop.h"
-#include "platform/linux/batch_interpreter.h"
 #include "platform/linux/linux_runtime.h"
 #include "platform/linux/shell_words.h"
 #include "platform/linux/terminal.h"
+#include "platform/posix/batch_interpreter.h"
 
 using namespace platform;
 using namespace std::literals;

@@ -8,14 +8,14 @@
 
 #include "core/text.h"
 #include "helpers.h"
-#include "platform/win32/wide.h"
-#include "platform/win32/win32_runtime.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_api.h"
+#include "platform/windows/windows_runtime.h"
 
 /// Windows under the suite: the place is a folder among the user's temporary ones.
 class System : public testing::Test {
   protected:
-    using Runtime = platform::Win32Runtime;
+    using Runtime = platform::WindowsRuntime;
 
     System() {
         fs::create_directories(place);

@@ -1,4 +1,4 @@
-#include "platform/win32/script_reading.h"
+#include "platform/windows/script_reading.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 #include "platform/win32/common_controls.h"
 #include "platform/win32/form_window.h"
 #include "platform/win32/peers.h"
-#include "platform/win32/wide.h"
 #include "platform/win32/win32_toolkit.h"
+#include "platform/windows/wide.h"
 #include "rules.h"
 
 using namespace model;

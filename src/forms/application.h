@@ -2,20 +2,15 @@
 
 #include <functional>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "forms/runtime_error.h"
 
 namespace forms {
 
 class Control;
 class Form;
-
-/// A failed platform operation; what() is the system's own text, in UTF-8.
-class RuntimeError : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
-};
 
 /// The native window of a form.
 class WindowPeer {

@@ -7,6 +7,7 @@
 #include <QTextStream>
 
 #include "platform/linux/shell_words.h"
+#include "platform/posix/search_path.h"
 
 namespace platform {
 
@@ -60,15 +61,6 @@ std::optional<Invocation> programOf(const QString& entryFile, const std::string&
 }
 
 }  // namespace
-
-std::string onSearchPath(const std::string& name) {
-    if (name.find('\0') != std::string::npos) return "";
-    QStringList folders = qEnvironmentVariable("PATH", "/usr/bin:/bin").split(':');
-    folders.removeIf([](const QString& folder) { return !folder.startsWith('/'); });
-    // Qt would take an empty list for the whole search path.
-    if (folders.isEmpty()) return "";
-    return QStandardPaths::findExecutable(QString::fromStdString(name), folders).toStdString();
-}
 
 std::vector<std::string> execWords(const std::string& exec, const std::string& file) {
     const std::string url =

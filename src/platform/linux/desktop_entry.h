@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/invocation.h"
+#include "platform/posix/invocation.h"
 
 namespace platform {
 
@@ -14,9 +14,5 @@ std::optional<Invocation> defaultProgram(const std::string& mimeType, const std:
 
 /// The words of the Exec line of a desktop entry, its field codes replaced by the file.
 std::vector<std::string> execWords(const std::string& exec, const std::string& file);
-
-/// The host's path of a program found on the search path; empty if there is none. Folders that
-/// count from the current one are left out: the folder of a game must not bring programs along.
-std::string onSearchPath(const std::string& name);
 
 }  // namespace platform

@@ -15,25 +15,18 @@
 #include <filesystem>
 #include <system_error>
 
-#include "core/module1.h"
 #include "core/text.h"
-#include "platform/linux/case_fold.h"
 #include "platform/linux/terminal.h"
+#include "platform/posix/case_fold.h"
 
 namespace platform {
 
 namespace fs = std::filesystem;
-using core::RuntimeError;
 
 namespace {
 
-[[noreturn]] void fail(const std::string& doing, const std::string& path,
-                       const std::string& reason) {
-    throw RuntimeError("Cannot " + doing + ' ' + path + ": " + reason);
-}
-
 [[noreturn]] void fail(const std::string& doing, const std::string& path) {
-    fail(doing, path, std::strerror(errno));
+    failTo(doing, path, std::strerror(errno));
 }
 
 /// Throws where the file system cannot tell.
@@ -80,7 +73,7 @@ std::string folderOfProgram() {
 }
 
 LinuxRuntime::LinuxRuntime(MessageBox messageBox, const std::string& programFolder)
-    : messageBox_(std::move(messageBox)),
+    : CommonRuntime(std::move(messageBox)),
       programFolder_(programFolder),
       appPath_(disk_.toWindows(programFolder)) {
     if (appPath_.ends_with('\\')) appPath_.pop_back();
@@ -103,7 +96,7 @@ std::string LinuxRuntime::rtcDir(const std::string& path) {
 
 std::string LinuxRuntime::hostPath(const std::string& doing, const std::string& path) {
     std::string host = disk_.toHost(path);
-    if (host.empty()) fail(doing, path, "No such drive");
+    if (host.empty()) failTo(doing, path, "No such drive");
     return host;
 }
 
@@ -115,34 +108,23 @@ std::chrono::system_clock::time_point LinuxRuntime::rtcFileDateTime(const std::s
     return std::chrono::system_clock::time_point(changed);
 }
 
-void LinuxRuntime::vbaFileOpen(const std::string& path, OpenMode mode) {
-    vbaFileClose();
-    const std::string host = hostPath("open", path);
-    if (mode == OpenMode::Output) {
-        openForOutput(path, host);
-    } else {
-        openForInput(path, host);
-    }
-}
-
-void LinuxRuntime::openForOutput(const std::string& path, const std::string& host) {
+void LinuxRuntime::openOutput(const std::string& path) {
     // A link at this place would lead the output to a file of somebody else's choice, and a pipe
     // would wait for a reader.
     const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-    const int handle = open(host.c_str(), flags, 0666);
+    const int handle = open(hostPath("open", path).c_str(), flags, 0666);
     if (handle < 0) fail("open", path);
     output_.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
-    outputPath_ = path;
 }
 
-void LinuxRuntime::openForInput(const std::string& path, const std::string& host) {
-    QFile file(QFile::decodeName(host.c_str()));
-    if (!file.open(QIODevice::ReadOnly)) fail("open", path, file.errorString().toStdString());
+std::string LinuxRuntime::readFile(const std::string& path) {
+    QFile file(QFile::decodeName(hostPath("open", path).c_str()));
+    if (!file.open(QIODevice::ReadOnly)) failTo("open", path, file.errorString().toStdString());
     std::string text = file.readAll().toStdString();
     if (file.error() != QFileDevice::NoError) {
-        fail("read", path, file.errorString().toStdString());
+        failTo("read", path, file.errorString().toStdString());
     }
-    input_ = core::FieldReader(std::move(text));
+    return text;
 }
 
 void LinuxRuntime::failToWrite() {
@@ -150,36 +132,32 @@ void LinuxRuntime::failToWrite() {
     const bool told = output_.error() != QFileDevice::NoError;
     const std::string reason = told ? output_.errorString().toStdString() : std::strerror(ENOSPC);
     output_.close();
-    fail("write", outputPath_, reason);
+    failTo("write", outputPath(), reason);
 }
 
 void LinuxRuntime::writeOut() {
     if (!output_.flush()) failToWrite();
 }
 
-void LinuxRuntime::vbaFileClose() {
-    input_ = core::FieldReader("");
+void LinuxRuntime::closeOutput() {
     if (!output_.isOpen()) return;
     writeOut();
     output_.close();
     // Some file systems tell only now that there was no room.
     if (output_.error() != QFileDevice::NoError) {
-        fail("write", outputPath_, output_.errorString().toStdString());
+        failTo("write", outputPath(), output_.errorString().toStdString());
     }
 }
 
-void LinuxRuntime::vbaPrintFile(const std::string& text) {
-    if (!output_.isOpen()) throw RuntimeError("Cannot write: no file is open for output");
-    const std::string line = text + std::string(core::crlf);
-    const auto written = output_.write(line.data(), std::ssize(line));
-    if (written != std::ssize(line)) failToWrite();
+void LinuxRuntime::writeOutput(const std::string& text) {
+    if (output_.write(text.data(), std::ssize(text)) != std::ssize(text)) failToWrite();
 }
 
 void LinuxRuntime::vbaFileFlush() {
     if (!output_.isOpen()) return;
     writeOut();
     // A place that cannot be brought to a disk, such as a pipe, says so and needs none.
-    if (fsync(output_.handle()) != 0 && errno != EINVAL) fail("write", outputPath_);
+    if (fsync(output_.handle()) != 0 && errno != EINVAL) fail("write", outputPath());
 }
 
 void LinuxRuntime::rtcKillFiles(const std::string& path) {
@@ -190,11 +168,6 @@ void LinuxRuntime::vbaNameFile(const std::string& from, const std::string& to) {
     if (!renameToNew(hostPath("rename", from), hostPath("rename to", to))) {
         fail("rename " + from + " to", to);
     }
-}
-
-core::Runtime::Answer LinuxRuntime::rtcMsgBox(const std::string& text, int flags,
-                                              const std::string& title) {
-    return messageBox_(text, flags, title.empty() ? core::appTitle : title);
 }
 
 void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
@@ -229,10 +202,10 @@ void LinuxRuntime::startInTerminal(const std::vector<std::string>& words, bool m
 
 void LinuxRuntime::startScript(const std::string& path, bool maximised) {
     const std::string script = hostPath("start", path);
-    if (!isOrdinaryFile(script, path)) fail("start", path, "there is no such file");
+    if (!isOrdinaryFile(script, path)) failTo("start", path, "there is no such file");
     const std::string interpreter = programFolder_ + "/nwbw-batch";
     if (access(interpreter.c_str(), X_OK) != 0) {
-        fail("start", path, "the program nwbw-batch is missing in " + programFolder_);
+        failTo("start", path, "the program nwbw-batch is missing in " + programFolder_);
     }
     const std::string folder = platform::currentFolder();
     startInTerminal({interpreter, script, folder.empty() ? "/" : folder, disk_.drives().prefix()},
@@ -253,7 +226,7 @@ void LinuxRuntime::rtcSaveSetting(const std::string& application, const std::str
     settings.setValue(settingsKey(section, key), QString::fromStdString(value));
     settings.sync();
     if (settings.status() != QSettings::NoError) {
-        fail("write", settings.fileName().toStdString(), "the settings could not be stored");
+        failTo("write", settings.fileName().toStdString(), "the settings could not be stored");
     }
 }
 
@@ -275,7 +248,7 @@ std::vector<std::string> LinuxRuntime::folders(const std::string& path) {
             names.emplace_back(core::afterLast(disk_.toWindows(entry.path().string()), '\\'));
         }
     } catch (const fs::filesystem_error& error) {
-        fail("open", path, error.code().message());
+        failTo("open", path, error.code().message());
     }
     return names;
 }

@@ -2,13 +2,11 @@
 
 #include <QFile>
 #include <QObject>
-#include <functional>
 #include <string>
 
-#include "core/field_reader.h"
-#include "core/runtime.h"
-#include "platform/linux/launcher.h"
-#include "platform/linux/windows_disk.h"
+#include "platform/common/common_runtime.h"
+#include "platform/posix/launcher.h"
+#include "platform/posix/windows_disk.h"
 
 namespace platform {
 
@@ -16,12 +14,8 @@ namespace platform {
 std::string folderOfProgram();
 
 /// What the program asks of its platform, on Linux.
-class LinuxRuntime : public core::Runtime {
+class LinuxRuntime : public CommonRuntime {
   public:
-    /// Shows a modal box; its title is never empty.
-    using MessageBox =
-        std::function<Answer(const std::string& text, int flags, const std::string& title)>;
-
     /// programFolder is the host's path of the folder that holds nwbw and nwbw-batch.
     explicit LinuxRuntime(MessageBox messageBox,
                           const std::string& programFolder = folderOfProgram());
@@ -32,16 +26,10 @@ class LinuxRuntime : public core::Runtime {
     std::string rtcDir(const std::string& path) override;
     std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override;
 
-    void vbaFileOpen(const std::string& path, OpenMode mode) override;
-    void vbaFileClose() override;
-    std::string vbaInputFile() override { return input_.next(); }
-    bool rtcEndOfFile() override { return input_.atEnd(); }
-    void vbaPrintFile(const std::string& text) override;
     void vbaFileFlush() override;
     void rtcKillFiles(const std::string& path) override;
     void vbaNameFile(const std::string& from, const std::string& to) override;
 
-    Answer rtcMsgBox(const std::string& text, int flags, const std::string& title) override;
     void rtcShell(const std::string& command, int windowStyle) override;
 
     std::string rtcGetSetting(const std::string& application, const std::string& section,
@@ -68,10 +56,15 @@ class LinuxRuntime : public core::Runtime {
     /// The disk behind the paths, for file dialogs that show the host's own.
     WindowsDisk& disk() { return disk_; }
 
+  protected:
+    std::string readFile(const std::string& path) override;
+    void openOutput(const std::string& path) override;
+    [[nodiscard]] bool isOutputOpen() const override { return output_.isOpen(); }
+    void writeOutput(const std::string& text) override;
+    void closeOutput() override;
+
   private:
     std::string hostPath(const std::string& doing, const std::string& path);
-    void openForOutput(const std::string& path, const std::string& host);
-    void openForInput(const std::string& path, const std::string& host);
     void writeOut();
     [[noreturn]] void failToWrite();
     void startInTerminal(const std::vector<std::string>& words, bool maximised);
@@ -79,13 +72,10 @@ class LinuxRuntime : public core::Runtime {
 
     WindowsDisk disk_{Drives::ofUser()};
     Launcher launcher_{disk_};
-    MessageBox messageBox_;
     QObject terminals_;  ///< whose endings are still to be told
     std::string programFolder_;
     std::string appPath_;
-    core::FieldReader input_{""};
     QFile output_;
-    std::string outputPath_;
 };
 
 }  // namespace platform

@@ -8,8 +8,8 @@
 #include <system_error>
 
 #include "core/runtime.h"
-#include "platform/linux/desktop_entry.h"
 #include "platform/linux/shell_words.h"
+#include "platform/posix/search_path.h"
 
 namespace platform {
 

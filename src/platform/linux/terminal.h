@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/invocation.h"
+#include "platform/posix/invocation.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/linux/text_editor.h"
+#include "platform/posix/text_editor.h"
 
 #include <array>
 #include <cstdlib>
@@ -7,6 +7,7 @@
 #include "core/runtime.h"
 #include "platform/linux/desktop_entry.h"
 #include "platform/linux/shell_words.h"
+#include "platform/posix/search_path.h"
 
 namespace platform {
 

@@ -1,11 +1,9 @@
 #include "platform/qt/qt_application.h"
 
-#include <fontconfig/fontconfig.h>
-
 namespace qt {
 
-QtApplication::QtApplication(char** arguments)
-    : fonts_([] { FcInit(); }), application_(count_, arguments) {
+QtApplication::QtApplication(char** arguments, void (*lookUpFonts)())
+    : fonts_(lookUpFonts), application_(count_, arguments) {
     QApplication::setApplicationName("nwbw");
     // Wayland's desktops find the program's entry and icon by it.
     QApplication::setDesktopFileName("net.norvane.workbench");

@@ -9,8 +9,9 @@ namespace qt {
 /// good part of the start, and neither needs the other.
 class QtApplication {
   public:
-    /// Takes the program's name from the arguments of main, and nothing else.
-    explicit QtApplication(char** arguments);
+    /// Takes the program's name from the arguments of main, and nothing else. lookUpFonts runs in a
+    /// thread of its own.
+    QtApplication(char** arguments, void (*lookUpFonts)());
 
   private:
     int count_ = 1;

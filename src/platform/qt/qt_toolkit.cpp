@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QTimer>
 
+#include "platform/common/longest_name.h"
 #include "platform/qt/file_filter.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/units.h"
@@ -20,8 +21,6 @@ namespace qt {
 
 namespace {
 
-constexpr int longestName = 260;
-
 /// A Windows path cut behind its folder.
 struct OfferedName {
     QString folder;
@@ -33,7 +32,7 @@ OfferedName offeredName(const std::string& text) {
     static const QRegularExpression path(R"re(^((?:[a-zA-Z]:)?(?:[^<>:"|?*\x01-\x1f]*[\\/])?))re"
                                          R"re(([^<>:"|?*\\/\x01-\x1f]*)$)re");
     const QString name = QString::fromStdString(text);
-    if (name.size() > longestName) return {};
+    if (name.size() > platform::longestName) return {};
     const auto match = path.match(name);
     return {match.captured(1), match.captured(2)};
 }
@@ -80,8 +79,8 @@ std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion&
 
     folder_ = dialog.directory().absolutePath();
     std::string chosen = toWindows_(dialog.selectedFiles().value(0).toStdString());
-    if (QString::fromStdString(chosen).size() > longestName)
-        throw forms::RuntimeError("The file name is longer than 260 characters: " + chosen);
+    if (QString::fromStdString(chosen).size() > platform::longestName)
+        throw forms::RuntimeError(platform::nameTooLong + (": " + chosen));
     return chosen;
 }
 

@@ -5,7 +5,7 @@
 #include <oleacc.h>
 
 #include "platform/win32/com.h"
-#include "platform/win32/wide.h"
+#include "platform/windows/wide.h"
 
 namespace win32 {
 

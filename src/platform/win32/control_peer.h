@@ -7,7 +7,7 @@
 #include "platform/win32/accessibility.h"
 #include "platform/win32/common_controls.h"
 #include "platform/win32/drawing.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/windows_api.h"
 
 namespace win32 {
 

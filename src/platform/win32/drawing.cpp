@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cwchar>
 
-#include "platform/win32/wide.h"
+#include "platform/windows/wide.h"
 
 namespace win32 {
 

@@ -5,7 +5,7 @@
 #include <type_traits>
 
 #include "forms/control.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/windows_api.h"
 
 /// Objects of the system's graphics that end with their owner, and the fonts of the forms.
 namespace win32 {

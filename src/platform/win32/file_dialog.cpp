@@ -7,13 +7,12 @@
 #include <algorithm>
 #include <optional>
 
-#include "platform/win32/wide.h"
+#include "platform/common/longest_name.h"
+#include "platform/windows/wide.h"
 
 namespace win32 {
 
 namespace {
-
-constexpr std::size_t longestName = 260;
 
 /// Shows the dialog once, with the name in the buffer. Nothing if the dialog would not take it.
 std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
@@ -22,7 +21,7 @@ std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
     std::wstring filter = platform::wide(question.filter + "|");
     std::replace(filter.begin(), filter.end(), L'|', L'\0');
     std::wstring name = offered;
-    name.resize(longestName + 1);
+    name.resize(platform::longestName + 1);
 
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
@@ -37,7 +36,7 @@ std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
         case FNERR_INVALIDFILENAME:
             return {};
         case FNERR_BUFFERTOOSMALL:
-            throw forms::RuntimeError("The file name is longer than 260 characters.");
+            throw forms::RuntimeError(std::string(platform::nameTooLong) + '.');
         default:
             return L"";
     }
@@ -47,7 +46,8 @@ std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
 
 std::string chooseFile(HWND owner, const forms::FileQuestion& question) {
     std::wstring offered = platform::wide(question.name);
-    if (offered.size() > longestName || offered.find_first_of(L"<>\"|?*") != std::wstring::npos)
+    if (offered.size() > platform::longestName ||
+        offered.find_first_of(L"<>\"|?*") != std::wstring::npos)
         offered.clear();
     const auto chosen = ask(owner, question, offered);
     return platform::narrow(chosen ? *chosen : ask(owner, question, L"").value_or(L""));

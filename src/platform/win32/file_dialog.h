@@ -3,7 +3,7 @@
 #include <string>
 
 #include "forms/application.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/windows_api.h"
 
 namespace win32 {
 

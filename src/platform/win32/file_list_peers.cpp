@@ -3,7 +3,7 @@
 #include "platform/win32/control_peer.h"
 #include "platform/win32/peers.h"
 #include "platform/win32/units.h"
-#include "platform/win32/wide.h"
+#include "platform/windows/wide.h"
 
 namespace win32 {
 

@@ -9,7 +9,7 @@
 #include "platform/win32/reflection.h"
 #include "platform/win32/tooltips.h"
 #include "platform/win32/units.h"
-#include "platform/win32/wide.h"
+#include "platform/windows/wide.h"
 
 namespace win32 {
 

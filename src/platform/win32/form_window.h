@@ -6,7 +6,7 @@
 #include "forms/form.h"
 #include "platform/win32/control_peer.h"
 #include "platform/win32/keyboard.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/windows_api.h"
 
 namespace win32 {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "forms/form.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/windows_api.h"
 
 namespace win32 {
 

@@ -1,6 +1,6 @@
 #include "forms/form.h"
 #include "platform/win32/peers.h"
-#include "platform/win32/wide.h"
+#include "platform/windows/wide.h"
 
 namespace win32 {
 

@@ -1,7 +1,7 @@
 #include "platform/win32/message_box.h"
 
-#include "platform/win32/wide.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_api.h"
 
 namespace win32 {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/win32/com.h"
-#include "platform/win32/wide.h"
+#include "platform/windows/wide.h"
 
 namespace win32 {
 

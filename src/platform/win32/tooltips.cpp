@@ -2,7 +2,7 @@
 
 #include "platform/win32/common_controls.h"
 #include "platform/win32/units.h"
-#include "platform/win32/wide.h"
+#include "platform/windows/wide.h"
 
 namespace win32 {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "forms/control.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/windows_api.h"
 
 /// Twips of the forms and pixels of the screen, of which there are `dpi` to the inch.
 namespace win32 {

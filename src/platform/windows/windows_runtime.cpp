@@ -1,19 +1,16 @@
-#include "platform/win32/win32_runtime.h"
+#include "platform/windows/windows_runtime.h"
 
 #include <algorithm>
 #include <cstring>
 #include <iterator>
 
-#include "core/module1.h"
 #include "core/text.h"
-#include "platform/win32/shell.h"
-#include "platform/win32/system_error.h"
-#include "platform/win32/wide.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/shell.h"
+#include "platform/windows/system_error.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_api.h"
 
 namespace platform {
-
-using core::RuntimeError;
 
 namespace {
 
@@ -83,24 +80,24 @@ bool isUnknown(DWORD error) {
 
 }  // namespace
 
-Win32Runtime::Win32Runtime(MessageBox messageBox) : messageBox_(std::move(messageBox)) {
+WindowsRuntime::WindowsRuntime(MessageBox messageBox) : CommonRuntime(std::move(messageBox)) {
     // A drive without a disk is an error of the operation, not a box of the system's.
     SetErrorMode(SEM_FAILCRITICALERRORS);
 }
 
-std::string Win32Runtime::AppPath() {
+std::string WindowsRuntime::AppPath() {
     const std::string program = textFrom(
         [](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); });
     return std::string(core::beforeLast(program, '\\'));
 }
 
-std::string Win32Runtime::TempPath() {
+std::string WindowsRuntime::TempPath() {
     const std::string folder =
         textFrom([](wchar_t* buffer, DWORD size) { return GetTempPathW(size, buffer); });
     return std::string(core::beforeLast(folder, '\\'));
 }
 
-std::string Win32Runtime::rtcDir(const std::string& path) {
+std::string WindowsRuntime::rtcDir(const std::string& path) {
     // The last three are further wildcards of the system.
     if (path.find_first_of("*?<>\"") != std::string::npos) return "";
     const Listing found(path);
@@ -108,7 +105,7 @@ std::string Win32Runtime::rtcDir(const std::string& path) {
     return found.valid() && !found.isFolder() && !found.isHidden() ? found.name() : "";
 }
 
-std::chrono::system_clock::time_point Win32Runtime::rtcFileDateTime(const std::string& path) {
+std::chrono::system_clock::time_point WindowsRuntime::rtcFileDateTime(const std::string& path) {
     using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
     constexpr Ticks from1601To1970(116'444'736'000'000'000);
     WIN32_FILE_ATTRIBUTE_DATA data = {};
@@ -123,52 +120,40 @@ std::chrono::system_clock::time_point Win32Runtime::rtcFileDateTime(const std::s
                                                                         from1601To1970));
 }
 
-void Win32Runtime::vbaFileOpen(const std::string& path, OpenMode mode) {
-    vbaFileClose();
-    if (mode == OpenMode::Input) {
-        input_ = core::FieldReader(inUtf8(readFile(path)));
-    } else {
-        output_ = openForOutput(path);
-        outputPath_ = path;
-    }
+std::string WindowsRuntime::readFile(const std::string& path) {
+    return inUtf8(platform::readFile(path));
 }
 
-void Win32Runtime::vbaFileClose() {
-    input_ = core::FieldReader("");
-    output_.reset();
+void WindowsRuntime::openOutput(const std::string& path) {
+    output_ = openForOutput(path);
 }
 
-void Win32Runtime::vbaPrintFile(const std::string& text) {
-    if (!output_) throw RuntimeError("Cannot write: no file is open for output");
-    write(output_, text + core::crlf, outputPath_);
+void WindowsRuntime::writeOutput(const std::string& text) {
+    write(output_, text, outputPath());
 }
 
-void Win32Runtime::vbaFileFlush() {
-    if (output_ && FlushFileBuffers(output_.get()) == FALSE) fail("write", outputPath_);
+void WindowsRuntime::vbaFileFlush() {
+    if (output_ && FlushFileBuffers(output_.get()) == FALSE) fail("write", outputPath());
 }
 
-void Win32Runtime::rtcKillFiles(const std::string& path) {
+void WindowsRuntime::rtcKillFiles(const std::string& path) {
     if (!insist([&] { return DeleteFileW(wide(path).c_str()) != FALSE; })) fail("delete", path);
 }
 
-void Win32Runtime::vbaNameFile(const std::string& from, const std::string& to) {
+void WindowsRuntime::vbaNameFile(const std::string& from, const std::string& to) {
     const bool renamed = insist([&] {
         return MoveFileExW(wide(from).c_str(), wide(to).c_str(), MOVEFILE_WRITE_THROUGH) != FALSE;
     });
     if (!renamed) fail("rename " + from + " to", to);
 }
 
-core::Runtime::Answer Win32Runtime::rtcMsgBox(const std::string& text, int flags,
-                                              const std::string& title) {
-    return messageBox_(text, flags, title.empty() ? core::appTitle : title);
-}
-
-void Win32Runtime::rtcShell(const std::string& command, int windowStyle) {
+void WindowsRuntime::rtcShell(const std::string& command, int windowStyle) {
     startCommand(command, windowStyle == maximisedFocus);
 }
 
-std::string Win32Runtime::rtcGetSetting(const std::string& application, const std::string& section,
-                                        const std::string& key, const std::string& byDefault) {
+std::string WindowsRuntime::rtcGetSetting(const std::string& application,
+                                          const std::string& section, const std::string& key,
+                                          const std::string& byDefault) {
     const std::wstring place = settingsKey(application, section);
     const std::wstring name = wide(key);
     const auto read = [&](void* value, DWORD& size) {
@@ -182,8 +167,8 @@ std::string Win32Runtime::rtcGetSetting(const std::string& application, const st
     return narrow(value.c_str());
 }
 
-void Win32Runtime::rtcSaveSetting(const std::string& application, const std::string& section,
-                                  const std::string& key, const std::string& value) {
+void WindowsRuntime::rtcSaveSetting(const std::string& application, const std::string& section,
+                                    const std::string& key, const std::string& value) {
     const std::wstring text = wide(value);
     const LSTATUS result = RegSetKeyValueW(
         HKEY_CURRENT_USER, settingsKey(application, section).c_str(), wide(key).c_str(), REG_SZ,
@@ -191,13 +176,13 @@ void Win32Runtime::rtcSaveSetting(const std::string& application, const std::str
     if (result != ERROR_SUCCESS) fail("store", key, static_cast<DWORD>(result));
 }
 
-std::string Win32Runtime::GetShortPathName(const std::string& path) {
+std::string WindowsRuntime::GetShortPathName(const std::string& path) {
     return textFrom([name = wide(path)](wchar_t* buffer, DWORD size) {
         return GetShortPathNameW(name.c_str(), buffer, size);
     });
 }
 
-std::vector<std::string> Win32Runtime::drives() {
+std::vector<std::string> WindowsRuntime::drives() {
     std::vector<std::string> names;
     const DWORD present = GetLogicalDrives();
     for (char letter = 'a'; letter <= 'z'; ++letter)
@@ -205,11 +190,11 @@ std::vector<std::string> Win32Runtime::drives() {
     return names;
 }
 
-std::string Win32Runtime::currentFolder() {
+std::string WindowsRuntime::currentFolder() {
     return textFrom([](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); });
 }
 
-std::vector<std::string> Win32Runtime::folders(const std::string& path) {
+std::vector<std::string> WindowsRuntime::folders(const std::string& path) {
     std::vector<std::string> names;
     Listing entry(path + (path.ends_with('\\') ? "*" : "\\*"));
     // The root of an empty drive holds nothing at all.
@@ -222,9 +207,9 @@ std::vector<std::string> Win32Runtime::folders(const std::string& path) {
     return names;
 }
 
-std::optional<core::Runtime::RegistryKey> Win32Runtime::RegOpenKeyEx(std::uint32_t root,
-                                                                     const std::string& name,
-                                                                     std::uint32_t access) {
+std::optional<core::Runtime::RegistryKey> WindowsRuntime::RegOpenKeyEx(std::uint32_t root,
+                                                                       const std::string& name,
+                                                                       std::uint32_t access) {
     // The system's roots are 32-bit numbers, widened with their sign.
     const auto parent =
         reinterpret_cast<HKEY>(static_cast<std::intptr_t>(static_cast<std::int32_t>(root)));
@@ -233,8 +218,8 @@ std::optional<core::Runtime::RegistryKey> Win32Runtime::RegOpenKeyEx(std::uint32
     return reinterpret_cast<RegistryKey>(key);
 }
 
-std::optional<core::Runtime::RegistryValue> Win32Runtime::RegQueryValueEx(RegistryKey key,
-                                                                          const std::string& name) {
+std::optional<core::Runtime::RegistryValue> WindowsRuntime::RegQueryValueEx(
+    RegistryKey key, const std::string& name) {
     constexpr std::size_t most = 1024;
     RegistryValue value{0, std::string(most * sizeof(wchar_t), '\0')};
     DWORD type = 0;
@@ -254,7 +239,7 @@ std::optional<core::Runtime::RegistryValue> Win32Runtime::RegQueryValueEx(Regist
     return value;
 }
 
-void Win32Runtime::RegCloseKey(RegistryKey key) {
+void WindowsRuntime::RegCloseKey(RegistryKey key) {
     ::RegCloseKey(reinterpret_cast<HKEY>(key));
 }
 

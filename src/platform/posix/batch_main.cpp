@@ -11,7 +11,7 @@
 #include <iostream>
 #include <iterator>
 
-#include "platform/linux/batch_interpreter.h"
+#include "platform/posix/batch_interpreter.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/linux/invocation.h"
+#include "platform/posix/invocation.h"
 
 #include <fcntl.h>
 #include <spawn.h>

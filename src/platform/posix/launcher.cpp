@@ -1,4 +1,4 @@
-#include "platform/linux/launcher.h"
+#include "platform/posix/launcher.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -6,10 +6,10 @@
 #include <fstream>
 
 #include "core/runtime.h"
-#include "platform/linux/argument_map.h"
-#include "platform/linux/case_fold.h"
-#include "platform/linux/desktop_entry.h"
-#include "platform/linux/text_editor.h"
+#include "platform/posix/argument_map.h"
+#include "platform/posix/case_fold.h"
+#include "platform/posix/search_path.h"
+#include "platform/posix/text_editor.h"
 
 namespace platform {
 

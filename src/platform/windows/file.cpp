@@ -1,10 +1,10 @@
-#include "platform/win32/file.h"
+#include "platform/windows/file.h"
 
 #include <array>
 
-#include "platform/win32/system_error.h"
-#include "platform/win32/wide.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/system_error.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_api.h"
 
 namespace platform {
 

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "platform/linux/command_line.h"
-#include "platform/linux/invocation.h"
-#include "platform/linux/windows_disk.h"
+#include "platform/posix/command_line.h"
+#include "platform/posix/invocation.h"
+#include "platform/posix/windows_disk.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/linux/windows_disk.h"
+#include "platform/posix/windows_disk.h"
 
 #include <sys/stat.h>
 
@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/linux/case_fold.h"
+#include "platform/posix/case_fold.h"
 
 namespace platform {
 

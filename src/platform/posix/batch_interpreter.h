@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/linux/batch_script.h"
-#include "platform/linux/launcher.h"
-#include "platform/linux/windows_disk.h"
+#include "platform/posix/batch_script.h"
+#include "platform/posix/launcher.h"
+#include "platform/posix/windows_disk.h"
 
 namespace platform {
 

@@ -1,11 +1,11 @@
-#include "platform/linux/argument_map.h"
+#include "platform/posix/argument_map.h"
 
 #include <filesystem>
 #include <system_error>
 
 #include "core/runtime.h"
 #include "core/text.h"
-#include "platform/linux/case_fold.h"
+#include "platform/posix/case_fold.h"
 
 namespace platform {
 

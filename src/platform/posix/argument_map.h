@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/windows_disk.h"
+#include "platform/posix/windows_disk.h"
 
 namespace platform {
 

@@ -1,15 +1,15 @@
-#include "platform/win32/shell.h"
+#include "platform/windows/shell.h"
 
 #include <algorithm>
 #include <cwchar>
 
 #include "core/runtime.h"
 #include "core/text.h"
-#include "platform/win32/file.h"
-#include "platform/win32/script_reading.h"
-#include "platform/win32/system_error.h"
-#include "platform/win32/wide.h"
-#include "platform/win32/windows_api.h"
+#include "platform/windows/file.h"
+#include "platform/windows/script_reading.h"
+#include "platform/windows/system_error.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_api.h"
 
 namespace platform {
 

@@ -1,8 +1,8 @@
-#include "platform/win32/system_error.h"
+#include "platform/windows/system_error.h"
 
-#include "core/runtime.h"
-#include "platform/win32/wide.h"
-#include "platform/win32/windows_api.h"
+#include "platform/common/common_runtime.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_api.h"
 
 namespace platform {
 
@@ -22,7 +22,7 @@ void fail(const std::string& doing, const std::string& path) {
 }
 
 void fail(const std::string& doing, const std::string& path, unsigned long error) {
-    throw core::RuntimeError("Cannot " + doing + ' ' + path + ": " + textOf(error));
+    failTo(doing, path, textOf(error));
 }
 
 }  // namespace platform

@@ -1,4 +1,4 @@
-#include "platform/linux/batch_interpreter.h"
+#include "platform/posix/batch_interpreter.h"
 
 #include <unistd.h>
 
@@ -13,7 +13,7 @@
 
 #include "core/runtime.h"
 #include "core/text.h"
-#include "platform/linux/case_fold.h"
+#include "platform/posix/case_fold.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/linux/folder_cache.h"
+#include "platform/posix/folder_cache.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -9,7 +9,7 @@
 #include <ctime>
 #include <memory>
 
-#include "platform/linux/case_fold.h"
+#include "platform/posix/case_fold.h"
 
 namespace platform {
 

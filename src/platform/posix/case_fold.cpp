@@ -1,4 +1,4 @@
-#include "platform/linux/case_fold.h"
+#include "platform/posix/case_fold.h"
 
 #include <QString>
 #include <QStringDecoder>

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/linux/drives.h"
-#include "platform/linux/folder_cache.h"
+#include "platform/posix/drives.h"
+#include "platform/posix/folder_cache.h"
 
 namespace platform {
 

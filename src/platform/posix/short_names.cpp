@@ -1,10 +1,10 @@
-#include "platform/linux/short_names.h"
+#include "platform/posix/short_names.h"
 
 #include <algorithm>
 #include <tuple>
 #include <unordered_set>
 
-#include "platform/linux/case_fold.h"
+#include "platform/posix/case_fold.h"
 
 namespace platform {
 

@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/linux/short_names.h"
+#include "platform/posix/short_names.h"
 
 namespace platform {
 

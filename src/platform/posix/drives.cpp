@@ -1,11 +1,11 @@
-#include "platform/linux/drives.h"
+#include "platform/posix/drives.h"
 
 #include <QDir>
 #include <QStandardPaths>
 #include <filesystem>
 #include <system_error>
 
-#include "platform/linux/case_fold.h"
+#include "platform/posix/case_fold.h"
 
 namespace platform {
 

@@ -1,10 +1,10 @@
-#include "platform/linux/batch_script.h"
+#include "platform/posix/batch_script.h"
 
 #include <algorithm>
 
 #include "core/text.h"
-#include "platform/linux/case_fold.h"
-#include "platform/linux/command_line.h"
+#include "platform/posix/case_fold.h"
+#include "platform/posix/command_line.h"
 
 namespace platform {
 

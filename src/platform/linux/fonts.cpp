@@ -1,0 +1,11 @@
+#include "platform/linux/fonts.h"
+
+#include <fontconfig/fontconfig.h>
+
+namespace platform {
+
+void lookUpFonts() {
+    FcInit();
+}
+
+}  // namespace platform
