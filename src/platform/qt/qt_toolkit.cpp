@@ -4,8 +4,11 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QIcon>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QRegularExpression>
 #include <QTimer>
+#include <QUrl>
 
 #include "platform/common/longest_name.h"
 #include "platform/qt/file_filter.h"
@@ -37,6 +40,37 @@ OfferedName offeredName(const std::string& text) {
     return {match.captured(1), match.captured(2)};
 }
 
+/// A file dialog that knows Windows paths and drives.
+class FileDialog : public QFileDialog {
+  public:
+    FileDialog(QWidget& owner, const PathMap& toHost) : QFileDialog(&owner), toHost_(toHost) {
+        QList<QUrl> places = sidebarUrls();
+        for (char drive = 'a'; drive <= 'z'; ++drive) {
+            const std::string root = toHost(std::string(1, drive) + ":\\");
+            if (!root.empty()) places << QUrl::fromLocalFile(QString::fromStdString(root));
+        }
+        setSidebarUrls(places);
+    }
+
+    void accept() override {
+        auto* edit = findChild<QLineEdit*>("fileNameEdit");
+        static const QRegularExpression drive("^[a-zA-Z]:");
+        if (edit && drive.match(edit->text()).hasMatch()) {
+            const std::string path = toHost_(edit->text().toStdString());
+            if (path.empty()) {
+                QMessageBox::warning(this, windowTitle(),
+                                     "There is no drive " + edit->text().left(2));
+                return;
+            }
+            edit->setText(QString::fromStdString(path));
+        }
+        QFileDialog::accept();
+    }
+
+  private:
+    const PathMap& toHost_;
+};
+
 QIcon programIcon() {
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
@@ -64,10 +98,13 @@ std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion&
     const OfferedName offered = offeredName(question.name);
     if (!offered.folder.isEmpty()) {
         const QString folder = QString::fromStdString(toHost_(offered.folder.toStdString()));
-        if (QDir(folder).exists()) folder_ = folder;
+        if (folder.isEmpty())
+            folder_ = QDir::homePath();
+        else if (QDir(folder).exists())
+            folder_ = folder;
     }
 
-    QFileDialog dialog(&dynamic_cast<FormWindow&>(*owner.window()).widget());
+    FileDialog dialog(dynamic_cast<FormWindow&>(*owner.window()).widget(), toHost_);
     dialog.setWindowTitle(QString::fromStdString(question.title));
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
