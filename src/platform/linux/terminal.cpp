@@ -52,7 +52,6 @@ constexpr auto known = std::to_array<Terminal>({
     {"alacritty", "", "-o 'window.startup_mode=\"Maximized\"'", "-e"},
     {"stterm", "", "-g 400x200", "-e"},
     {"st", "", "-g 400x200", "-e"},
-    {"urxvt", "", "", "-e"},
 });
 constexpr Terminal unknown = {"", "", "", "-e"};
 
