@@ -5,9 +5,9 @@
 #include "dialogs/locations_dialog.h"
 #include "docs/frm_about.h"
 #include "docs/system_info.h"
-#include "model.h"
+#include "fakes.h"
 
-using namespace model;
+using namespace fakes;
 using core::AppState;
 
 namespace {
@@ -15,25 +15,15 @@ namespace {
 const std::string ini = "c:\\nwb\\nwbw.ini";
 const std::string bkp = "c:\\nwb\\nwbwini.bkp";
 
-struct Dialogs : testing::Test {
-    Desk desk;
-    FakeRuntime& runtime = desk.runtime;
-    FakeToolkit& toolkit = desk.toolkit;
-    AppState& state = desk.program.state;
-    console::frmConsole& form = desk.open();
+using Boxes = std::vector<FakeRuntime::Box>;
+
+struct Dialogs : testing::Test, Desk {
+    console::frmConsole& form = open();
 
     template <typename Kind>
     void nextDialog(const std::function<void(Kind&)>& user) {
         toolkit.users.emplace_back(
             [user](forms::Form& shown) { user(dynamic_cast<Kind&>(shown)); });
-    }
-    /// The boxes shown since the last call, each as its flags and its text.
-    std::string boxes() {
-        std::string texts;
-        for (const auto& box : std::exchange(runtime.boxes, {})) {
-            texts += std::to_string(box.flags) + " " + box.text + "|";
-        }
-        return texts;
     }
 };
 
@@ -80,16 +70,15 @@ std::string browse(forms::Form& form, FakeToolkit& toolkit) {
 }
 
 TEST_F(Dialogs, EveryTextIsWordedAsAgreed) {
-    auto& application = desk.application;
     auto& list = form.compile.lstInclude;
-    auto& programs = application.load<dialogs::frmSettings>(desk.program);
-    auto& others = application.load<dialogs::frmSettings2>(desk.program);
+    auto& programs = application.load<dialogs::frmSettings>(program);
+    auto& others = application.load<dialogs::frmSettings2>(program);
     std::string lines;
     for (forms::Form* shown : std::initializer_list<forms::Form*>{
              &form, &application.load<docs::frmSplash>([] {}),
-             &application.load<docs::frmAbout>(desk.program), &programs, &others,
-             &application.load<dialogs::frmIncludeList>(desk.program, list),
-             &application.load<dialogs::frmIncludeAdd>(desk.program, list)})
+             &application.load<docs::frmAbout>(program), &programs, &others,
+             &application.load<dialogs::frmIncludeList>(program, list),
+             &application.load<dialogs::frmIncludeAdd>(program, list)})
         lines += wording(*shown);
     form.play.chkPlayback.Value = 1;
     form.spelling.chkOutputfile.Value = 1;
@@ -140,6 +129,15 @@ TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
     }
 }
 
+using Names = std::vector<std::string>;
+
+Names entries(const forms::ListBox& list) {
+    Names entries;
+    for (int i = 0; i < list.ListCount(); ++i)
+        entries.push_back(list.List(i));
+    return entries;
+}
+
 TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
     using List = dialogs::frmIncludeList;
     form.tbsOptions.pick(2);
@@ -161,19 +159,18 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
             EXPECT_FALSE(list.btnChange.Enabled || list.btnDelete.Enabled || list.btnUp.Enabled);
             EXPECT_EQ(std::exchange(toolkit.focused, ""), "List1");
         };
-        const auto move = [&](int index, forms::Button& button, const std::string& moved) {
+        const auto move = [&](int index, forms::Button& button, int to, const Names& moved) {
             list.List1.pick(index);
             button.click();
-            std::string order = std::to_string(list.List1.ListIndex);
-            for (int i = 0; i < list.List1.ListCount(); ++i)
-                order += list.List1.List(i);
-            EXPECT_EQ(order + boxes(), moved);
+            EXPECT_EQ(list.List1.ListIndex, to);
+            EXPECT_EQ(entries(list.List1), moved);
         };
-        move(0, list.btnUp, "0abcde");
-        move(4, list.btnDown, "4abcde");
-        move(0, list.btnDown, "1bacde");
-        move(1, list.btnUp, "0abcde");
-        move(4, list.btnUp, "3abced");
+        move(0, list.btnUp, 0, {"a", "b", "c", "d", "e"});
+        move(4, list.btnDown, 4, {"a", "b", "c", "d", "e"});
+        move(0, list.btnDown, 1, {"b", "a", "c", "d", "e"});
+        move(1, list.btnUp, 0, {"a", "b", "c", "d", "e"});
+        move(4, list.btnUp, 3, {"a", "b", "c", "e", "d"});
+        EXPECT_EQ(runtime.newBoxes(), Boxes{});
         for (int index : {3, 0, 0, 1})
             remove(index);
         add(list.btnAdd, "c:\\n w");
@@ -184,9 +181,11 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
         list.pressDefault();
     });
     form.compile.btnModifyIncludes.click();
-    EXPECT_EQ(state.IncludeFolders[2] + state.IncludeFolders[3], "d") << "only the end is marked";
+    EXPECT_EQ((Names(state.IncludeFolders.begin(), state.IncludeFolders.begin() + 5)),
+              (Names{"changed", "c:\\n w", "", "d", "e"}))
+        << "only the end is marked";
     EXPECT_TRUE(runtime.files[ini].text.ends_with(lines("|changed|c:\\n w")));
-    EXPECT_EQ(form.compile.lstInclude.List(0) + form.compile.lstInclude.List(1), "changedc:\\n w");
+    EXPECT_EQ(entries(form.compile.lstInclude), (Names{"changed", "c:\\n w"}));
     EXPECT_NE(form.compile.txtCmdline.Text().find("\"\" -Include \"\" -Include \"\" "),
               std::string::npos);
 
@@ -194,9 +193,9 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
     nextDialog<List>([&](List& list) {
         for (int i = 2; i < core::mostIncludes; ++i)
             add(list.btnAdd, "f");
-        EXPECT_EQ(boxes(), "");
+        EXPECT_EQ(runtime.newBoxes(), Boxes{});
         list.btnAdd.click();
-        EXPECT_EQ(boxes(), "0 The search list is full. It can hold 20 folders.|");
+        EXPECT_EQ(runtime.newBoxes(), Boxes{{"The search list is full. It can hold 20 folders."}});
         list.pressCancel();
     });
     form.compile.btnModifyIncludes.click();
@@ -208,7 +207,8 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
     using Add = dialogs::frmIncludeAdd;
     form.tbsOptions.pick(2);
     runtime.tree = {{R"(c:\)", {"nwb", "Games"}}, {R"(c:\nwb)", {"b", "A"}}, {R"(c:\nwb\A)", {}},
-                    {R"(c:\Games)", {}},          {R"(d:\)", {"lib"}},       {R"(D:\lib)", {}}};
+                    {R"(c:\Games)", {}},          {R"(d:\)", {"lib"}},       {R"(D:\lib)", {}},
+                    {R"(z:\)", {"lib"}},          {R"(z:\lib)", {}}};
     const std::string nwb = runtime.current;
     const auto edit = [&](const std::string& folder, const std::function<void(Add&)>& user) {
         state.IncludeFolders = {folder.empty() ? "entry" : folder};
@@ -219,40 +219,44 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
         });
         form.compile.btnModifyIncludes.click();
     };
-    const std::string noX = R"(0 Folder x:\y not found.|)";
     const struct {
-        std::string current, folder, path, text, boxes;
+        std::string current, folder, path, text;
+        std::size_t told = 0;  // how often the folder is said to be missing
     } cases[] = {
-        {nwb, "", nwb, "", ""},
-        {R"(\\host\share)", "", R"(c:\)", "", ""},
-        {nwb, R"(games\lib)", nwb, R"(games\lib)", ""},
-        {nwb, R"(c:\Games)", R"(c:\Games)", R"(c:\Games)", ""},
-        {nwb, R"(D:\lib)", R"(D:\lib)", R"(D:\lib)", ""},
-        {nwb, R"(d:\nosuch)", R"(c:\)", R"(c:\)", R"(0 Folder d:\nosuch not found.|)"},
-        {nwb, R"(e:\x)", R"(c:\)", R"(c:\)", R"(0 Folder e:\x not found.|)"},
-        {R"(c:\)", R"(d:\nosuch)", R"(d:\)", R"(d:\)", R"(0 Folder d:\nosuch not found.|)"},
-        {R"(c:\)", R"(x:\y)", R"(c:\)", R"(x:\y)", noX + noX + noX},
+        {nwb, "", nwb, ""},
+        {R"(\\host\share)", "", R"(c:\)", ""},
+        {nwb, R"(games\lib)", nwb, R"(games\lib)"},
+        {nwb, R"(c:\Games)", R"(c:\Games)", R"(c:\Games)"},
+        {nwb, "c:/Games/", R"(c:\Games)", R"(c:\Games)"},
+        {nwb, R"(D:\lib)", R"(D:\lib)", R"(D:\lib)"},
+        {nwb, "z:", R"(z:\)", R"(z:\)"},
+        {nwb, R"(z:\lib)", R"(z:\lib)", R"(z:\lib)"},
+        {nwb, R"(d:\nosuch)", R"(c:\)", R"(c:\)", 1},
+        {nwb, R"(e:\x)", R"(c:\)", R"(c:\)", 1},
+        {R"(c:\)", R"(d:\nosuch)", R"(d:\)", R"(d:\)", 1},
+        {R"(c:\)", R"(x:\y)", R"(c:\)", R"(x:\y)", 3},
     };
     for (const auto& c : cases) {
         runtime.current = c.current;
         edit(c.folder, [&](Add& add) {
             EXPECT_EQ(add.Dir1.Path(), c.path);
-            EXPECT_EQ(add.Drive1.Drive(), std::tolower(c.path[0]) == 'd' ? "d:" : "c:");
+            EXPECT_EQ(add.Drive1.Drive(), std::string({c.path[0] == 'D' ? 'd' : c.path[0], ':'}));
             EXPECT_EQ(add.txtFolder.Text(), c.text);
-            EXPECT_EQ(boxes(), c.boxes) << c.folder;
+            EXPECT_EQ(runtime.newBoxes(), Boxes(c.told, {"Folder " + c.folder + " not found."}));
         });
     }
     runtime.current = nwb;
     edit("", [&](Add& add) {
-        std::string names;
+        Names names;
         for (const auto& row : add.Dir1.rows())
-            names += std::string(row.depth, '>') + row.name;
-        EXPECT_EQ(names, R"(c:\>nwb>>A>>b)");
+            names.push_back(std::string(row.depth, '>') + row.name);
+        EXPECT_EQ(names, (Names{R"(c:\)", ">nwb", ">>A", ">>b"}));
         add.Dir1.choose(2);
         EXPECT_EQ(add.txtFolder.Text(), R"(c:\nwb\A)");
         add.Drive1.pick(2);
-        EXPECT_EQ(boxes(), R"(48 Cannot open e:\|)");
-        EXPECT_EQ(add.Drive1.Drive() + add.Dir1.Path(), R"(c:c:\nwb\A)");
+        EXPECT_EQ(runtime.newBoxes(), (Boxes{{R"(Cannot open e:\)", 48}}));
+        EXPECT_EQ(add.Drive1.Drive(), "c:");
+        EXPECT_EQ(add.Dir1.Path(), R"(c:\nwb\A)");
         add.Drive1.pick(1);
         EXPECT_EQ(add.txtFolder.Text(), R"(d:\)");
         add.txtFolder.type("typed");
@@ -262,17 +266,26 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
     });
     runtime.tree.erase(R"(c:\)");
     edit(R"(d:\nosuch)", [](Add&) {});
-    const std::string told = boxes();
-    EXPECT_NE(told.find(R"(48 Cannot open c:\)"), std::string::npos);
-    EXPECT_EQ(told.find(R"(48 Cannot open c:\)"), told.rfind("48 "));
+    const FakeRuntime::Box once = {R"(Cannot open c:\)", 48};
+    EXPECT_EQ(std::count(runtime.boxes.begin(), runtime.boxes.end(), once), 1);
 }
 
 TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
+    auto& help = form.help;
+    const std::pair<forms::MenuItem*, std::string AppState::*> own[] = {
+        {&help.mnuHelpManual, &AppState::ManualHtmlPath},
+        {&help.mnuHelpManPDF, &AppState::ManualPdfPath},
+        {&help.mnuHelpTutorial, &AppState::TutorialPath}};
+    for (const auto& [item, path] : own) {
+        state.*path = "document";
+        form.tbsOptions.pick(2);
+        EXPECT_FALSE(item->usable()) << "only from the next start on";
+        help.fitToPaths();
+        EXPECT_TRUE(item->usable());
+    }
     state.ManualHtmlPath = "m.html";
     state.ManualPdfPath = "m.pdf";
     state.TutorialPath = "t.htm";
-    form.help.fitToPaths();
-    auto& help = form.help;
     const std::pair<forms::MenuItem*, std::string> documents[] = {
         {&help.mnuHelpStart, R"(c:\nwb\GettingStarted.htm)"},
         {&help.mnuHelpContents, R"(c:\nwb\default.htm)"},
@@ -287,58 +300,45 @@ TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
         const bool pdf = document == "m.pdf";
         state.BrowserPath = state.AcrobatPath = "";
         item->click();
-        EXPECT_EQ(boxes(), std::string(pdf ? "0 Acrobat Reader" : "0 Web Browser") +
-                               " program  not found. Please correct program location in Settings "
-                               "menu.|");
+        EXPECT_EQ(runtime.newBoxes(),
+                  (Boxes{{std::string(pdf ? "Acrobat Reader" : "Web Browser") +
+                          " program  not found. Please correct program location in Settings "
+                          "menu."}}));
         runtime.files[state.BrowserPath = "b.exe"];
         runtime.files[state.AcrobatPath = "a.exe"];
         item->click();
-        EXPECT_EQ(runtime.shells.back(),
-                  std::string(pdf ? R"(1 "a.exe" ")" : R"(1 "b.exe" ")") + document + "\"");
-    }
-}
-
-TEST(Help, ADocumentOpensToChoiceByItsOwnPathAndOnlyAtTheStart) {
-    std::string AppState::*const paths[] = {&AppState::ManualHtmlPath, &AppState::ManualPdfPath,
-                                            &AppState::TutorialPath};
-    for (auto path : paths) {
-        Desk desk;
-        desk.program.state.*path = "document";
-        auto& help = desk.open().help;
-        const forms::MenuItem* items[] = {&help.mnuHelpManual, &help.mnuHelpManPDF,
-                                          &help.mnuHelpTutorial};
-        for (auto changed : paths)
-            desk.program.state.*changed = changed == path ? "" : "later";
-        desk.form->tbsOptions.pick(2);
-        for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(items[i]->usable(), paths[i] == path) << items[i]->name;
+        EXPECT_EQ(
+            runtime.shells.back(),
+            (FakeRuntime::Shell{1, (pdf ? R"("a.exe" ")" : R"("b.exe" ")") + document + '"'}));
     }
 }
 
 TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
     auto& path = runtime.registry[R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)"];
     auto& folder = runtime.registry[R"(SOFTWARE\Microsoft\Shared Tools Location)"];
-    const auto press = [&] {
+    const auto expectStarted = [&](const std::string& program) {
         nextDialog<docs::frmAbout>([](docs::frmAbout& about) {
             EXPECT_EQ(about.lblVersion.Caption(), "Version " NWBW_VERSION);
             about.cmdSysInfo.click();
             EXPECT_TRUE(about.pressCancel() && about.unloaded());
         });
-        runtime.shells.clear();
         form.help.mnuHelpAbout.click();
         EXPECT_EQ(runtime.keysOpen, 0);
-        return boxes() + (runtime.shells.empty() ? "" : runtime.shells[0]);
+        const bool none = program.empty();
+        EXPECT_EQ(runtime.newBoxes(),
+                  Boxes(none, {"System Information Is Unavailable At This Time"}));
+        EXPECT_EQ(std::exchange(runtime.shells, {}),
+                  std::vector(none ? 0 : 1, FakeRuntime::Shell{1, program}));
     };
-    const std::string unavailable = "0 System Information Is Unavailable At This Time|";
-    EXPECT_EQ(press(), unavailable);
+    expectStarted("");
     folder["MSINFO"] = {1, std::string("d:\\tools\0junk", 13)};
-    EXPECT_EQ(press(), unavailable);
+    expectStarted("");
     runtime.files[R"(d:\tools\MSINFO32.EXE)"];
-    EXPECT_EQ(press(), R"(1 d:\tools\MSINFO32.EXE)");
+    expectStarted(R"(d:\tools\MSINFO32.EXE)");
     path["PATH"] = {1, R"(c:\info.exe)"};
-    EXPECT_EQ(press(), R"(1 c:\info.exe)");
+    expectStarted(R"(c:\info.exe)");
     runtime.failAt = runtime.calls + 1;
-    EXPECT_EQ(press(), unavailable) << "a start that fails is told in the same words";
+    expectStarted("");  // a start that fails is told in the same words
 
     const std::string key = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
     path["N"] = {4, std::string("\x05\x01\x00\x00", 4)};

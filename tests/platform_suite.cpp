@@ -10,7 +10,7 @@
 #include <chrono>
 
 #include "core/text.h"
-#include "model.h"
+#include "fakes.h"
 
 namespace {
 
@@ -160,7 +160,7 @@ TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
     for (const char* other : {"ed", "ed.exe", "notepad.exe"})
         fs::copy_file(NWBW_ECHO_CHILD, place / "tools" / other);
     setVariable("VISUAL", "ed");
-    model::FakeToolkit toolkit;
+    fakes::FakeToolkit toolkit;
     std::string box;
     forms::Application application(toolkit, [&](const std::string& text) { box = text; });
     core::Program workbench{runtime, application, {}};

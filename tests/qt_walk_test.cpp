@@ -118,7 +118,7 @@ struct WindowWalk : testing::Test {
         Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Backspace, Qt::Key_Home, Qt::Key_Left,
         Qt::Key_Colon,  Qt::Key_Period, Qt::Key_Backslash, Qt::Key_Tab};
     const QTemporaryDir folder;
-    model::FakeRuntime runtime;
+    fakes::FakeRuntime runtime;
     qt::QtToolkit toolkit{[this](const std::string&) { return folder.path().toStdString(); },
                           [this](const std::string&) { return names[any(names.size())]; }};
     forms::Application application{

@@ -1,7 +1,7 @@
 #include "core/settings_file.h"
-#include "model.h"
+#include "fakes.h"
 
-using namespace model;
+using namespace fakes;
 using core::AppState;
 
 namespace {
@@ -52,24 +52,14 @@ std::string fields(const AppState& state) {
     return all;
 }
 
-struct Settings : testing::Test {
-    Desk desk;
-    FakeRuntime& runtime = desk.runtime;
-    AppState& state = desk.program.state;
+using Boxes = std::vector<FakeRuntime::Box>;
 
+struct Settings : testing::Test, Desk {
     /// Loads the file; gives the fields that it sets.
     std::string load(const std::string& path, const std::string& text) {
         runtime.files[path].text = text;
-        core::LoadSettings(desk.program);
+        core::LoadSettings(program);
         return fields(state);
-    }
-    /// The box that was shown last, its style in front of its text.
-    std::string box() {
-        if (runtime.boxes.empty()) return "";
-        const auto last = runtime.boxes.back();
-        EXPECT_EQ(last.title, "");
-        runtime.boxes.clear();
-        return std::to_string(last.flags) + " " + last.text;
     }
 };
 
@@ -77,9 +67,9 @@ TEST_F(Settings, EachLineIsTheFieldThatItShouldBe) {
     for (const std::string& hidden : flags) {
         const std::string text = lines(header + texts + hidden + " 2 | 3 " + folders);
         EXPECT_EQ(load(ini, text), texts + hidden + " 2 | 3 " + folders);
-        EXPECT_EQ(box(), "");
+        EXPECT_EQ(runtime.newBoxes(), Boxes{});
         runtime.files[bkp].text = "older";
-        core::SaveSettings(desk.program);
+        core::SaveSettings(program);
         EXPECT_EQ(runtime.files[ini].text, text);
         EXPECT_EQ(runtime.files[bkp].text, text);
         EXPECT_EQ(runtime.files.size(), 2u);
@@ -90,25 +80,25 @@ TEST_F(Settings, TheOlderFormatIsReadAndLeftAlone) {
     const std::string old = lines(beta3Header + texts + "lib");
     runtime.files[tmp].text = sample;  // not cut off between the renames: there is no backup
     EXPECT_EQ(load(beta3, old), texts + "|||| 1 | 1 |lib") << "an empty path stays empty";
-    EXPECT_EQ(
-        box(),
-        "0 Your NWB/w settings file is for Beta Release 3. It will be saved in the new format "
-        "when you close NWB/w.");
-    core::SaveSettings(desk.program);
+    EXPECT_EQ(runtime.newBoxes(),
+              (Boxes{{"Your NWB/w settings file is for Beta Release 3. It will be saved in the new "
+                      "format when you close NWB/w."}}));
+    core::SaveSettings(program);
     EXPECT_EQ(runtime.files[beta3].text, old);
     EXPECT_EQ(runtime.files[ini].text, lines(header + texts + "|||| 1 | 1 |lib"))
         << "flags that nothing has set are empty lines";
 }
 
 TEST_F(Settings, WithoutAGoodFileTheDefaultsServe) {
-    core::LoadSettings(desk.program);
-    EXPECT_EQ(fields(state) + box(), defaults + "0 " + notFound);
+    core::LoadSettings(program);
+    EXPECT_EQ(fields(state), defaults);
+    EXPECT_EQ(runtime.newBoxes(), Boxes{{notFound}});
     EXPECT_EQ(load(beta3, lines("'norvane" + beta3Header.substr(8) + texts)), defaults);
-    EXPECT_EQ(box(), "0 " + unknown);
+    EXPECT_EQ(runtime.newBoxes(), Boxes{{unknown}});
     runtime.files[beta3].text = lines(beta3Header + texts);  // is not looked at
     for (const char* wrong : {"'1.0 NORVANE Workbench'\r\nx", "", "rubbish\r\n1\r\n2"}) {
         EXPECT_EQ(load(ini, wrong), defaults) << wrong;
-        EXPECT_EQ(box(), "0 " + unknown);
+        EXPECT_EQ(runtime.newBoxes(), Boxes{{unknown}});
     }
 }
 
@@ -137,12 +127,12 @@ TEST_F(Settings, ATextKeepsWhatItsLineCanHold) {
         state = {};
         state.CompilerPath = typed;
         state.IncludeFolders = {"one", typed, "two"};
-        core::SaveSettings(desk.program);
+        core::SaveSettings(program);
         const auto with = [](const std::string& text) {
             return text + nothing + "|one" + (text.empty() ? "" : "|" + text) + "|two";
         };
         EXPECT_EQ(runtime.files[ini].text, lines(header + with(line)));
-        core::LoadSettings(desk.program);
+        core::LoadSettings(program);
         EXPECT_EQ(fields(state), with(std::regex_replace(line, std::regex("^\"|\"$"), "")));
     }
 }
@@ -156,37 +146,6 @@ std::string settingsOn(const std::map<std::string, FakeRuntime::File>& disk) {
     return desk.runtime.files[ini].text;
 }
 
-TEST_F(Settings, ASaveThatFailsLeavesWhatItShould) {
-    const std::string whole = lines(header + nothing);
-    const struct {
-        std::string operation, backup, left;
-    } fromTheLastCallOn[] = {{"vbaNameFile", "", whole},
-                             {"vbaNameFile", "", whole},
-                             {"rtcDir", "", whole},
-                             {"rtcKillFiles", "older", whole},
-                             {"rtcDir", "older", whole},
-                             {"vbaFileClose", "older", whole},
-                             {"vbaFileFlush", "older", whole.substr(0, whole.size() / 2)},
-                             {"vbaPrintFile", "older", ""}};
-    runtime.files = {{bkp, {"older"}}, {ini, {sample}}};
-    core::SaveSettings(desk.program);
-    int calls = runtime.calls;
-    for (const auto& row : fromTheLastCallOn) {
-        runtime.files = {{bkp, {"older"}}, {ini, {sample}}};
-        runtime.failAt = runtime.calls + calls--;
-        core::SaveSettings(desk.program);
-        EXPECT_EQ(box(), "48 " + row.operation + " failed");
-        EXPECT_EQ(runtime.files[ini].text, sample) << row.operation;
-        EXPECT_EQ(runtime.files[bkp].text, row.backup) << row.operation;
-        EXPECT_EQ(runtime.files[tmp].text, row.left) << row.operation;
-    }
-    runtime.files = {{bkp, {"older"}}};
-    runtime.failAt = runtime.calls + 1;
-    core::SaveSettings(desk.program);
-    EXPECT_EQ(box(), "48 vbaFileOpen failed");
-    EXPECT_EQ(runtime.files[bkp].text, "older") << "the only file there is";
-}
-
 /// A run of the whole program whose user confirms a dialog and turns to the tab Spelling. True if
 /// it could load.
 bool work(FakeRuntime& runtime) {
@@ -195,7 +154,7 @@ bool work(FakeRuntime& runtime) {
     console::Workbench workbench(runtime, toolkit);
     workbench.start();
     const bool loaded = runtime.boxes.empty() || runtime.boxes.back().flags != 48 ||
-                        runtime.lastBox().starts_with("48 NWB/w cannot write");
+                        runtime.boxes.back().text.starts_with("NWB/w cannot write");
     forms::Application& application = workbench.application();
     application.Forms(0).keyPress('x');
     auto& form = dynamic_cast<console::frmConsole&>(application.Forms(0));
@@ -240,6 +199,7 @@ TEST_F(Settings, AFailureOrKillAtAnyCallOfARunLosesNothing) {
             };
             const bool loaded = work(runtime);
             ASSERT_EQ(boxes([](const auto& box) { return box.flags == 48; }), 1) << call;
+            EXPECT_TRUE(runtime.files.contains(ini) || !disk.contains(ini)) << call;
             EXPECT_TRUE(loaded || runtime.files[ini].text == bare.files[ini].text) << "no half";
             runtime.failAt = runtime.calls + 50;  // while a later save writes
             work(runtime);

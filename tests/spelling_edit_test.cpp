@@ -1,6 +1,6 @@
-#include "model.h"
+#include "fakes.h"
 
-using namespace model;
+using namespace fakes;
 
 namespace {
 
@@ -8,49 +8,23 @@ const std::string klex = R"(c:\kelm\programs\klex.exe)";
 const std::string word = R"(C:\Program Files\Microsoft Office\Office\Winword.exe)";
 const std::string script = R"(c:\nwb\~kelmcon.bat)";
 
-struct Spelling : testing::Test {
-    Desk desk;
-    FakeRuntime& runtime = desk.runtime;
-    core::AppState& state = desk.program.state;
+using Boxes = std::vector<FakeRuntime::Box>;
+
+struct Spelling : testing::Test, Desk {
     console::frmConsole& form = [this]() -> console::frmConsole& {
         state.ExtractorPath = klex;
         state.WordProcessorPath = word;
         state.StartTab = 4;
-        return desk.open();
+        return open();
     }();
     tools::SpellingPanel& panel = form.spelling;
     tools::EditPanel& edit = form.edit;
 
-    std::string boxAfter(forms::Button& button) {
-        runtime.boxes.clear();
+    Boxes boxesAfter(forms::Button& button) {
         button.click();
-        EXPECT_LE(runtime.boxes.size(), 1u);
-        return runtime.lastBox();
+        return runtime.newBoxes();
     }
 };
-
-TEST_F(Spelling, TheOptionsMakeTheCommands) {
-    const std::string tool = "\"" + klex + "\" ";
-    const std::string viewer = "|\"" + word + "\"  ";
-    const std::string quest = R"(C:|cd "\Games\Quest\"|)" + tool + "mygame";
-    panel.txtFnameS.type(R"(C:\Games\Quest\mygame.kel)");
-    EXPECT_EQ(panel.txtCmdlineS.Text(), lines(quest + " -FF -PC" + viewer + "mygame.txt"));
-    for (forms::Control* option : std::initializer_list<forms::Control*>{
-             &panel.chkOverwrite, &panel.chkLineNum, &panel.optCodes(2), &panel.optParam(3),
-             &panel.chkAutoOpen, &panel.chkOutputfile}) {
-        option->click();
-    }
-    panel.txtFnameO.type("words.txt");
-    EXPECT_EQ(panel.txtCmdlineS.Text(), lines(quest + " -OO -FR -PR -NL  -OFwords.txt"));
-
-    runtime.shortNames[R"(D:\My Games\thelongadventure.kelm)"] = R"(D:\MYGAME~1\THELON~1.KEL)";
-    panel.txtFnameS.type(R"(D:\My Games\thelongadventure.kelm)");
-    panel.txtFnameO.type(R"(D:\out\words.txt)");
-    panel.chkAutoOpen.click();
-    EXPECT_EQ(panel.txtCmdlineS.Text(), lines(R"(D:|cd "\My Games\"|)" + tool +
-                                              R"(THELON~1 -OO -FR -PR -NL  -OFD:\out\words.txt)" +
-                                              viewer + R"(D:\out\words.txt)"));
-}
 
 TEST_F(Spelling, TheNameOfTheOutputIsOnesOwnOrTheSources) {
     panel.txtFnameS.type("quest.kel");
@@ -75,39 +49,41 @@ TEST_F(Spelling, TheChecksStandInTheirOrder) {
     std::string& shortPath = runtime.shortNames[R"(c:\g\longer name.kelm)"];
     shortPath = R"(c:\g\LONGER~1.KEL)";
     panel.txtFnameS.type(R"(c:\g\longer name.kelm)");
-    EXPECT_EQ(boxAfter(panel.btnExtract), "KLex program " + klex + settings);
+    EXPECT_EQ(boxesAfter(panel.btnExtract), (Boxes{{"KLex program " + klex + settings}}));
     state.ExtractorPath.clear();
-    EXPECT_EQ(boxAfter(panel.btnExtract), "KLex program " + settings);
+    EXPECT_EQ(boxesAfter(panel.btnExtract), (Boxes{{"KLex program " + settings}}));
     runtime.files[state.ExtractorPath = klex];
-    EXPECT_EQ(boxAfter(panel.btnExtract),
-              "Wordprocessing program " + word +
-                  " not found. Please change the program location in the Settings menu or just "
-                  "turn off 'open in wordprocessor' option on this panel.");
+    EXPECT_EQ(boxesAfter(panel.btnExtract),
+              (Boxes{{"Wordprocessing program " + word +
+                      " not found. Please change the program location in the Settings menu or just "
+                      "turn off 'open in wordprocessor' option on this panel."}}));
     panel.chkAutoOpen.click();
     form.compile.txtFname.Text = R"(d:\other.kel)";  // leaves its stem with the script
-    EXPECT_EQ(boxAfter(panel.btnExtract),
-              R"x(Kelm source code file "c:\g\longer name.kel(m)" not found)x");
+    EXPECT_EQ(boxesAfter(panel.btnExtract),
+              (Boxes{{R"x(Kelm source code file "c:\g\longer name.kel(m)" not found)x"}}));
     for (const char* file : {R"(c:\g\longer name.kelm)", R"(c:\g\longer name.txt)", "mine.txt"}) {
         runtime.files[file];
     }
-    EXPECT_EQ(boxAfter(panel.btnExtract), R"(Output file "c:\g\longer name.txt")" + hint);
+    EXPECT_EQ(boxesAfter(panel.btnExtract),
+              (Boxes{{R"(Output file "c:\g\longer name.txt")" + hint}}));
     panel.chkOutputfile.click();
     panel.txtFnameO.type("mine.txt");
-    EXPECT_EQ(boxAfter(panel.btnExtract), "Output file \"mine.txt\"" + hint);
+    EXPECT_EQ(boxesAfter(panel.btnExtract), (Boxes{{"Output file \"mine.txt\"" + hint}}));
     panel.txtFnameO.type("");
-    EXPECT_EQ(boxAfter(panel.btnExtract), "") << "an empty name is no file";
+    EXPECT_EQ(boxesAfter(panel.btnExtract), Boxes{}) << "an empty name is no file";
     panel.txtFnameO.type("mine.txt");
     panel.chkOverwrite.click();
-    EXPECT_EQ(boxAfter(panel.btnExtract), "");
-    EXPECT_EQ(runtime.shells, std::vector<std::string>(2, "1 \"" + script + "\""));
+    EXPECT_EQ(boxesAfter(panel.btnExtract), Boxes{});
+    EXPECT_EQ(runtime.shells, std::vector(2, FakeRuntime::Shell{1, "\"" + script + "\""}));
     EXPECT_EQ(runtime.files[script].text,
               lines(R"(c:|cd "\g\"|")" + klex + "\" LONGER~1 -OO -FF -PC  -OFmine.txt|"));
     shortPath = R"(c:\g\longer name.kelm)";  // its drive keeps no short names
-    EXPECT_EQ(
-        boxAfter(panel.btnExtract),
-        R"(48 The file "c:\g\longer name.kelm" cannot be given to the tool: its drive keeps no )"
-        "short form of the name, and the tool would take a name with blanks for several. Give "
-        "the file a name of at most eight characters, or one without blanks.");
+    EXPECT_EQ(boxesAfter(panel.btnExtract),
+              (Boxes{{R"(The file "c:\g\longer name.kelm" cannot be given to the tool: its drive )"
+                      "keeps no short form of the name, and the tool would take a name with blanks "
+                      "for several. Give the file a name of at most eight characters, or one "
+                      "without blanks.",
+                      48}}));
     EXPECT_EQ(runtime.shells.size(), 2u);
 }
 
@@ -118,20 +94,20 @@ TEST_F(Spelling, TheEditorIsStartedDirectly) {
     const std::string pfe = R"(C:\Program Files\PFE\PFE32.exe)";
     form.tbsOptions.pick(1);
     edit.txtFnameE.type(R"(c:\my games\cave.kel)");
-    EXPECT_EQ(boxAfter(edit.btnEdit), "") << "without an editor Notepad serves";
+    EXPECT_EQ(boxesAfter(edit.btnEdit), Boxes{}) << "without an editor Notepad serves";
     state.EditorPath = pfe;
     edit.optEditWith(0).click();
     EXPECT_TRUE(edit.optEditWith(1).Value) << "the editor counts when the tab is next selected";
     form.tbsOptions.pick(1);
     edit.optEditWith(0).click();
-    EXPECT_EQ(boxAfter(edit.btnEdit), "Text Editor program " + pfe + missing);
+    EXPECT_EQ(boxesAfter(edit.btnEdit), (Boxes{{"Text Editor program " + pfe + missing}}));
     runtime.files[pfe];
     EXPECT_TRUE(form.pressDefault());
     EXPECT_EQ(runtime.shells,
-              (std::vector<std::string>{R"(1 notepad c:\my games\cave.kel)",
-                                        "1 \"" + pfe + R"(" "c:\my games\cave.kel")"}));
+              (std::vector<FakeRuntime::Shell>{{1, R"(notepad c:\my games\cave.kel)"},
+                                               {1, "\"" + pfe + R"(" "c:\my games\cave.kel")"}}));
     state.EditorPath.clear();
-    EXPECT_EQ(boxAfter(edit.btnEdit), "Text Editor program " + missing);
+    EXPECT_EQ(boxesAfter(edit.btnEdit), (Boxes{{"Text Editor program " + missing}}));
     EXPECT_FALSE(runtime.files.contains(script));
 }
 

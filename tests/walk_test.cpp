@@ -5,14 +5,14 @@
 #include "forms/file_lists.h"
 #include "rules.h"
 
-using namespace model;
+using namespace fakes;
 
 namespace {
 
 /// A user who does anything that the topmost form lets one do.
-class Walker {
+class RandomUser {
   public:
-    explicit Walker(Desk& desk) : desk_(desk) {}
+    explicit RandomUser(Desk& desk) : desk_(desk) {}
 
     int actions = 0;
 
@@ -21,13 +21,13 @@ class Walker {
         const auto controls = form.allControls();
         switch (any(12)) {
             case 0:
-                form.keyDown(9, any(8));
+                strikeTab(form);
                 break;
             case 1:
                 form.pressDefault();
                 break;
             case 2:
-                if (&form != desk_.form) form.pressCancel();
+                if (&form != desk_.opened) form.pressCancel();
                 break;
             default:
                 touch(*controls[any(controls.size())]);
@@ -36,9 +36,46 @@ class Walker {
 
     std::size_t any(std::size_t count) { return random_() % count; }
 
+    /// Ctrl turns to the next tab of the console, Ctrl and Shift to the one before.
+    void strikeTab(forms::Form& form) {
+        auto& tabs = desk_.opened->tbsOptions;
+        const int shift = static_cast<int>(any(8));
+        const int before = tabs.SelectedItem;
+        form.keyDown(9, shift);
+        form.keyDown('A', shift);
+        const bool turns = &form == desk_.opened && shift & forms::ctrlMask;
+        const int by = !turns ? 0 : shift & forms::shiftMask ? 3 : 1;
+        ASSERT_EQ(tabs.SelectedItem, (before - 1 + by) % 4 + 1);
+        if (turns) expectFitted();
+    }
+
+    /// A selected tab offers only what the paths allow.
+    void expectFitted() {
+        auto& form = *desk_.opened;
+        const bool editor = !desk_.state.EditorPath.empty();
+        const bool word = !desk_.state.WordProcessorPath.empty();
+        switch (form.tbsOptions.SelectedItem) {
+            case 1:
+                ASSERT_EQ(form.edit.optEditWith(0).Enabled, editor);
+                ASSERT_TRUE(editor || form.edit.optEditWith(1).Value);
+                break;
+            case 2:
+                ASSERT_EQ(form.compile.optEditor(1).Enabled, editor);
+                ASSERT_TRUE(editor || form.compile.optEditor(3).Value);
+                break;
+            case 4:
+                ASSERT_EQ(form.spelling.chkAutoOpen.Enabled, word);
+                ASSERT_TRUE(word || !form.spelling.chkAutoOpen.Value);
+                break;
+            default:
+                break;
+        }
+    }
+
     void touch(forms::Control& control) {
         desk_.toolkit.fileChosen = any(2) ? names_[any(names_.size())] : "";
         desk_.runtime.answer = any(2) ? core::Runtime::Answer::Yes : core::Runtime::Answer::No;
+        desk_.runtime.failAt = any(4) ? -1 : desk_.runtime.calls + 1 + static_cast<int>(any(10));
         const int row = static_cast<int>(any(20));
         if (auto* text = dynamic_cast<forms::TextBox*>(&control))
             text->type(names_[any(names_.size())]);
@@ -47,6 +84,7 @@ class Walker {
         if (auto* folders = dynamic_cast<forms::FolderList*>(&control)) folders->choose(row % 4);
         if (auto* tabs = dynamic_cast<forms::TabStrip*>(&control)) tabs->pick(1 + row % 4);
         if (control.name != "mnuFileExit") control.click();
+        if (&control == &desk_.opened->tbsOptions) expectFitted();
     }
 
   private:
@@ -63,7 +101,7 @@ class Walker {
                                              "much too long.kel"};
 };
 
-TEST(Walk, RandomActionsOverAllFormsKeepEveryRuleAndNoMemory) {
+TEST(FormWalk, RandomActionsOverAllFormsKeepEveryRuleAndNoMemory) {
     const int most = endurance::setting("NWBW_ACTIONS", 50000);
     Desk desk;
     for (const char* file : {"c:\\games\\cave.kel", "c:\\games\\cave.kcd", "d:\\tool.exe",
@@ -72,27 +110,31 @@ TEST(Walk, RandomActionsOverAllFormsKeepEveryRuleAndNoMemory) {
     }
     desk.runtime.tree["d:\\"] = {};  // e: cannot be read
     auto& form = desk.open();
-    auto& state = desk.program.state;
-    Walker walker(desk);
+    auto& state = desk.state;
+    RandomUser user(desk);
     int modals = 0;
     int deepest = 0;
     desk.toolkit.anyUser = [&](forms::Form& modal) {
         ++modals;
         deepest = std::max(deepest, desk.application.Count());
         for (int steps = 0; steps < 40 && !modal.unloaded(); ++steps)
-            walker.step(modal);
+            user.step(modal);
     };
     std::size_t commands = 0;
     std::size_t settled = 0;
-    while (walker.actions < most) {
+    while (user.actions < most) {
         const int before = modals;
-        walker.step(form);
+        user.step(form);
         rules::expectAll(form, state, modals != before);
         ASSERT_EQ(desk.application.Count(), 1);
         if (HasFatalFailure()) return;
+        const bool failed = desk.runtime.calls >= desk.runtime.failAt && desk.runtime.failAt > 0;
+        ASSERT_TRUE(!failed || desk.runtime.shells.empty()) << "no half a script starts";
+        desk.runtime.failAt = -1;
+        ASSERT_TRUE(!failed || !desk.runtime.boxes.empty());
         desk.runtime.boxes.clear();
         commands += std::exchange(desk.runtime.shells, {}).size();
-        if (settled == 0 && walker.actions > most / 10) settled = endurance::heapInUse();
+        if (settled == 0 && user.actions > most / 10) settled = endurance::heapInUse();
     }
     // The texts come and go; a form or a handler kept by each dialog would take far more.
     EXPECT_LE(endurance::heapInUse(), settled + 16384);

@@ -9,7 +9,7 @@
 #include "platform/windows/wide.h"
 #include "rules.h"
 
-using namespace model;
+using namespace fakes;
 
 namespace {
 
@@ -104,7 +104,7 @@ TEST_F(Windows, KeysReachTheModel) {
     press(WM_CHAR, 'q');
     EXPECT_EQ(form->compile.txtFname.Text(), "q");
     press(WM_KEYDOWN, VK_RETURN);
-    EXPECT_EQ(runtime.lastBox().substr(0, 11), "Kelm source");
+    EXPECT_EQ(runtime.boxes.back().text.substr(0, 11), "Kelm source");
     press(WM_KEYDOWN, VK_TAB, VK_CONTROL);
     EXPECT_EQ(GetFocus(), windowOf(form->play.txtFnameP));
     press(WM_SYSCHAR, 'r', VK_MENU);

@@ -131,6 +131,10 @@ void frmConsole::Form_Unload() {
     }
     // Dispatched alone: if the store fails, the files and options are still saved.
     application().dispatch([this] { storePlace(); });
+    save();
+}
+
+void frmConsole::save() {
     storeToState();
     core::SaveSettings(program_);
 }

@@ -20,6 +20,9 @@ class frmConsole : public forms::Form {
     void Form_Unload() override;
     void Form_KeyDown(int keyCode, int shift) override;
 
+    /// Brings what the console shows to the state and the settings file.
+    void save();
+
   private:
     void mnuFileExit_Click() { Unload(); }
     void mnuOptionsPrograms_Click();

@@ -6,10 +6,12 @@
 namespace console {
 
 Workbench::Workbench(core::Runtime& runtime, forms::Toolkit& toolkit)
-    : application_(toolkit,
-                   [&runtime](const std::string& text) {
-                       runtime.rtcMsgBox(text, core::Runtime::exclamation);
-                   }),
+    : application_(
+          toolkit,
+          [&runtime](const std::string& text) {
+              runtime.rtcMsgBox(text, core::Runtime::exclamation);
+          },
+          [this] { saveAtBug(); }),
       program_{runtime, application_, {}} {}
 
 void Workbench::start() {
@@ -23,7 +25,13 @@ void Workbench::start() {
 }
 
 void Workbench::openConsole() {
-    application_.load<frmConsole>(program_).Show();
+    console_ = &application_.load<frmConsole>(program_);
+    console_->Show();
+}
+
+void Workbench::saveAtBug() {
+    // Before the console is filled the file holds more than the program; once it is gone, as much.
+    if (console_ && application_.Count() > 0) console_->save();
 }
 
 }  // namespace console

@@ -5,6 +5,8 @@
 
 namespace console {
 
+class frmConsole;
+
 /// The whole program above its platform, assembled once for all systems.
 class Workbench {
   public:
@@ -18,9 +20,11 @@ class Workbench {
 
   private:
     void openConsole();
+    void saveAtBug();
 
     forms::Application application_;
     core::Program program_;
+    frmConsole* console_ = nullptr;  ///< once it is filled
 };
 
 }  // namespace console

@@ -1,26 +1,41 @@
 #include "forms/application.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/form.h"
 
 namespace forms {
 
-Application::Application(Toolkit& toolkit, std::function<void(const std::string&)> tellError)
-    : toolkit_(toolkit), tellError_(std::move(tellError)) {}
+Application::Application(Toolkit& toolkit, std::function<void(const std::string&)> tellError,
+                         std::function<void()> saveAtBug)
+    : toolkit_(toolkit), tellError_(std::move(tellError)), saveAtBug_(std::move(saveAtBug)) {}
 
 Application::~Application() = default;
 
 void Application::dispatch(const std::function<void()>& handler) {
-    ++depth_;
-    try {
-        handler();
-    } catch (const std::exception& error) {
-        tellError_(error.what());
-    }
-    if (--depth_ > 0) return;
+    run(handler);
+    if (depth_ > 0) return;
     gone_.clear();
     if (open_.empty()) toolkit_.quit();
+}
+
+void Application::run(const std::function<void()>& handler) {
+    struct Running {
+        explicit Running(int& depth) : depth(depth) { ++depth; }
+        ~Running() { --depth; }
+        int& depth;
+    };
+    const Running running(depth_);
+    try {
+        handler();
+    } catch (const RuntimeError& error) {
+        tellError_(error.what());
+    } catch (const std::exception&) {
+        // Once: on its way out the bug passes the boundary of each outer handler too.
+        if (const auto save = std::exchange(saveAtBug_, nullptr)) save();
+        throw;
+    }
 }
 
 void Application::add(std::unique_ptr<Form> form) {

@@ -53,13 +53,15 @@ class Toolkit {
 /// Owns the open forms and is the single entry point for user actions.
 class Application {
   public:
-    /// tellError shows the text of a failed operation to the user.
-    Application(Toolkit& toolkit, std::function<void(const std::string&)> tellError);
+    /// tellError shows the text of a failed operation to the user. saveAtBug runs before a bug
+    /// ends the program, at most once.
+    Application(Toolkit& toolkit, std::function<void(const std::string&)> tellError,
+                std::function<void()> saveAtBug = nullptr);
     ~Application();
 
-    /// Runs a handler for an action of the user or the window system. A failed operation ends the
-    /// handler, is shown to the user and is not rethrown. Unloaded forms are destroyed when the
-    /// outermost handler has returned.
+    /// Runs a handler for an action of the user or the window system. A RuntimeError ends the
+    /// handler, is shown to the user and is not rethrown; any other exception is a bug and passes
+    /// on. Unloaded forms are destroyed when the outermost handler has returned.
     void dispatch(const std::function<void()>& handler);
 
     /// Creates a form, adds it to the open forms and runs its Form_Load. The window stays hidden.
@@ -80,11 +82,13 @@ class Application {
 
   private:
     friend class Form;
+    void run(const std::function<void()>& handler);
     void add(std::unique_ptr<Form> form);
     void remove(Form& form);
 
     Toolkit& toolkit_;
     std::function<void(const std::string&)> tellError_;
+    std::function<void()> saveAtBug_;
     std::vector<std::unique_ptr<Form>> open_;
     std::vector<std::unique_ptr<Form>> gone_;  ///< unloaded; handlers may still be running
     Form* active_ = nullptr;                   ///< the form that was activated last

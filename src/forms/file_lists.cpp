@@ -59,7 +59,8 @@ void DriveList::select(const std::string& drive) {
 }
 
 void DriveList::pick(int index) {
-    act([&] { select(drives_.at(index)); });
+    if (index >= 0 && index < static_cast<int>(drives_.size()))
+        act([&] { select(drives_[index]); });
 }
 
 FolderList::FolderList(Container& parent, Definition definition, Disk& disk)

@@ -51,7 +51,9 @@ Drives Drives::ofUser() {
 
 Drives::Drives(std::string prefix) : prefix_(std::move(prefix)) {
     std::error_code failed;
-    for (const auto& link : fs::directory_iterator(fs::path(prefix_) / linksFolder, failed)) {
+    fs::directory_iterator links(fs::path(prefix_) / linksFolder, failed);
+    for (; links != fs::directory_iterator(); links.increment(failed)) {
+        const fs::directory_entry& link = *links;
         const std::string name = link.path().filename().string();
         if (name.size() != 2 || !isLetter(name[0]) || name[1] != ':') continue;
         const fs::path target = fs::canonical(link.path(), failed);

@@ -31,7 +31,7 @@ ControlPeer::~ControlPeer() {
 }
 
 LRESULT CALLBACK ControlPeer::procedure(HWND /*window*/, UINT message, WPARAM first, LPARAM second,
-                                        UINT_PTR /*id*/, DWORD_PTR peer) {
+                                        UINT_PTR /*id*/, DWORD_PTR peer) noexcept {
     return reinterpret_cast<ControlPeer*>(peer)->handle(message, first, second);
 }
 

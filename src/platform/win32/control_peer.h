@@ -129,7 +129,7 @@ class ControlPeer : public forms::Peer {
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second,
-                                      UINT_PTR id, DWORD_PTR peer);
+                                      UINT_PTR id, DWORD_PTR peer) noexcept;
     void takeFont(const Style& style);
 
     forms::Control& control_;

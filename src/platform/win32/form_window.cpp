@@ -244,7 +244,8 @@ void FormWindow::choose(int menuItem) {
     if (position >= 0 && position < static_cast<int>(controls.size())) controls[position]->click();
 }
 
-LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first,
+                                       LPARAM second) noexcept {
     FormWindow* form = of(window);
     return form ? form->handle(message, first, second)
                 : DefWindowProcW(window, message, first, second);

@@ -41,7 +41,9 @@ class FormWindow : public forms::WindowPeer {
     Keyboard& keyboard() { return keyboard_; }
 
   private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+    // A bug ends the program here: the system lets no exception through.
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first,
+                                      LPARAM second) noexcept;
     LRESULT handle(UINT message, WPARAM first, LPARAM second);
     static HWND makeWindow(const forms::Form& form);
 

@@ -18,7 +18,7 @@
 #include "pages.h"
 
 /// The program without a window and without a disk, for the tests.
-namespace model {
+namespace fakes {
 
 /// A platform held in memory. Keeps what the program did, answers as it is told, and can fail.
 class FakeRuntime : public core::Runtime {
@@ -29,11 +29,22 @@ class FakeRuntime : public core::Runtime {
     };
     struct Box {
         std::string text;
-        int flags;
-        std::string title;
+        int flags = okOnly;
+        std::string title = {};
         bool operator==(const Box&) const = default;
     };
+    struct Shell {
+        int style;
+        std::string command;
+        bool operator==(const Shell&) const = default;
+    };
     struct Killed {};
+    /// How a box with an exclamation mark begins: as a failure of the platform, or as one of the
+    /// program's own two. A bug tells no box.
+    static inline const std::regex failures{
+        "^((rtc|vba)[A-Za-z]+ failed|File already exists$|File not found$|Permission denied$|"
+        "The file is open$|Cannot open |There is no drive |"
+        "The file \".*\" cannot be given to the tool|NWB/w cannot write to its folder )"};
 
     std::map<std::string, File> files;
     std::map<std::string, std::string> shortNames;  ///< of paths that exist
@@ -43,7 +54,7 @@ class FakeRuntime : public core::Runtime {
     std::string current = "c:\\nwb";  ///< folder
     int keysOpen = 0;
     std::vector<Box> boxes;
-    std::vector<std::string> shells;  ///< commands started, each behind its style and a blank
+    std::vector<Shell> shells;  ///< commands started
     Answer answer = Answer::Yes;
     std::function<void()> whileBoxIsOpen;
     int calls = 0;          ///< file operations so far
@@ -51,13 +62,8 @@ class FakeRuntime : public core::Runtime {
     int failAt = -1;        ///< the call of this number fails, counted from 1
     int killAt = -1;        ///< before the call of this number the process ends
 
-    /// The text of the last box, behind its style and a blank unless it is a plain one, and with
-    /// its own title, if it has one, in front of all.
-    std::string lastBox() const {
-        if (boxes.empty()) return "";
-        const Box& box = boxes.back();
-        return box.title + (box.flags != 0 ? std::to_string(box.flags) + ' ' : "") + box.text;
-    }
+    /// The boxes shown since the last call.
+    std::vector<Box> newBoxes() { return std::exchange(boxes, {}); }
 
     std::string AppPath() override { return "c:\\nwb"; }
     std::string TempPath() override { return "c:\\temp"; }
@@ -67,7 +73,7 @@ class FakeRuntime : public core::Runtime {
     }
     std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override {
         step("rtcFileDateTime");
-        return std::chrono::system_clock::time_point(std::chrono::seconds(files.at(path).changed));
+        return std::chrono::system_clock::time_point(std::chrono::seconds(file(path).changed));
     }
     void vbaFileOpen(const std::string& path, OpenMode mode) override {
         step("vbaFileOpen");
@@ -76,7 +82,7 @@ class FakeRuntime : public core::Runtime {
         open_ = path;
         printed_.clear();
         if (mode == OpenMode::Output) files[unflushed_ = path].text.clear();
-        reader_ = core::FieldReader(files.at(path).text);
+        reader_ = core::FieldReader(file(path).text);
     }
     void vbaFileClose() override {
         step("vbaFileClose");
@@ -109,12 +115,14 @@ class FakeRuntime : public core::Runtime {
         if (files.contains(to)) throw core::RuntimeError("File already exists");
         EXPECT_NE(from, open_) << "no open file can be renamed on Windows";
         EXPECT_NE(from, unflushed_) << "a power cut could leave nothing behind the new name";
-        files[to] = files.at(from);
+        files[to] = file(from);
         files.erase(from);
     }
     Answer rtcMsgBox(const std::string& text, int flags, const std::string& title) override {
         boxes.push_back({text, flags, title});
-        if (flags != exclamation) {
+        if (flags == exclamation) {
+            EXPECT_TRUE(std::regex_search(text, failures)) << text;
+        } else {
             EXPECT_TRUE(pages::explains(text)) << text;
         }
         if (whileBoxIsOpen) whileBoxIsOpen();
@@ -122,7 +130,7 @@ class FakeRuntime : public core::Runtime {
     }
     void rtcShell(const std::string& command, int style) override {
         step("rtcShell");
-        shells.push_back(std::to_string(style) + " " + command);
+        shells.push_back({style, command});
     }
     std::string rtcGetSetting(const std::string&, const std::string&, const std::string& key,
                               const std::string& byDefault) override {
@@ -137,7 +145,7 @@ class FakeRuntime : public core::Runtime {
     std::string GetShortPathName(const std::string& path) override {
         return shortNames.contains(path) ? shortNames[path] : "";
     }
-    std::vector<std::string> drives() override { return {"c:", "d:", "e:"}; }
+    std::vector<std::string> drives() override { return {"c:", "d:", "e:", "z:"}; }
     std::string currentFolder() override { return current; }
     std::vector<std::string> folders(const std::string& path) override {
         if (!tree.contains(path)) throw core::RuntimeError("Cannot open " + path);
@@ -157,6 +165,10 @@ class FakeRuntime : public core::Runtime {
     void RegCloseKey(RegistryKey) override { --keysOpen; }
 
   private:
+    File& file(const std::string& path) {
+        if (!files.contains(path)) throw core::RuntimeError("File not found");
+        return files[path];
+    }
     void step(const std::string& operation) {
         if (++calls == killAt) throw Killed();
         if (calls == failAt) throw core::RuntimeError(operation + " failed");
@@ -214,21 +226,22 @@ class FakeToolkit : public forms::Toolkit {
     };
 };
 
-/// A console as it stands after the start, with the state that the test sets beforehand.
+/// The program with its console open, on the state that the test sets beforehand.
 struct Desk {
     FakeRuntime runtime;
     FakeToolkit toolkit;
     forms::Application application{
         toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
     core::Program program{runtime, application, {}};
-    console::frmConsole* form = nullptr;
+    core::AppState& state = program.state;
+    console::frmConsole* opened = nullptr;
 
     console::frmConsole& open() {
         application.dispatch([this] {
-            form = &application.load<console::frmConsole>(program);
-            form->Show();
+            opened = &application.load<console::frmConsole>(program);
+            opened->Show();
         });
-        return *form;
+        return *opened;
     }
 };
 
@@ -237,4 +250,4 @@ inline std::string lines(const std::string& texts) {
     return std::regex_replace(texts, std::regex("\\|"), "\r\n") + "\r\n";
 }
 
-}  // namespace model
+}  // namespace fakes
