@@ -42,9 +42,11 @@ class FakeRuntime : public core::Runtime {
     /// How a box with an exclamation mark begins: as a failure of the platform, or as one of the
     /// program's own two. A bug tells no box.
     static inline const std::regex failures{
-        "^((rtc|vba)[A-Za-z]+ failed|File already exists$|File not found$|Permission denied$|"
+        "^((rtc|vba)[A-Za-z]+ failed|File already exists$|File not "
+        "found$|Permission denied$|"
         "The file is open$|Cannot open |There is no drive |"
-        "The file \".*\" cannot be given to the tool|NWB/w cannot write to its folder )"};
+        "The file \".*\" cannot be given to the tool|NWB/w cannot write to its "
+        "folder )"};
 
     std::map<std::string, File> files;
     std::map<std::string, std::string> shortNames;  ///< of paths that exist
@@ -64,6 +66,12 @@ class FakeRuntime : public core::Runtime {
 
     /// The boxes shown since the last call.
     std::vector<Box> newBoxes() { return std::exchange(boxes, {}); }
+    /// True if that is one box, which begins so. The pages hold the texts to the letter.
+    bool told(const std::string& start, int flags = okOnly, const std::string& title = "") {
+        const auto shown = newBoxes();
+        return shown.size() == 1 && shown[0].text.starts_with(start) && shown[0].flags == flags &&
+               shown[0].title == title;
+    }
 
     std::string AppPath() override { return "c:\\nwb"; }
     std::string TempPath() override { return "c:\\temp"; }

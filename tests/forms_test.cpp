@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "fakes.h"
-#include "forms/fit.h"
 
 using namespace forms;
 
@@ -13,34 +12,29 @@ class Sample : public Form {
         : Form(application, "Sample", {.keyPreview = true}), log(events) {}
 
     std::vector<std::string>& log;
-    Frame frame{*this, {.name = "frame", .caption = "Options", .place = wide}};
-    CheckBox chk{frame, {.name = "chk", .caption = "&Tick", .place = wide, .event = [this] {
+    Frame frame{*this, {.name = "frame", .caption = "Options"}};
+    CheckBox chk{frame, {.name = "chk", .caption = "&Tick", .event = [this] {
                              log.emplace_back("chk in");
                              if (chk.Value) txt.Text = "set";
                              log.emplace_back("chk out");
                          }}};
-    ControlArray<OptionButton> opt{frame,
-                                   "opt",
-                                   {{.index = 1, .caption = "&One", .place = wide, .ticked = true},
-                                    {.index = 3, .caption = "&Three", .place = wide}},
-                                   [this](int i) { log.push_back("opt " + std::to_string(i)); }};
-    Label label{*this, {.name = "label", .caption = "Name", .place = wide}};
-    Label title{*this, {.name = "title", .caption = "Large", .font = {.points = 40}}};
-    TextBox txt{*this, {.name = "txt", .text = "start", .place = wide, .event = [this] {
+    ControlArray<OptionButton> opt{
+        frame,
+        "opt",
+        {{.index = 1, .caption = "&One", .ticked = true}, {.index = 3, .caption = "&Three"}},
+        [this](int i) { log.push_back("opt " + std::to_string(i)); }};
+    Label label{*this, {.name = "label", .caption = "Name"}};
+    TextBox txt{*this, {.name = "txt", .text = "start", .event = [this] {
                             log.push_back("txt " + txt.Text());
                         }}};
     ListBox list{*this, {.name = "list", .event = [this] { log.emplace_back("list"); }}};
-    TabStrip tabs{*this, {.name = "tabs", .place = wide}, {{"A", ""}, {"BCD", ""}}};
-    Button ok{*this,
-              {.name = "ok", .caption = "&OK", .place = wide, .isDefault = true, .event = [this] {
-                   log.emplace_back("ok");
-                   throw RuntimeError("no such drive");
-               }}};
-    Button bug{*this, {.name = "bug", .place = wide, .event = [this] { list.RemoveItem(0); }}};
-    Button later{frame, {.name = "later", .caption = "&Later", .place = wide, .isDefault = true}};
-
-  private:
-    static constexpr Place wide = {0, 0, 15000, 255};
+    TabStrip tabs{*this, {.name = "tabs"}, {{"A", ""}, {"BCD", ""}}};
+    Button ok{*this, {.name = "ok", .caption = "&OK", .isDefault = true, .event = [this] {
+                          log.emplace_back("ok");
+                          throw RuntimeError("no such drive");
+                      }}};
+    Button bug{*this, {.name = "bug", .event = [this] { list.RemoveItem(0); }}};
+    Button later{frame, {.name = "later", .caption = "&Later", .isDefault = true}};
 };
 
 struct Forms : testing::Test {
@@ -102,47 +96,6 @@ TEST_F(Forms, AFailureIsToldAndTheProgramLivesOnButABugEndsIt) {
     EXPECT_EQ(told.size(), 1u);
     form.close();
     EXPECT_TRUE(toolkit.ended) << "no handler counts as running";
-}
-
-/// Letters as wide as they are high, times a factor, on controls without edges. In tenths of a
-/// pixel, for the half points.
-struct PlainRuler : Ruler {
-    PlainRuler(double points, int factor)
-        : height(static_cast<int>(points * 10)), letter(height * factor) {}
-    int lineHeight() const override { return height; }
-    int width(const std::string& caption) const override {
-        return std::ssize(withoutMnemonic(caption)) * letter;
-    }
-    int wrappedHeight(const std::string& caption, int room) const override {
-        return (width(caption) + room - 1) / room * height;
-    }
-    Size room(const Control& control) const override {
-        return {control.Width * 10 / 15, control.Height * 10 / 15};
-    }
-    const int height, letter;
-};
-
-TEST_F(Forms, TheFontFitsTheNarrowestCaption) {
-    const auto points = [this](int factor) {
-        return fittingPoints(form, 12, 4.5, [factor](double points) {
-            return std::make_unique<PlainRuler>(points, factor);
-        });
-    };
-    EXPECT_EQ(points(1), 12) << "a caption with a size of its own does not count";
-    const std::tuple<Control&, int, double> rows[] = {
-        {form.frame, 7, 4.5}, {form.chk, 4, 4.5},  {form.opt(3), 5, 4.5},
-        {form.label, 4, 8.5}, {form.tabs, 4, 4.5}, {form.ok, 2, 4.5}};  // the label wraps
-    for (const auto& [control, letters, doubled] : rows) {
-        const int before = control.Width;
-        control.Width = letters * 9 * 15;
-        EXPECT_EQ(points(1), 9) << control.fullName();
-        EXPECT_EQ(points(2), doubled) << control.fullName();
-        control.Width = before;
-    }
-    form.txt.Height = 10 * 15;
-    EXPECT_EQ(points(2), 10);
-    form.ok.Width = 15;
-    EXPECT_EQ(points(1), std::nullopt);
 }
 
 }  // namespace

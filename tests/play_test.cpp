@@ -58,13 +58,13 @@ TEST_F(Play, EveryActionFromEveryStateLeadsWhereTheTableSays) {
 }
 
 TEST_F(Play, ThePlayerIsCheckedThenTheGame) {
-    const auto pressed = [this] {
+    const auto refuses = [this](const std::string& start, int flags = 0) {
         panel.btnPlay.click();
-        return runtime.newBoxes();
+        return runtime.told(start, flags);
     };
-    using Boxes = std::vector<FakeRuntime::Box>;
     const std::string tale = R"(d:\my games\adventure)";
-    runtime.shortNames[tale + ".kcd"] = R"(d:\MYGAME~1\ADVENT~1.KCD)";
+    const std::string game = tale + ".kcd";
+    runtime.shortNames[game] = R"(d:\MYGAME~1\ADVENT~1.KCD)";
     panel.txtFnameP.type(tale);
     panel.optPlayer(1).click();
     panel.chkPlayback.click();  // the name of its file is there to begin with
@@ -73,35 +73,32 @@ TEST_F(Play, ThePlayerIsCheckedThenTheGame) {
         int style;
         std::string core::AppState::*path;
         std::string options;
-    } players[] = {{"MSDOS player program ", 3, &core::AppState::DosPlayerPath, " < mygame12.log"},
-                   {"Windows Console player program ", 3, &core::AppState::ConsolePlayerPath, ""},
-                   {"Windows GUI player program ", 1, &core::AppState::GuiPlayerPath, ""}};
+    } players[] = {{"MSDOS player ", 3, &core::AppState::DosPlayerPath, " < mygame12.log"},
+                   {"Windows Console player ", 3, &core::AppState::ConsolePlayerPath, ""},
+                   {"Windows GUI player ", 1, &core::AppState::GuiPlayerPath, ""}};
     for (int i = 0; i < 3; ++i) {
+        const auto& player = players[i];
         panel.optPlayer(2 - i).click();
         for (const std::string path : {"", "gone.exe"}) {
-            state.*players[i].path = path;
-            EXPECT_EQ(pressed(), (Boxes{{players[i].name + path +
-                                         " not found. Please check program location settings."}}));
+            state.*player.path = path;
+            EXPECT_TRUE(refuses(player.name + "program " + path + " not found"));
         }
-        runtime.files[state.*players[i].path = "krun.exe"];
-        form.compile.txtFname.Text =
-            "other" + std::to_string(i);  // leaves its stem with the script
-        EXPECT_EQ(pressed(), (Boxes{{"Kelm game file \"" + tale + ".kcd\" not found"}}));
-        runtime.files[tale + ".kcd"];
+        runtime.files[state.*player.path = "krun.exe"];
+        form.compile.txtFname.Text = std::to_string(i);  // leaves its stem with the script
+        EXPECT_TRUE(refuses("Kelm game file \"" + game + "\" not found"));
+        runtime.files[game];
         EXPECT_TRUE(form.pressDefault());
         EXPECT_EQ(runtime.shells.back(),
-                  (FakeRuntime::Shell{players[i].style, R"("c:\nwb\~kelmcon.bat")"}));
+                  (FakeRuntime::Shell{player.style, R"("c:\nwb\~kelmcon.bat")"}));
         EXPECT_EQ(runtime.files[R"(c:\nwb\~kelmcon.bat)"].text,
-                  lines(R"(d:|cd "\my games\"|"krun.exe" ADVENT~1)" + players[i].options + "|"));
+                  lines(R"(d:|cd "\my games\"|"krun.exe" ADVENT~1)" + player.options + "|"));
         runtime.files.clear();
         if (i == 0) panel.chkPlayback.click();
     }
     runtime.files["krun.exe"];
-    runtime.files[R"(d:\long tale.kcd)"];
+    runtime.files[runtime.shortNames["d:\\long tale.kcd"] = "d:\\long tale.kcd"];
     panel.txtFnameP.type("d:\\long tale.kcd");
-    runtime.shortNames["d:\\long tale.kcd"] = "d:\\long tale.kcd";
-    panel.btnPlay.click();
-    EXPECT_TRUE(runtime.boxes.at(0).text.starts_with(R"(The file "d:\long tale.kcd" cannot be )"));
+    EXPECT_TRUE(refuses(R"(The file "d:\long tale.kcd" cannot be )", 48));
     EXPECT_EQ(runtime.shells.size(), 3u);
 }
 

@@ -15,7 +15,8 @@ const std::string beta3Header =
     "'Norvane Development Workbench' settings file (format version: 0.4.0)|";
 // No two fields are alike, but for the hide flags, of which one alone is set at a time.
 const std::string texts =
-    "compiler.exe|gui.exe|console.exe||extractor.exe|editor.exe|word.exe|manual.html|manual.pdf|"
+    "compiler.exe|gui.exe|console.exe||extractor.exe|editor.exe|word.exe|"
+    "manual.html|manual.pdf|"
     R"(tutorial.htm|browser.exe|c:\a b\"reader".exe|edit.kel|compile.kel|play.kcd|extract.kel|)";
 const std::string folders = R"(|C:\games\lib|c:\kelm\library)";
 const std::string flags[] = {" 1 | 0 | 0 | 0 |", " 0 | 1 | 0 | 0 |", " 0 | 0 | 1 | 0 |",
@@ -27,12 +28,7 @@ const std::string defaults =
     R"(C:\Program Files\Plus!\Microsoft Internet\IEXPLORE.EXE|)"
     R"(C:\Program Files\Adobe\Acrobat 4.0\Reader\AcroRd32.exe||||||||| 1 | 1 )";
 const std::string nothing = "|||||||||||||||||||| 1 | 1 ";
-const std::string seeSettings =
-    " (Select 'Settings' menu item to change the settings to your requirements.)";
-const std::string unknown =
-    "The format of your NWB/w settings file is unknown. So default settings will be used." +
-    seeSettings;
-const std::string notFound = "Settings file not found so using defaults." + seeSettings;
+const std::string unknown = "The format of your NWB/w settings file is unknown.";
 
 /// All fields in the order of the file, as it would hold them behind its header.
 std::string fields(const AppState& state) {
@@ -52,8 +48,6 @@ std::string fields(const AppState& state) {
     return all;
 }
 
-using Boxes = std::vector<FakeRuntime::Box>;
-
 struct Settings : testing::Test, Desk {
     /// Loads the file; gives the fields that it sets.
     std::string load(const std::string& path, const std::string& text) {
@@ -67,7 +61,7 @@ TEST_F(Settings, EachLineIsTheFieldThatItShouldBe) {
     for (const std::string& hidden : flags) {
         const std::string text = lines(header + texts + hidden + " 2 | 3 " + folders);
         EXPECT_EQ(load(ini, text), texts + hidden + " 2 | 3 " + folders);
-        EXPECT_EQ(runtime.newBoxes(), Boxes{});
+        EXPECT_TRUE(runtime.boxes.empty());
         runtime.files[bkp].text = "older";
         core::SaveSettings(program);
         EXPECT_EQ(runtime.files[ini].text, text);
@@ -80,9 +74,7 @@ TEST_F(Settings, TheOlderFormatIsReadAndLeftAlone) {
     const std::string old = lines(beta3Header + texts + "lib");
     runtime.files[tmp].text = sample;  // not cut off between the renames: there is no backup
     EXPECT_EQ(load(beta3, old), texts + "|||| 1 | 1 |lib") << "an empty path stays empty";
-    EXPECT_EQ(runtime.newBoxes(),
-              (Boxes{{"Your NWB/w settings file is for Beta Release 3. It will be saved in the new "
-                      "format when you close NWB/w."}}));
+    EXPECT_TRUE(runtime.told("Your NWB/w settings file is for Beta Release 3."));
     core::SaveSettings(program);
     EXPECT_EQ(runtime.files[beta3].text, old);
     EXPECT_EQ(runtime.files[ini].text, lines(header + texts + "|||| 1 | 1 |lib"))
@@ -92,13 +84,13 @@ TEST_F(Settings, TheOlderFormatIsReadAndLeftAlone) {
 TEST_F(Settings, WithoutAGoodFileTheDefaultsServe) {
     core::LoadSettings(program);
     EXPECT_EQ(fields(state), defaults);
-    EXPECT_EQ(runtime.newBoxes(), Boxes{{notFound}});
+    EXPECT_TRUE(runtime.told("Settings file not found"));
     EXPECT_EQ(load(beta3, lines("'norvane" + beta3Header.substr(8) + texts)), defaults);
-    EXPECT_EQ(runtime.newBoxes(), Boxes{{unknown}});
+    EXPECT_TRUE(runtime.told(unknown));
     runtime.files[beta3].text = lines(beta3Header + texts);  // is not looked at
     for (const char* wrong : {"'1.0 NORVANE Workbench'\r\nx", "", "rubbish\r\n1\r\n2"}) {
         EXPECT_EQ(load(ini, wrong), defaults) << wrong;
-        EXPECT_EQ(runtime.newBoxes(), Boxes{{unknown}});
+        EXPECT_TRUE(runtime.told(unknown));
     }
 }
 

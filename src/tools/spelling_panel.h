@@ -137,7 +137,7 @@ class SpellingPanel {
                               .caption = "Brow&se",
                               .tooltip = "open a file-browse dialog box to select a text file",
                               .accessibleName = "Browse for the output file",
-                              .place = {4890, nameTop - 15, 840, 375},
+                              .place = {4890, nameTop - 15, 840, 360},
                               .visible = false}};
     forms::CheckBox chkOverwrite{
         fraOutputFile,
