@@ -77,6 +77,7 @@ TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {
     runtime.vbaFileOpen(in("x.tmp"), Runtime::OpenMode::Output);
     runtime.vbaPrintFile("c:\\märchen, \"2\"");
     runtime.vbaPrintFile("");
+    EXPECT_EQ(contentOf(place / "x.tmp"), "") << "a save that is cut off";
     runtime.vbaFileFlush();
     runtime.vbaFileOpen(in("X.TMP"), Runtime::OpenMode::Input);
     EXPECT_EQ(contentOf(place / "x.tmp"), "c:\\märchen, \"2\"\r\n\r\n");
@@ -134,6 +135,7 @@ TEST_F(Platform, StartsPrograms) {
     const std::string child = core::quoted(echoChild());
     for (const char* name : {"planted.exe", "tool.exe", "my tools.exe"})
         fs::copy_file(NWBW_ECHO_CHILD, place / name);
+    write(place / "text.exe", "no program");
     const std::string none = core::quoted(in("none.bat"));
     const std::pair<std::string, const char*> cases[] = {
         {child + " \"a märchen\"", "[a märchen]\n"},
@@ -141,14 +143,16 @@ TEST_F(Platform, StartsPrograms) {
         {"tool.exe x", "[x]\n"},
         {none, nullptr},
         {none + " a&ed", nullptr},
-        {core::quoted(in("x.exe")), nullptr},
+        {core::quoted(in("text.exe")), nullptr},
         {"planted.exe x", nullptr},
         {"\"planted.exe\" x", nullptr},
         {"", nullptr},
     };
     for (const auto& [command, echo] : cases) {
         const auto start = [&] { runtime.rtcShell(command, Runtime::normalFocus); };
-        EXPECT_EQ(errorOf(start).empty(), echo != nullptr) << command;
+        const std::string error = errorOf(start);
+        EXPECT_EQ(error.empty(), echo != nullptr) << command;
+        EXPECT_EQ(error.find("%1"), std::string::npos) << error;
         if (echo != nullptr) {
             EXPECT_EQ(echoed(), textOf(place) + echo);
         }

@@ -63,7 +63,7 @@ class Runtime : public forms::Disk {
     virtual std::string vbaInputFile() = 0;
     /// True at end of file.
     virtual bool rtcEndOfFile() = 0;
-    /// Writes the text and a CRLF.
+    /// Prints the text and a CRLF. They reach the file when it is flushed or closed.
     virtual void vbaPrintFile(const std::string& text) = 0;
     /// Flushes the printed text to the disk, so that it survives a power loss.
     virtual void vbaFileFlush() = 0;

@@ -6,15 +6,20 @@
 
 namespace platform {
 
-/// The system's text, in the user's language, without the line end that it comes with.
-static std::string textOf(DWORD error) {
+/// Returns the system's text in the user's language, with the path in place of "%1" and without
+/// the line end.
+static std::string textOf(DWORD error, const std::string& path) {
     wchar_t text[512];
     const DWORD length =
         FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
                        0, text, static_cast<DWORD>(std::size(text)), nullptr);
     if (length == 0) return "error " + std::to_string(error);
     const std::wstring_view whole(text, length);
-    return narrow(whole.substr(0, whole.find_last_not_of(L"\r\n ") + 1));
+    std::string told = narrow(whole.substr(0, whole.find_last_not_of(L"\r\n ") + 1));
+    const std::string_view insert = "%1";
+    if (const std::size_t at = told.find(insert); at != std::string::npos)
+        told.replace(at, insert.size(), path);
+    return told;
 }
 
 void fail(const std::string& doing, const std::string& path) {
@@ -22,7 +27,7 @@ void fail(const std::string& doing, const std::string& path) {
 }
 
 void fail(const std::string& doing, const std::string& path, unsigned long error) {
-    failTo(doing, path, textOf(error));
+    failTo(doing, path, textOf(error, path));
 }
 
 }  // namespace platform

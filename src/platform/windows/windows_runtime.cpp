@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <utility>
 
 #include "core/text.h"
 #include "platform/windows/shell.h"
@@ -129,11 +130,24 @@ void WindowsRuntime::openOutput(const std::string& path) {
 }
 
 void WindowsRuntime::writeOutput(const std::string& text) {
-    write(output_, text, outputPath());
+    printed_ += text;
+}
+
+void WindowsRuntime::closeOutput() {
+    writeOut();
+    output_.reset();
+}
+
+void WindowsRuntime::writeOut() {
+    Handle file = std::move(output_);
+    write(file, std::exchange(printed_, ""), outputPath());
+    output_ = std::move(file);
 }
 
 void WindowsRuntime::vbaFileFlush() {
-    if (output_ && FlushFileBuffers(output_.get()) == FALSE) fail("write", outputPath());
+    if (!output_) return;
+    writeOut();
+    if (FlushFileBuffers(output_.get()) == FALSE) fail("write", outputPath());
 }
 
 void WindowsRuntime::rtcKillFiles(const std::string& path) {

@@ -47,10 +47,14 @@ class WindowsRuntime : public CommonRuntime {
     void openOutput(const std::string& path) override;
     [[nodiscard]] bool isOutputOpen() const override { return output_ != nullptr; }
     void writeOutput(const std::string& text) override;
-    void closeOutput() override { output_.reset(); }
+    void closeOutput() override;
 
   private:
+    /// Writes what was printed. Closes the file if that fails.
+    void writeOut();
+
     Handle output_;
+    std::string printed_;  ///< and not written yet, so that no file holds half of it
 };
 
 }  // namespace platform
