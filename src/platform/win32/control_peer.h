@@ -20,7 +20,7 @@ struct WindowKind {
 
 /// What the controls of a form take over from the system.
 struct Style {
-    int dpi = 0;
+    int dpi = 0;                 ///< in which the form is laid out
     LOGFONTW font{};             ///< of the form
     HFONT sharedFont = nullptr;  ///< the same, made
     int lineHeight = 0;          ///< of that font, in pixels
@@ -46,6 +46,8 @@ class ControlPeer : public forms::Peer {
 
     /// The peer behind a window inside a form's, or null.
     static ControlPeer* of(HWND window);
+    /// Returns the peer whose window is the given one or contains it, below the form's; or null.
+    static ControlPeer* around(HWND window, HWND form);
 
     void update() final;
     /// Takes over the style, with the font that the control wants instead of the form's. An update
@@ -74,7 +76,7 @@ class ControlPeer : public forms::Peer {
 
     [[nodiscard]] forms::Control& control() const { return control_; }
     [[nodiscard]] HWND window() const { return window_; }
-    /// Pixels to the inch on the window's screen.
+    /// Pixels to the inch in which the control is laid out.
     [[nodiscard]] int dpi() const { return dpi_; }
 
   protected:

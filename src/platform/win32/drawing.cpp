@@ -1,8 +1,10 @@
 #include "platform/win32/drawing.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cwchar>
 
+#include "platform/win32/units.h"
 #include "platform/windows/wide.h"
 
 namespace win32 {
@@ -18,6 +20,18 @@ LOGFONTW messageFont(int dpi) {
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi);
     return metrics.lfMessageFont;
+}
+
+int layoutDpi(HWND window) {
+    constexpr double usualPoints = 9;
+    constexpr int tallestForm = 7600;  // in twips, with menu bar and title bar
+    const int dpi = dpiOf(window);
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+    const int room = MulDiv(heightOf(screen.rcWork), twipsPerInch, tallestForm);
+    const auto wanted = std::lround(dpi * pointsOf(messageFont(dpi), dpi) / usualPoints);
+    return std::max<int>(dpi, std::min<long>(wanted, room));
 }
 
 double pointsOf(const LOGFONTW& font, int dpi) {

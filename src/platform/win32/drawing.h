@@ -26,6 +26,11 @@ using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconCloser>;
 /// The system's font for messages, at the resolution.
 LOGFONTW messageFont(int dpi);
 
+/// Pixels to the inch in which the form of the window is laid out: as many as its screen has, or
+/// more where the user has the system write larger than it does by itself, as far as the screen
+/// has room.
+int layoutDpi(HWND window);
+
 /// Points of the font, and the font in another size.
 double pointsOf(const LOGFONTW& font, int dpi);
 LOGFONTW withPoints(LOGFONTW font, double points, int dpi);

@@ -56,9 +56,8 @@ class FormRuler : public forms::Ruler {
 
 }  // namespace
 
-LOGFONTW fittingFont(forms::Form& form, int dpi) {
+LOGFONTW fittingFont(forms::Form& form, const LOGFONTW& font, int dpi) {
     constexpr double smallest = 7;
-    const LOGFONTW font = messageFont(dpi);
     const double largest = std::max(pointsOf(font, dpi), smallest);
     const auto ruler = [&](double points) { return FormRuler(withPoints(font, points, dpi), dpi); };
     const double room = forms::captionRoom(form, ruler(largest));

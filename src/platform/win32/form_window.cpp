@@ -80,7 +80,7 @@ HWND FormWindow::makeWindow(const forms::Form& form) {
 }
 
 FormWindow::FormWindow(forms::Form& form)
-    : form_(form), window_(makeWindow(form)), keyboard_(form, window_) {
+    : form_(form), window_(makeWindow(form)), keyboard_(form, window_), dpi_(layoutDpi(window_)) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     takeDefinedSize();
     update();
@@ -104,20 +104,19 @@ bool FormWindow::isOpen(HWND window) {
 
 /// Puts the frame around the client area that the form's definition asks for.
 void FormWindow::takeDefinedSize() {
-    const int dpi = dpiOf(window_);
     const Frame frame = frameOf(form_.style);
-    RECT rect{0, 0, pixels(form_.Width, dpi), pixels(form_.Height, dpi)};
-    AdjustWindowRectExForDpi(&rect, frame.style, form_.hasMenu(), frame.extendedStyle, dpi);
-    form_.moved({form_.Left, form_.Top, twips(widthOf(rect), dpi), twips(heightOf(rect), dpi)},
+    RECT rect{0, 0, pixels(form_.Width, dpi_), pixels(form_.Height, dpi_)};
+    AdjustWindowRectExForDpi(&rect, frame.style, form_.hasMenu(), frame.extendedStyle,
+                             dpiOf(window_));
+    form_.moved({form_.Left, form_.Top, twips(widthOf(rect), dpi_), twips(heightOf(rect), dpi_)},
                 form_.WindowState);
 }
 
 void FormWindow::update() {
     given_ = {form_.Left, form_.Top, form_.Width, form_.Height};
     SetWindowTextW(window_, platform::wide(form_.Caption()).c_str());
-    const int dpi = dpiOf(window_);
     SetWindowPos(window_, nullptr, pixels(form_.Left, systemDpi()), pixels(form_.Top, systemDpi()),
-                 pixels(form_.Width, dpi), pixels(form_.Height, dpi),
+                 pixels(form_.Width, dpi_), pixels(form_.Height, dpi_),
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -128,9 +127,10 @@ void FormWindow::focus(const forms::Control& control) {
 /// Takes over the system's font and colours at the window's resolution.
 void FormWindow::takeStyle() {
     const int dpi = dpiOf(window_);
-    const LOGFONTW font = fittingFont(form_, dpi);
+    dpi_ = layoutDpi(window_);
+    const LOGFONTW font = fittingFont(form_, messageFont(dpi), dpi_);
     font_ = makeFont(font);
-    style_ = {dpi, font, font_.get(), Ruler(font_.get(), dpi).lineHeight(), tabPageColour()};
+    style_ = {dpi_, font, font_.get(), Ruler(font_.get(), dpi_).lineHeight(), tabPageColour()};
     background_ = backgroundOf(form_, style_.tabPage);
 }
 
@@ -150,7 +150,7 @@ void FormWindow::fitControls() {
     GetClientRect(window_, &room);
     for (ControlPeer* peer : peers_)
         peer->takeEdge(room);
-    const LONG margin = pixels(60, dpiOf(window_));
+    const LONG margin = pixels(60, dpi_);
     room.right -= margin;
     room.bottom -= margin;
     for (ControlPeer* peer : peers_)
@@ -216,12 +216,12 @@ void FormWindow::report() {
     const auto keep = [](int given, int seen, int dpi) {
         return pixels(given, dpi) == seen ? given : twips(seen, dpi);
     };
-    const int dpi = dpiOf(window_);
     RECT rect;
     GetWindowRect(window_, &rect);
-    form_.moved({keep(given_.left, rect.left, systemDpi()), keep(given_.top, rect.top, systemDpi()),
-                 keep(given_.width, widthOf(rect), dpi), keep(given_.height, heightOf(rect), dpi)},
-                IsZoomed(window_) ? forms::WindowState::Maximised : forms::WindowState::Normal);
+    form_.moved(
+        {keep(given_.left, rect.left, systemDpi()), keep(given_.top, rect.top, systemDpi()),
+         keep(given_.width, widthOf(rect), dpi_), keep(given_.height, heightOf(rect), dpi_)},
+        IsZoomed(window_) ? forms::WindowState::Maximised : forms::WindowState::Normal);
 }
 
 void FormWindow::close() {
@@ -282,9 +282,9 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case WM_DPICHANGED: {
             const RECT& place = *reinterpret_cast<const RECT*>(second);
+            restyle();
             SetWindowPos(window, nullptr, place.left, place.top, widthOf(place), heightOf(place),
                          SWP_NOZORDER | SWP_NOACTIVATE);
-            restyle();
             return 0;
         }
         case WM_SETCURSOR:
@@ -297,6 +297,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
             restyle();
+            if (!IsZoomed(window) && !IsIconic(window)) update();  // with the size of the texts
             break;
         case WM_ERASEBKGND:
             fill(window, reinterpret_cast<HDC>(first), background_);

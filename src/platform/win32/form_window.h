@@ -15,7 +15,8 @@ namespace win32 {
 void runLoop(const std::function<bool()>& goOn);
 
 /// The window behind a form. Left and Top are in pixels of the system's resolution, so that they
-/// name the same point wherever the window lies; all other lengths in those of its own screen.
+/// name the same point wherever the window lies; all other lengths in those of its own screen, and
+/// of the size in which the user has the system write.
 class FormWindow : public forms::WindowPeer {
   public:
     /// Makes the window, unseen. The form's size, until now that of its client area, becomes that
@@ -60,6 +61,7 @@ class FormWindow : public forms::WindowPeer {
     forms::Form& form_;
     HWND window_;
     Keyboard keyboard_;
+    int dpi_;  ///< in which the form is laid out
     Font font_;
     Style style_;
     std::vector<ControlPeer*> peers_;  ///< those that have been made, empty until the first show

@@ -1,5 +1,6 @@
 #include "platform/win32/control_peer.h"
 #include "platform/win32/peers.h"
+#include "platform/win32/units.h"
 
 namespace win32 {
 
@@ -11,6 +12,12 @@ class TextPeer : public PeerOf<forms::TextBox> {
     TextPeer(forms::TextBox& box, const Site& site)
         : PeerOf(box, site, {L"EDIT", styleOf(box), WS_EX_CLIENTEDGE}) {
         send(EM_SETLIMITTEXT, 0);
+        restyled();
+    }
+
+    void restyle(const Style& style) override {
+        PeerOf::restyle(style);
+        restyled();
     }
 
     void command(int notification) override {
@@ -25,13 +32,70 @@ class TextPeer : public PeerOf<forms::TextBox> {
         if (control_.Visible) drawText(control_.Text);
     }
 
-    /// A box of several lines does not tell that it has been given a text.
     LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
-        if (message != WM_SETTEXT) return PeerOf::handle(message, first, second);
-        return change(message, first, second, [this] { control_.type(text()); });
+        switch (message) {
+            case WM_SETTEXT:  // a box of several lines would not tell
+                return change(message, first, second, [this] { control_.type(text()); });
+            case WM_NCCALCSIZE: {
+                const LRESULT answer = byDefault(message, first, second);
+                centre(*reinterpret_cast<RECT*>(second));
+                return answer;
+            }
+            case WM_NCHITTEST:
+                return control_.multiLine ? byDefault(message, first, second) : HTCLIENT;
+            case WM_ENABLE:
+                RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+                return byDefault(message, first, second);
+            case WM_NCPAINT: {
+                const LRESULT answer = byDefault(message, first, second);
+                fillBands();
+                return answer;
+            }
+            default:
+                return PeerOf::handle(message, first, second);
+        }
     }
 
   private:
+    /// The system writes a single line at the upper edge, wherever that is: it gets no more room
+    /// than it takes, and bands above and below.
+    void centre(RECT& client) {
+        const int line = Ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi()).lineHeight();
+        const int spare = heightOf(client) - line;
+        band_ = control_.multiLine || spare < 2 ? 0 : spare / 2;
+        client.top += band_;
+        client.bottom = band_ ? client.top + line : client.bottom;
+    }
+
+    void fillBands() const {
+        if (!band_) return;
+        RECT client;
+        GetClientRect(window(), &client);
+        MapWindowPoints(window(), nullptr, reinterpret_cast<POINT*>(&client), 2);
+        RECT whole;
+        GetWindowRect(window(), &whole);
+        OffsetRect(&client, -whole.left, -whole.top);
+        const LONG edge = client.left;
+        const RECT bands[] = {
+            {client.left, client.top - band_, client.right, client.top},
+            {client.left, client.bottom, client.right, heightOf(whole) - edge},
+        };
+        const HDC device = GetWindowDC(window());
+        const bool plain = control_.Enabled && !control_.readOnly;
+        const auto brush = reinterpret_cast<HBRUSH>(
+            SendMessageW(GetParent(window()), plain ? WM_CTLCOLOREDIT : WM_CTLCOLORSTATIC,
+                         reinterpret_cast<WPARAM>(device), reinterpret_cast<LPARAM>(window())));
+        for (const RECT& band : bands)
+            FillRect(device, &band, brush);
+        ReleaseDC(window(), device);
+    }
+
+    /// Has the system ask anew for the room of the text.
+    void restyled() {
+        SetWindowPos(window(), nullptr, 0, 0, 0, 0,
+                     SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
     static DWORD styleOf(const forms::TextBox& box) {
         const DWORD readOnly = box.readOnly ? ES_READONLY : 0;
         const DWORD shape = box.multiLine
@@ -39,6 +103,8 @@ class TextPeer : public PeerOf<forms::TextBox> {
                                 : ES_AUTOHSCROLL;
         return WS_TABSTOP | readOnly | shape;
     }
+
+    int band_ = 0;  ///< height of each
 };
 
 }  // namespace
