@@ -1,3 +1,6 @@
+#include <shlobj.h>
+
+#include <cstring>
 #include <random>
 
 #include "endurance.h"
@@ -23,28 +26,43 @@ std::string textOf(HWND window) {
     return platform::narrow(text);
 }
 
-/// True if the window shows what the control holds, and Tab reaches one option of each group.
-bool agrees(const forms::Control& control, HWND window) {
-    const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
-    if (control.Enabled == ((style & WS_DISABLED) != 0)) return false;
-    if (control.inSight() != ((style & WS_VISIBLE) != 0)) return false;
-    const bool ticked = ask(window, BM_GETCHECK) == BST_CHECKED;
+/// What the control holds, and the same as its window shows it.
+std::pair<std::string, std::string> contents(const forms::Control& control, HWND window) {
+    using std::to_string;
     if (const auto* box = dynamic_cast<const forms::CheckBox*>(&control))
-        return (box->Value == 1) == ticked;
+        return {to_string(box->Value()), to_string(ask(window, BM_GETCHECK))};
     if (const auto* option = dynamic_cast<const forms::OptionButton*>(&control))
-        return option->Value == ticked && option->Value == ((style & WS_TABSTOP) != 0);
+        return {to_string(option->Value()), to_string(ask(window, BM_GETCHECK))};
     if (const auto* text = dynamic_cast<const forms::TextBox*>(&control))
-        return !text->Visible || text->Text() == textOf(window);
+        return {text->Text, text->Visible ? textOf(window) : text->Text};
     if (const auto* list = dynamic_cast<const forms::ListBox*>(&control))
-        return list->ListIndex == ask(window, LB_GETCURSEL);
+        return {to_string(list->ListIndex()), to_string(ask(window, LB_GETCURSEL))};
     if (const auto* tabs = dynamic_cast<const forms::TabStrip*>(&control))
-        return tabs->SelectedItem - 1 == ask(window, TCM_GETCURSEL);
+        return {to_string(tabs->SelectedItem()), to_string(ask(window, TCM_GETCURSEL) + 1)};
     const auto* list = dynamic_cast<const forms::DriveList*>(&control);
-    return !list || list->drives().at(ask(window, CB_GETCURSEL)) == list->Drive();
+    if (!list) return {};
+    return {list->Drive, list->drives().at(ask(window, CB_GETCURSEL))};
+}
+
+/// Holds the window to what the control is, and to one stop of Tab in each group of options.
+void expectShown(const forms::Control& control, HWND window) {
+    const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
+    ASSERT_EQ(control.Enabled, !(style & WS_DISABLED)) << control.fullName();
+    ASSERT_EQ(control.inSight(), (style & WS_VISIBLE) != 0) << control.fullName();
+    const auto [held, shown] = contents(control, window);
+    ASSERT_EQ(held, shown) << control.fullName();
+    const auto* option = dynamic_cast<const forms::OptionButton*>(&control);
+    ASSERT_TRUE(!option || option->Value == ((style & WS_TABSTOP) != 0)) << control.fullName();
 }
 
 HWND windowOf(const forms::Control& control) {
     return win32::peerOf(&control)->window();
+}
+
+RECT placeOf(HWND window) {
+    RECT place;
+    GetWindowRect(window, &place);
+    return place;
 }
 
 struct Windows : testing::Test {
@@ -99,10 +117,10 @@ struct Windows : testing::Test {
 
 TEST_F(Windows, KeysReachTheModel) {
     press(WM_KEYDOWN, VK_TAB, VK_CONTROL);
-    EXPECT_EQ(form->tbsOptions.SelectedItem, 2);
     press(WM_KEYDOWN, VK_TAB);
     press(WM_CHAR, 'q');
     EXPECT_EQ(form->compile.txtFname.Text(), "q");
+    EXPECT_EQ(form->mnemonicTarget('F', &form->compile.txtFname), &form->mnuFile);
     press(WM_KEYDOWN, VK_RETURN);
     EXPECT_EQ(runtime.boxes.back().text.substr(0, 11), "Kelm source");
     press(WM_KEYDOWN, VK_TAB, VK_CONTROL);
@@ -114,7 +132,7 @@ TEST_F(Windows, KeysReachTheModel) {
     EXPECT_EQ(form->play.player(), 2) << "round, past an option that is disabled";
 }
 
-TEST_F(Windows, AWindowMovedByTheUserIsReportedAndComesBackWithoutDrift) {
+TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
     EXPECT_EQ((std::vector<int>{form->Left, form->Width}), (std::vector<int>{1000, 6500}));
     SetWindowPos(window(), nullptr, 101, 50, 600, 500, SWP_NOZORDER);
     EXPECT_EQ((std::vector<int>{form->Left, form->Width}), (std::vector<int>{1515, 9000}));
@@ -130,14 +148,50 @@ TEST_F(Windows, AWindowMovedByTheUserIsReportedAndComesBackWithoutDrift) {
     EXPECT_EQ(application.Count(), 0);
 }
 
-TEST_F(Windows, ATabTellsItsTooltipAndALetterOfTheMenuBarIsTheMenus) {
+TEST_F(Windows, FormsGrowWithTheSystemsTextsButDoNotMove) {
+    const HWND box = windowOf(form->edit.txtFnameE);
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    for (const auto& [height, width] : {std::pair(-18, 650), {-24, 867}, {-12, 433}}) {
+        metrics.lfMessageFont.lfHeight = height;
+        SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+        ask(window(), WM_SETTINGCHANGE);
+        const RECT now = placeOf(window());
+        EXPECT_EQ((std::vector<int>{now.left, now.right - now.left, form->Left, form->Width}),
+                  (std::vector<int>{67, width, 1000, 6500}));
+        RECT text;
+        GetClientRect(box, &text);
+        MapWindowPoints(box, nullptr, reinterpret_cast<POINT*>(&text), 2);
+        EXPECT_NEAR(text.top - placeOf(box).top, placeOf(box).bottom - text.bottom, 1) << height;
+        EXPECT_NEAR(text.bottom - text.top, -height, 3);
+    }
+}
+
+TEST_F(Windows, TabsTellTooltipsAndBoxesTakeDroppedFiles) {
     NMTTDISPINFOW asked{};
     asked.hdr = {nullptr, 2, static_cast<UINT>(TTN_GETDISPINFOW)};
     SendMessageW(windowOf(form->tbsOptions), WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&asked));
     ASSERT_NE(asked.lpszText, nullptr);
     EXPECT_EQ(platform::narrow(asked.lpszText), form->tbsOptions.Tabs[2].tooltip);
-    form->tbsOptions.SelectedItem = 2;
-    EXPECT_EQ(form->mnemonicTarget('F', &form->compile.txtFname), &form->mnuFile);
+
+    form->tbsOptions.SelectedItem = 3;
+    form->play.chkPlayback.click();
+    const auto drop = [this](const forms::Control& on, const std::wstring& names) {
+        const DROPFILES head{sizeof head, {5, 5}, FALSE, TRUE};
+        const HGLOBAL memory = GlobalAlloc(GHND, sizeof head + 2 * names.size() + 4);
+        auto* bytes = static_cast<char*>(GlobalLock(memory));
+        std::memcpy(bytes, &head, sizeof head);
+        std::memcpy(bytes + sizeof head, names.data(), 2 * names.size());
+        MapWindowPoints(windowOf(on), window(), reinterpret_cast<POINT*>(bytes + 4), 1);
+        GlobalUnlock(memory);
+        SendMessageW(window(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+    };
+    drop(form->play.labLogfile, L"d:\\my games\\\u00e9t\u00e9.log");
+    drop(form->play.txtLogfile, {L"c:\\1.log\0c:\\2.log", 17});
+    drop(form->play.btnPlay, L"d:\\either.kcd");
+    EXPECT_EQ(form->play.txtLogfile.Text(), "d:\\my games\\été.log");
+    EXPECT_EQ(form->play.txtFnameP.Text(), "");
 }
 
 /// A user, or a tool that works the windows for one, who does anything in whatever window is up.
@@ -153,8 +207,7 @@ struct WindowsWalk : Windows {
             act(worked, *controls[any(controls.size())]);
             if (worked.unloaded() || HasFatalFailure()) return;
             for (const forms::Control* control : worked.allControls()) {
-                const auto* peer = win32::peerOf(control);
-                ASSERT_TRUE(!peer || agrees(*control, peer->window())) << control->fullName();
+                if (win32::peerOf(control)) expectShown(*control, windowOf(*control));
             }
             if (&worked != form) continue;
             rules::expectAll(*form, program.state, modals != before);
@@ -193,36 +246,22 @@ struct WindowsWalk : Windows {
         }
     }
 
-    /// What tools send to windows on behalf of their users.
+    /// What tools send to windows on behalf of their users. A kind of window heeds its own alone.
     void touch(forms::Control& control, HWND window) {
-        const WPARAM row = any(4);
+        constexpr UINT messages[] = {BM_CLICK,     BM_SETCHECK,   LB_SETCURSEL,
+                                     CB_SETCURSEL, TCM_SETCURSEL, TCM_SETCURFOCUS};
         if (dynamic_cast<forms::TextBox*>(&control))
             SetWindowTextW(window, platform::wide(toolkit.fileChosen).c_str());
-        else if (dynamic_cast<forms::ListBox*>(&control))
-            SendMessageW(window, LB_SETCURSEL, row, 0);
-        else if (dynamic_cast<forms::DriveList*>(&control))
-            SendMessageW(window, CB_SETCURSEL, row, 0);
-        else if (dynamic_cast<forms::TabStrip*>(&control))
-            SendMessageW(window, any(2) ? TCM_SETCURSEL : TCM_SETCURFOCUS, row, 0);
-        else if (!dynamic_cast<forms::Button*>(&control) && any(2))
-            SendMessageW(window, BM_SETCHECK, any(2), 0);
         else
-            ask(window, BM_CLICK);
+            SendMessageW(window, messages[any(std::size(messages))], any(4), 0);
     }
 
     /// All that the program holds.
     std::string held() {
         std::string held;
         for (int open = 0; open < application.Count(); ++open) {
-            for (const forms::Control* control : application.Forms(open).allControls()) {
-                const auto* box = dynamic_cast<const forms::CheckBox*>(control);
-                const auto* option = dynamic_cast<const forms::OptionButton*>(control);
-                const auto* text = dynamic_cast<const forms::TextBox*>(control);
-                const auto* list = dynamic_cast<const forms::ListBox*>(control);
-                held += control->fullName() + (box && box->Value ? " ticked" : "") +
-                        (option && option->Value ? " selected" : "") + (text ? text->Text() : "") +
-                        (list ? list->Text() : "") + '\n';
-            }
+            for (const forms::Control* control : application.Forms(open).allControls())
+                held += contents(*control, nullptr).first + '\n';
         }
         return held;
     }

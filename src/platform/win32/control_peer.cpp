@@ -39,6 +39,13 @@ ControlPeer* ControlPeer::of(HWND window) {
     return reinterpret_cast<ControlPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
+ControlPeer* ControlPeer::around(HWND window, HWND form) {
+    for (; window && window != form; window = GetParent(window)) {
+        if (ControlPeer* peer = of(window)) return peer;
+    }
+    return nullptr;
+}
+
 void ControlPeer::update() {
     updateGeometry();
     if (enabled_ != control_.Enabled) {

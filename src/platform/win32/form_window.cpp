@@ -4,6 +4,7 @@
 #include <span>
 
 #include "platform/win32/background.h"
+#include "platform/win32/file_drop.h"
 #include "platform/win32/fit_font.h"
 #include "platform/win32/peers.h"
 #include "platform/win32/reflection.h"
@@ -74,7 +75,8 @@ void runLoop(const std::function<bool()>& goOn) {
 
 HWND FormWindow::makeWindow(const forms::Form& form) {
     const Frame frame = frameOf(form.style);
-    return CreateWindowExW(frame.extendedStyle, MAKEINTATOM(formClass(procedure)),
+    return CreateWindowExW(frame.extendedStyle | WS_EX_ACCEPTFILES,
+                           MAKEINTATOM(formClass(procedure)),
                            platform::wide(form.Caption()).c_str(), frame.style | WS_CLIPCHILDREN, 0,
                            0, 0, 0, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
 }
@@ -287,6 +289,9 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
                          SWP_NOZORDER | SWP_NOACTIVATE);
             return 0;
         }
+        case WM_DROPFILES:
+            takeDrop(form_, window, first);
+            return 0;
         case WM_SETCURSOR:
             if (withTooltips_ < peers_.size()) {
                 addTooltips(window, std::span(peers_).subspan(withTooltips_));

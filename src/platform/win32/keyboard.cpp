@@ -135,10 +135,8 @@ void Keyboard::markDefault() {
 }
 
 forms::Control* Keyboard::focused() const {
-    for (HWND window = GetFocus(); window && window != window_; window = GetParent(window)) {
-        if (const auto* peer = ControlPeer::of(window)) return &peer->control();
-    }
-    return nullptr;
+    const auto* peer = ControlPeer::around(GetFocus(), window_);
+    return peer ? &peer->control() : nullptr;
 }
 
 void Keyboard::focus(const forms::Control& control) {
