@@ -134,6 +134,7 @@ void WindowsRuntime::writeOutput(const std::string& text) {
 }
 
 void WindowsRuntime::closeOutput() {
+    if (!output_) return;
     writeOut();
     output_.reset();
 }
