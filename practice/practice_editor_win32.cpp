@@ -64,7 +64,9 @@ void show(const std::string& file) {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     const std::string file = fileNamed(__argc, __argv);
-    const char* const call[] = {__argv[0], file.c_str()};
+    char program[MAX_PATH] = {};  // started from the search path, it was called by its name alone
+    GetModuleFileNameA(nullptr, program, MAX_PATH);
+    const char* const call[] = {program, file.c_str()};
     const practice::Record record(file.empty() ? 1 : 2, call);
     show(file);
     MSG message;

@@ -100,7 +100,8 @@ class LinuxDemo : public Demo {
 class WineDemo : public Demo {
   public:
     explicit WineDemo(const fs::path& folder)
-        : Demo(folder, "wine/drive_c/nwbw", "wine/drive_c", "wine/drive_c/my games/notepad") {}
+        : Demo(folder, "wine/drive_c/nwbw", "wine/drive_c",
+               "wine/drive_c/windows/system32/notepad") {}
     ~WineDemo() override { Child({(folder() / "start").string(), "--end"}).wait(); }
 
     [[nodiscard]] System system() const override {

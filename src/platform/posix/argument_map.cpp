@@ -51,9 +51,10 @@ void ArgumentMap::map(std::vector<std::string>& arguments, Target target) {
 std::string ArgumentMap::path(const std::string& path, Target target) {
     if (target == Target::Windows) return disk_.longPath(path);
     std::string host = disk_.toHost(path);
-    if (host.empty())
+    if (host.empty()) {
         throw core::RuntimeError("Cannot start " + program_ + ' ' + path +
                                  ": there is no such place.");
+    }
     return host;
 }
 
