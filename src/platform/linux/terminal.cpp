@@ -98,9 +98,10 @@ Chosen findTerminal() {
     }
     if (const std::string program = onSearchPath("x-terminal-emulator"); !program.empty())
         return recognised({program});
-    for (const Terminal& terminal : known)
+    for (const Terminal& terminal : known) {
         if (const std::string program = onSearchPath(std::string(terminal.name)); !program.empty())
             return {{program}, terminal};
+    }
     throw core::RuntimeError(
         "No terminal was found. Install one, for example xterm, or name yours in the environment "
         "variable TERMINAL.");

@@ -98,10 +98,11 @@ std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion&
     const OfferedName offered = offeredName(question.name);
     if (!offered.folder.isEmpty()) {
         const QString folder = QString::fromStdString(toHost_(offered.folder.toStdString()));
-        if (folder.isEmpty())
+        if (folder.isEmpty()) {
             folder_ = QDir::homePath();
-        else if (QDir(folder).exists())
+        } else if (QDir(folder).exists()) {
             folder_ = folder;
+        }
     }
 
     FileDialog dialog(dynamic_cast<FormWindow&>(*owner.window()).widget(), toHost_);

@@ -52,9 +52,10 @@ class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
         if (watched != &bar || event->type() != QEvent::ToolTip) return false;
         const auto& help = *static_cast<QHelpEvent*>(event);
         const int tab = bar.tabAt(help.pos());
-        if (tab >= 0)
+        if (tab >= 0) {
             QToolTip::showText(help.globalPos(), wrappingToolTip(control_.Tabs[tab].tooltip),
                                widget_.tabBar());
+        }
         return true;
     }
 
