@@ -38,6 +38,16 @@ TEST_F(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefault
     EXPECT_TRUE(toolkit.ended);
 }
 
+TEST_F(Start, ItsButtonAndItsFrameDismissTheSplashToo) {
+    for (const bool byButton : {true, false}) {
+        console::Workbench other{runtime, toolkit};
+        other.start();
+        auto& splash = dynamic_cast<docs::frmSplash&>(other.application().Forms(0));
+        byButton ? splash.Command1.click() : splash.Frame1.click();
+        EXPECT_TRUE(dynamic_cast<console::frmConsole*>(&other.application().Forms(0)));
+    }
+}
+
 TEST_F(Start, AFolderThatCannotBeWrittenIsToldOnceAndAllElseWorks) {
     runtime.readOnly = true;
     workbench.start();
