@@ -384,8 +384,10 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
             for (const Control* control : last.allControls()) {
                 auto* drawn =
                     windowOf(last).centralWidget()->findChild<QWidget*>(name(control->fullName()));
-                EXPECT_TRUE(!drawn || captionFits(*drawn, control->Caption))
+                if (!drawn) continue;
+                EXPECT_TRUE(captionFits(*drawn, control->Caption))
                     << last.name << " " << control->fullName();
+                EXPECT_EQ(drawn->toolTip(), qt::wrappingToolTip(control->tooltip));
             }
             last.Unload();
         }
