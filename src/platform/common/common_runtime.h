@@ -8,14 +8,15 @@
 
 namespace platform {
 
-/// Throws RuntimeError with what was tried, on what, and why it failed.
+/// Throws RuntimeError "Cannot DOING PATH: REASON".
 [[noreturn]] void failTo(const std::string& doing, const std::string& path,
                          const std::string& reason);
 
-/// What the runtimes of all systems do alike: fields, line ends, and titles of boxes.
+/// The part of the runtime that is the same on every system: reading fields, line ends, and titles
+/// of message boxes.
 class CommonRuntime : public core::Runtime {
   public:
-    /// Shows a modal box; its title is never empty.
+    /// Shows a modal message box. The title is never empty.
     using MessageBox =
         std::function<Answer(const std::string& text, int flags, const std::string& title)>;
 
@@ -29,13 +30,13 @@ class CommonRuntime : public core::Runtime {
     Answer rtcMsgBox(const std::string& text, int flags, const std::string& title) override;
 
   protected:
-    /// The whole text of a file.
+    /// Returns the contents of a file.
     virtual std::string readFile(const std::string& path) = 0;
-    /// Makes the file, or empties one that exists.
+    /// Creates the file or truncates an existing one.
     virtual void openOutput(const std::string& path) = 0;
     [[nodiscard]] virtual bool isOutputOpen() const = 0;
     virtual void writeOutput(const std::string& text) = 0;
-    /// Does nothing where no file is open.
+    /// Does nothing if no file is open.
     virtual void closeOutput() = 0;
 
     /// The path of the file last opened for output, for messages.

@@ -40,11 +40,11 @@ void ArgumentMap::toLongNames(std::vector<std::string>& arguments) {
 }
 
 void ArgumentMap::map(std::vector<std::string>& arguments, Target target) {
-    bool behindOption = false;
+    bool afterOption = false;
     for (std::string& argument : arguments) {
         const bool nowOption = isOption(argument);
-        argument = nowOption ? option(argument, target) : word(argument, target, behindOption);
-        behindOption = nowOption;
+        argument = nowOption ? option(argument, target) : word(argument, target, afterOption);
+        afterOption = nowOption;
     }
 }
 
@@ -58,8 +58,8 @@ std::string ArgumentMap::path(const std::string& path, Target target) {
     return host;
 }
 
-/// A file need not be there yet, or is named without its extension; its folder must be, and no
-/// option of the kind "/d" has one.
+/// Translates only a path whose folder exists: the file itself may be new, or named without its
+/// extension. A word without a further slash, like the option "/d", must exist itself.
 std::string ArgumentMap::rooted(const std::string& word) {
     std::error_code failed;
     if (fs::exists(fs::symlink_status(word, failed))) return word;
@@ -77,17 +77,17 @@ std::string ArgumentMap::word(const std::string& word, Target target, bool mayBe
     if (target == Target::Host && word.starts_with('/')) return rooted(word);
     if (isPath(word)) return path(word, target);
     if (has(word, '/')) return word;
-    // Only a short name is unmistakable: what stands behind an option may be a value of it that
-    // happens to be some file's name too, and Windows programs heed no case themselves.
-    const bool unmistakable = has(word, '~');
-    if (!unmistakable && (mayBeValue || target == Target::Windows)) return word;
+    // Only a short name is unambiguous. A word after an option may be its value and match a file by
+    // chance, and Windows programs ignore case themselves.
+    const bool unambiguous = has(word, '~');
+    if (!unambiguous && (mayBeValue || target == Target::Windows)) return word;
     return name(word, target);
 }
 
 bool ArgumentMap::isJoinedPath(std::string_view text) {
     if (hasDrive(text)) return text.substr(2).starts_with('\\');
     if (has(text, '/')) return false;
-    if (text.starts_with("\\\\")) return true;  // is refused, since no drive holds it
+    if (text.starts_with("\\\\")) return true;  // to be refused: on no known drive
     if (!has(text, '\\')) return has(text, '~') && disk_.nameHere(text) != text;
     return !disk_.shortPath(text.substr(0, text.rfind('\\') + 1)).empty();
 }

@@ -7,20 +7,20 @@
 
 namespace platform {
 
-/// Turns the arguments of a program into names that it understands.
+/// Translates a program's arguments into file names that it understands.
 class ArgumentMap {
   public:
-    /// The program is named in messages.
+    /// `program` is the name to use in error messages.
     ArgumentMap(WindowsDisk& disk, std::string program)
         : disk_(disk), program_(std::move(program)) {}
 
-    /// For a program of the host: Windows paths become the host's, short names and names in the
-    /// wrong case become those on the disk. An option's joined path ("-OFd:\words.txt") counts, and
-    /// what begins with a slash and is not there counts from the root of the current drive. Throws
-    /// RuntimeError for a path that no drive holds.
+    /// For a host program: turns Windows paths into host paths, and short names and names in the
+    /// wrong case into the names on the disk. This includes a path joined to an option
+    /// ("-OFd:\words.txt"). A word that begins with a slash and does not exist on the host is taken
+    /// from the root of the current drive. Throws RuntimeError for a path on no known drive.
     void toHost(std::vector<std::string>& arguments);
-    /// For a Windows program: paths and names stay Windows', short ones become long ones, since
-    /// nobody else knows our short names.
+    /// For a Windows program: keeps Windows paths, but replaces short names by long ones, since no
+    /// other program knows our short names.
     void toLongNames(std::vector<std::string>& arguments);
 
   private:

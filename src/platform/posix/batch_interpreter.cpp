@@ -19,22 +19,26 @@ namespace platform {
 
 namespace {
 
-/// Safe to show: a name must not steer the terminal.
-std::string shown(const std::string& text) {
+/// Replaces control characters, so that a name cannot send commands to the terminal.
+std::string printable(const std::string& text) {
     const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
     QString result = QString::fromStdString(text);
     std::replace_if(result.begin(), result.end(), isControl, QChar('?'));
     return result.toStdString();
 }
 
-[[noreturn]] void refuse(const std::string& folder, const std::string& reason) {
+[[noreturn]] void refuseFolder(const std::string& folder, const std::string& reason) {
     throw core::RuntimeError("Cannot change to " + folder + ": " + reason +
                              ". The script ends here, so that nothing runs in a wrong folder.");
 }
 
+[[noreturn]] void refuseInput(const std::string& file, const std::string& reason) {
+    throw core::RuntimeError("The command was not run: cannot read " + file + ": " + reason + '.');
+}
+
 void enter(const std::string& hostFolder, const std::string& name) {
-    if (hostFolder.empty()) refuse(name, "No such drive");
-    if (chdir(hostFolder.c_str()) != 0) refuse(name, std::strerror(errno));
+    if (hostFolder.empty()) refuseFolder(name, "No such drive");
+    if (chdir(hostFolder.c_str()) != 0) refuseFolder(name, std::strerror(errno));
 }
 
 }  // namespace
@@ -45,31 +49,31 @@ bool BatchInterpreter::run(std::string_view script) {
     for (const BatchLine& line : parseBatch(script)) {
         echo(line.text);
         try {
-            if (carryOut(line) == Next::Stop) break;
+            if (execute(line) == Next::Stop) break;
         } catch (const core::RuntimeError& error) {
-            tell(error.what());
+            report(error.what());
             break;
         }
     }
-    if (!lastFailure_.empty()) tell(lastFailure_);
+    if (!lastFailure_.empty()) report(lastFailure_);
     return !failed_;
 }
 
-BatchInterpreter::Next BatchInterpreter::carryOut(const BatchLine& line) {
+BatchInterpreter::Next BatchInterpreter::execute(const BatchLine& line) {
     std::string answer;
     switch (line.kind) {
         case BatchLine::Kind::Drive:
             changeDrive(line.text);
-            return Next::GoOn;
+            return Next::Continue;
         case BatchLine::Kind::ChangeFolder:
             changeFolder(line.folder);
-            return Next::GoOn;
+            return Next::Continue;
         case BatchLine::Kind::Pause:
             out_ << "Press Enter to continue . . . " << std::flush;
             std::getline(in_, answer);
-            failed_ = false;  // what was told has been read
+            failed_ = false;  // the user has read the errors
             lastFailure_.clear();
-            return Next::GoOn;
+            return Next::Continue;
         case BatchLine::Kind::Exit:
             return Next::Stop;
         case BatchLine::Kind::Command:
@@ -96,9 +100,9 @@ void BatchInterpreter::changeFolder(const std::string& path) {
     const std::string host = disk_.toHost(path);
     const std::string drive = caseFolded(core::drivePart(path));
     if (drive.empty() || drive == currentDrive()) return enter(host, path);
-    // Another drive's folder counts from the next line that goes to that drive.
+    // On another drive, it takes effect when a later line changes to that drive.
     std::error_code failed;
-    if (!std::filesystem::is_directory(host, failed)) refuse(path, "No such folder");
+    if (!std::filesystem::is_directory(host, failed)) refuseFolder(path, "No such folder");
     folders_[drive] = host;
 }
 
@@ -108,14 +112,12 @@ std::string BatchInterpreter::inputFile(const CommandLine& command) {
         throw core::RuntimeError("The command was not run: no file is named behind \"<\".");
     }
     std::string file = disk_.toHost(*command.input);
-    const bool readable = !file.empty() && access(file.c_str(), R_OK) == 0;
+    if (file.empty()) refuseInput(*command.input, "No such drive");
+    if (access(file.c_str(), R_OK) != 0) refuseInput(*command.input, std::strerror(errno));
     std::error_code failed;
-    if (readable && std::filesystem::is_regular_file(file, failed)) return file;
-    const std::string reason = file.empty() ? "No such drive"
-                               : readable   ? "It is no ordinary file"
-                                            : std::strerror(errno);
-    throw core::RuntimeError("The command was not run: cannot read " + *command.input + ": " +
-                             reason + '.');
+    if (!std::filesystem::is_regular_file(file, failed))
+        refuseInput(*command.input, "It is no ordinary file");
+    return file;
 }
 
 BatchInterpreter::Next BatchInterpreter::runCommand(const std::string& text) {
@@ -126,20 +128,20 @@ BatchInterpreter::Next BatchInterpreter::runCommand(const std::string& text) {
         showTitle(command);
         const Ending ending = runToEnd(invocation, input);
         lastFailure_ = ending.isGood() ? "" : command.words.front() + ' ' + ending.text() + '.';
-        if (ending.signal != SIGINT) return Next::GoOn;
+        if (ending.signal != SIGINT) return Next::Continue;
         lastFailure_.clear();
     } catch (const core::RuntimeError& error) {
-        tell(error.what());
-        return Next::GoOn;
+        report(error.what());
+        return Next::Continue;
     }
-    tell("Interrupted.");
+    report("Interrupted.");
     return Next::Stop;
 }
 
 void BatchInterpreter::echo(const std::string& line) {
     std::string folder = disk_.toWindows(currentFolder());
     if (!folder.empty() && isLetter(folder.front())) folder.front() &= ~0x20;  // upper case
-    out_ << '\n' << shown(folder) << '>' << shown(line) << std::endl;
+    out_ << '\n' << printable(folder) << '>' << printable(line) << std::endl;
 }
 
 void BatchInterpreter::showTitle(const CommandLine& command) {
@@ -147,14 +149,14 @@ void BatchInterpreter::showTitle(const CommandLine& command) {
     std::string title(core::afterLast(command.words.front(), '\\'));
     for (std::size_t i = 1; i < command.words.size(); ++i)
         title += ' ' + command.words[i];
-    title = shown(title) + " - Norvane Workbench";
-    // Konsole shows the second one only.
+    title = printable(title) + " - Norvane Workbench";
+    // Konsole reads only the second sequence.
     out_ << "\x1b]2;" << title << "\a\x1b]30;" << title << '\a' << std::flush;
 }
 
-void BatchInterpreter::tell(const std::string& message) {
+void BatchInterpreter::report(const std::string& message) {
     failed_ = true;
-    out_ << shown(message) << std::endl;
+    out_ << printable(message) << std::endl;
 }
 
 }  // namespace platform

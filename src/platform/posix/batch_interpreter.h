@@ -11,32 +11,32 @@
 
 namespace platform {
 
-/// Runs batch scripts: drive lines, "cd", commands, "pause" and "exit". No shell is ever involved.
+/// Runs batch scripts: drive lines, "cd", commands, "pause" and "exit". It never calls a shell.
 class BatchInterpreter {
   public:
-    /// Whether out is a terminal's window, whose title then tells what runs.
+    /// Whether `out` is a terminal window, whose title then shows the running command.
     enum class Titles { No, Yes };
 
-    /// Echoes the lines and tells what goes wrong on out; "pause" reads a line from in.
+    /// Writes echoed lines and errors to `out`; "pause" reads a line from `in`.
     BatchInterpreter(WindowsDisk& disk, std::istream& in, std::ostream& out,
                      Titles titles = Titles::No)
         : disk_(disk), launcher_(disk), in_(in), out_(out), titles_(titles) {}
 
-    /// Runs the script from the current folder of the process. False if its end should wait for the
-    /// reader: a line could not be carried out, or the last program failed, and no "pause" has
-    /// followed.
+    /// Runs the script in the current folder of the process. Returns false if the user must be
+    /// given time to read the output: a line could not be executed, or the last program failed, and
+    /// no "pause" followed.
     bool run(std::string_view script);
 
   private:
-    enum class Next { GoOn, Stop };
-    Next carryOut(const BatchLine& line);
+    enum class Next { Continue, Stop };
+    Next execute(const BatchLine& line);
     void changeDrive(const std::string& drive);
     void changeFolder(const std::string& path);
     Next runCommand(const std::string& text);
     std::string inputFile(const CommandLine& command);
     void echo(const std::string& line);
     void showTitle(const CommandLine& command);
-    void tell(const std::string& message);
+    void report(const std::string& message);
     std::string currentDrive();
 
     WindowsDisk& disk_;
@@ -44,10 +44,10 @@ class BatchInterpreter {
     std::istream& in_;
     std::ostream& out_;
     Titles titles_;
-    std::map<std::string, std::string>
-        folders_;  ///< current folders of other drives, as host paths
+    /// Current folders of other drives, as host paths.
+    std::map<std::string, std::string> folders_;
     bool failed_ = false;
-    std::string lastFailure_;  ///< how the last program failed, if it did
+    std::string lastFailure_;  ///< how the last program failed; empty if it did not
 };
 
 }  // namespace platform

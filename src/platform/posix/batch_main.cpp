@@ -1,6 +1,7 @@
-// Runs a batch script in a terminal: nwbw-batch SCRIPT FOLDER PREFIX, all paths of the host. The
-// script starts in the folder, with the drives of the Wine prefix. Neither can come from the
-// process or its environment, which may be those of a terminal that has been open before.
+// Runs a batch script in a terminal: nwbw-batch SCRIPT FOLDER PREFIX, all of them host paths. The
+// script starts in the folder, with the drives of the Wine prefix. Both are arguments because a
+// terminal that was already open may start this program with another current folder and
+// environment.
 
 #include <termios.h>
 #include <unistd.h>
@@ -21,7 +22,7 @@ bool runScript(const char* path, const char* prefix) {
         std::cout << "Cannot read the script " << path << ": " << std::strerror(errno) << std::endl;
         return false;
     }
-    // Read as a whole, since the script may be written anew while this run lasts.
+    // Read completely before running: the workbench may rewrite the script meanwhile.
     const std::string script{std::istreambuf_iterator<char>(file), {}};
     platform::WindowsDisk disk{platform::Drives(prefix)};
     using platform::BatchInterpreter;
@@ -44,13 +45,13 @@ int main(int count, char* arguments[]) {
         return 2;
     }
     termios settings = {};
-    const bool hasReader = tcgetattr(STDIN_FILENO, &settings) == 0;
+    const bool hasTerminal = tcgetattr(STDIN_FILENO, &settings) == 0;
     if (enterFolder(arguments[2]) && runScript(arguments[1], arguments[3])) return 0;
-    if (!hasReader) return 1;
-    // A tool that was cut off leaves its own settings behind, and keys that were meant for it.
+    if (!hasTerminal) return 1;
+    // A tool that was killed may leave its terminal settings and unread keys behind.
     tcsetattr(STDIN_FILENO, TCSAFLUSH, &settings);
     std::cout << "Press Enter to close this window . . . " << std::flush;
     std::string line;
     std::getline(std::cin, line);
-    return 0;  // the reader has seen it
+    return 0;  // the user has seen the error
 }

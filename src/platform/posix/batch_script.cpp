@@ -17,8 +17,8 @@ BatchLine parseLine(std::string_view text) {
 
     const std::size_t end = std::min(text.find_first_of(" \t\"\\"), text.size());
     const std::string command = caseFolded(text.substr(0, end));
-    const std::string_view behind = trimmed(text.substr(end));
-    if (command == "cd" && !behind.empty()) return {Kind::ChangeFolder, line, unquoted(behind)};
+    const std::string_view argument = trimmed(text.substr(end));
+    if (command == "cd" && !argument.empty()) return {Kind::ChangeFolder, line, unquoted(argument)};
     if (command == "pause") return {Kind::Pause, line, ""};
     if (command == "exit") return {Kind::Exit, line, ""};
     return {Kind::Command, line, ""};

@@ -11,11 +11,11 @@ struct BatchLine {
     enum class Kind { Drive, ChangeFolder, Pause, Exit, Command };
 
     Kind kind = Kind::Command;
-    std::string text;    ///< the line without blanks at its ends
-    std::string folder;  ///< of ChangeFolder, without quotes
+    std::string text;    ///< the line, trimmed
+    std::string folder;  ///< the argument of ChangeFolder, without quotes
 };
 
-/// The lines of a script that say something, in their order. Lines end in CRLF or LF.
+/// Returns the non-blank lines of a script. Lines end in CRLF or LF.
 std::vector<BatchLine> parseBatch(std::string_view script);
 
 }  // namespace platform

@@ -27,7 +27,7 @@ std::string caseFolded(std::string_view text) {
         using Flag = QStringDecoder::Flag;
         QStringDecoder decode(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
         const QString decoded = decode(QByteArrayView(text.data(), std::ssize(text)));
-        // The bytes of a name that is not UTF-8 tell it apart from others.
+        // A name that is not UTF-8 keeps its bytes, which distinguish it from others.
         if (!decode.hasError()) return decoded.toCaseFolded().toStdString();
     }
     std::string folded(text);
@@ -36,7 +36,7 @@ std::string caseFolded(std::string_view text) {
 }
 
 bool sameButForCase(std::string_view one, std::string_view other) {
-    // Most names differ at once, in plain characters.
+    // Most names differ early, in ASCII characters.
     for (std::size_t i = 0; i < std::min(one.size(), other.size()); ++i) {
         if (!isAscii(one[i]) || !isAscii(other[i])) return caseFolded(one) == caseFolded(other);
         if (lowered(one[i]) != lowered(other[i])) return false;

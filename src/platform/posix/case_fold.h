@@ -5,13 +5,13 @@
 
 namespace platform {
 
-/// The text with all differences of case taken out, for any script that knows them.
+/// Returns the text case-folded by the rules of Unicode, or of ASCII if it is not UTF-8.
 std::string caseFolded(std::string_view text);
 
-/// True if the two texts differ at most in case.
+/// True if the texts are equal except for case.
 bool sameButForCase(std::string_view one, std::string_view other);
 
-/// True for a letter from a to z in either case.
+/// True for an ASCII letter.
 bool isLetter(char c);
 
 }  // namespace platform

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t";
 
-/// Takes the first word, with its quotes, off the text. "<" is a word of its own.
+/// Removes the first word from the text and returns it with its quotes. "<" is a word of its own.
 std::string_view takeWord(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
     std::size_t end = 0;

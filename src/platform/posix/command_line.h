@@ -7,20 +7,20 @@
 
 namespace platform {
 
-/// A line that starts a program. Blanks part its words, double quotes hold blanks together and
-/// fall away, "<" outside of quotes names the file to read from, and every other character is an
-/// ordinary one.
+/// A line that starts a program. Blanks separate its words, double quotes protect blanks and are
+/// removed, and "<" outside quotes is followed by the file for standard input. No other character
+/// is special.
 struct CommandLine {
     explicit CommandLine(std::string_view text);
 
     std::vector<std::string> words;    ///< the program and its arguments
-    std::optional<std::string> input;  ///< the word behind "<"; empty if there is none
-    std::string rest;                  ///< all that stands behind the program, as one name
+    std::optional<std::string> input;  ///< the word after "<", which may be missing
+    std::string rest;                  ///< everything after the program, as one name
 };
 
-/// Without blanks at both ends.
+/// Returns the text without leading and trailing blanks.
 std::string_view trimmed(std::string_view text);
-/// Without its double quotes.
+/// Returns the text without its double quotes.
 std::string unquoted(std::string_view text);
 
 }  // namespace platform

@@ -27,7 +27,7 @@ std::string usersPrefix() {
     return fs::is_directory(fs::path(wine) / linksFolder, none) ? wine : ownPrefix();
 }
 
-/// A prefix that cannot be made leaves the program without drives; host paths work all the same.
+/// Ignores errors: the program then has no drives, but host paths still work.
 void makePrefix(const fs::path& prefix) {
     std::error_code failed;
     if (fs::exists(prefix / linksFolder, failed)) return;

@@ -8,31 +8,30 @@
 
 namespace platform {
 
-/// The drive letters: a folder of links "c:", "d:", "z:", ..., as a Wine prefix keeps them in its
-/// dosdevices. Folders of the host are canonical and have no slash at their end, so that "/" is
-/// the empty text.
+/// The drive letters: links "c:", "d:", "z:", ... in one folder, as in the dosdevices of a Wine
+/// prefix. Host folders are canonical and have no trailing slash, so "/" is the empty string.
 class Drives {
   public:
-    /// The drives of the user's Wine prefix, or else of a prefix of our own, which is made at the
-    /// first start with c: as a fresh folder and z: as the whole disk.
+    /// Returns the drives of the user's Wine prefix or, if there is none, of a prefix of our own.
+    /// That is created at the first start, with a new folder as c: and the root of the host as z:.
     static Drives ofUser();
-    /// The drives of the prefix in a folder of the host.
+    /// Reads the drives of the prefix in a host folder.
     explicit Drives(std::string prefix);
 
-    /// The folder that a letter in any case stands for, if there is such a drive.
+    /// Returns the folder of a drive letter in either case, or nullopt if there is no such drive.
     [[nodiscard]] std::optional<std::string> folderOf(char letter) const;
 
-    /// The drives, as "c:", in order.
+    /// Returns the drives as "c:", sorted.
     [[nodiscard]] std::vector<std::string> names() const;
 
     struct Place {
-        std::string drive;   ///< "c:"; empty if no drive reaches the place
-        std::string folder;  ///< what the drive stands for
+        std::string drive;   ///< "c:"; empty if no drive contains the place
+        std::string folder;  ///< the drive's folder
     };
-    /// The drive whose folder is the longest beginning of a host path.
+    /// Returns the drive whose folder is the longest prefix of a host path.
     [[nodiscard]] Place placeOf(std::string_view hostPath) const;
 
-    /// The Wine prefix that sees the same letters.
+    /// Returns the prefix, with which Wine has the same drives.
     [[nodiscard]] const std::string& prefix() const { return prefix_; }
 
   private:

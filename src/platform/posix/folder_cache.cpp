@@ -15,11 +15,11 @@ namespace platform {
 
 namespace {
 
-constexpr std::size_t mostNames = 200'000;  // some 20 MB
+constexpr std::size_t mostNames = 200'000;  // about 20 MB
 constexpr std::int64_t second = 1'000'000'000;
-// The coarsest clock of a file system in use. Within one tick of it, a second change of a folder
-// leaves no trace in the folder's times.
-constexpr std::int64_t longestTick = 2 * second;
+// The coarsest granularity of times in file systems in use. A second change of a folder within it
+// does not show in the folder's times.
+constexpr std::int64_t coarsestTick = 2 * second;
 
 std::int64_t nanoseconds(const timespec& time) {
     return time.tv_sec * second + time.tv_nsec;
@@ -37,15 +37,15 @@ bool sameState(const struct stat& one, const struct stat& other) {
            nanoseconds(one.st_ctim) == nanoseconds(other.st_ctim);
 }
 
-/// True if a change of a folder from now on is sure to show in its times. Some file systems keep no
-/// times for their topmost folder.
+/// True if every later change of the folder will show in its times. Some file systems keep no times
+/// for their root.
 bool showsChanges(const struct stat& state) {
     const std::int64_t changed = nanoseconds(state.st_mtim);
-    return changed != 0 && std::abs(now() - changed) > longestTick;
+    return changed != 0 && std::abs(now() - changed) > coarsestTick;
 }
 
-/// Opens a folder for listing, null if that cannot be. To note the time of each access costs a
-/// write to the disk; only the folder's owner may go without.
+/// Opens a folder for listing, or returns null. Updating the access time would cost a write to the
+/// disk, but only the folder's owner may prevent it.
 DIR* openFolder(const std::string& path) {
     constexpr int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
     int handle = open(path.c_str(), flags | O_NOATIME);
@@ -53,8 +53,8 @@ DIR* openFolder(const std::string& path) {
     return handle < 0 ? nullptr : fdopendir(handle);
 }
 
-/// When a file came into being, in nanoseconds; 0 where the file system does not know.
-std::int64_t bornAt(const std::string& path) {
+/// Returns a file's creation time in nanoseconds, or 0 if the file system does not store it.
+std::int64_t createdAt(const std::string& path) {
     struct statx state = {};
     const int failed = statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BTIME, &state);
     if (failed != 0 || (state.stx_mask & STATX_BTIME) == 0) return 0;
@@ -87,7 +87,7 @@ const std::string* Folder::findExact(std::string_view name) const {
 }
 
 const std::string* Folder::findInAnyCase(std::string_view name) {
-    // Only a settled folder is kept, and worth an index.
+    // Only a settled folder is cached, which makes an index worthwhile.
     if (!settled_) {
         const auto found = std::find_if(names_.begin(), names_.end(), [&](const auto& known) {
             return sameButForCase(known, name);
@@ -135,7 +135,7 @@ std::string Folder::spelledStem(std::string_view stem) const {
 ShortNames& Folder::shortNames() {
     if (!shortNames_) {
         shortNames_.emplace(names_,
-                            [this](const auto& name) { return bornAt(path_ + '/' + name); });
+                            [this](const auto& name) { return createdAt(path_ + '/' + name); });
     }
     return *shortNames_;
 }

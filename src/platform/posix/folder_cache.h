@@ -12,25 +12,26 @@
 
 namespace platform {
 
-/// The names in one folder of the host, as they were when it was read.
+/// The names in a host folder at the time it was read.
 class Folder {
   public:
-    /// Reads the folder; nothing if it cannot be listed.
+    /// Reads the folder. Returns nullopt if it cannot be listed.
     static std::optional<Folder> read(const std::string& path);
 
-    /// The name on the disk that is meant: the exact one, else one in another case, else the one
-    /// with that short name; null if there is none.
+    /// Finds the name on the disk that `name` means: the exact one, else one in another case, else
+    /// the one with that short name. Returns null if there is none.
     const std::string* find(std::string_view name);
-    /// The name to use where none is found: a short stem is replaced by its long one.
+    /// Returns the name to use if `find` finds none: with its long stem in place of a short one.
     std::string nameForNew(std::string_view name);
-    /// The short form of a name of this folder.
+    /// Returns the short form of a name in this folder.
     const std::string& shortFor(const std::string& name);
-    /// The stem as the names of this folder spell it, if they do so in another case only.
+    /// Returns the stem in the case that the names of this folder give it, or unchanged if none has
+    /// it.
     [[nodiscard]] std::string spelledStem(std::string_view stem) const;
 
-    /// True while nothing was added to the folder or taken from it since it was read.
+    /// True if no name can have been added or removed since the folder was read.
     [[nodiscard]] bool isCurrent() const;
-    /// The number of names held: the folder's own, and those in it.
+    /// Returns the number of names held: those in the folder and its own.
     [[nodiscard]] std::size_t size() const { return 1 + names_.size(); }
 
   private:
@@ -41,22 +42,22 @@ class Folder {
 
     std::string path_;
     struct stat state_ = {};
-    bool settled_ = false;            ///< any change since the reading shows in the state
+    bool settled_ = false;            ///< every change since then shows in the times of state_
     std::vector<std::string> names_;  ///< sorted
-    // Made at the first need.
+    // Built on first use.
     std::unordered_map<std::string, const std::string*> byFoldedName_;
     std::optional<ShortNames> shortNames_;
 };
 
-/// The folders that were read, each kept until it changes.
+/// Keeps folders that were read until they change.
 class FolderCache {
   public:
-    /// The folder as it is now; null if it cannot be listed. Valid until the next call.
+    /// Returns the folder as it is now, or null if it cannot be listed. Valid until the next call.
     Folder* at(const std::string& path);
 
   private:
     std::unordered_map<std::string, Folder> folders_;
-    std::size_t names_ = 0;  ///< of all folders together
+    std::size_t names_ = 0;  ///< in all folders together
 };
 
 }  // namespace platform

@@ -39,7 +39,7 @@ class SpawnSetup {
     posix_spawnattr_t attributes;
 };
 
-/// The texts as the null-ended array of pointers that the system asks for.
+/// Returns pointers to the texts, followed by a null pointer, as the system expects them.
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
     pointers.reserve(texts.size() + 1);
@@ -77,22 +77,22 @@ pid_t spawn(const Invocation& invocation, const SpawnSetup& setup) {
     return process;
 }
 
-/// Leaves the keyboard's signals to the program in the foreground. An empty handler does what is
-/// meant, since it does not reach into the program that is started, as ignoring would.
-class KeyboardSignalsAside {
+/// Leaves the keyboard's signals to the program in the foreground. Sets an empty handler because a
+/// started program would inherit SIG_IGN.
+class KeyboardSignalGuard {
   public:
-    KeyboardSignalsAside() {
-        struct sigaction aside = {};
-        aside.sa_handler = [](int) {};
-        sigaction(SIGINT, &aside, &interrupt_);
-        sigaction(SIGQUIT, &aside, &quit_);
+    KeyboardSignalGuard() {
+        struct sigaction ignored = {};
+        ignored.sa_handler = [](int) {};
+        sigaction(SIGINT, &ignored, &interrupt_);
+        sigaction(SIGQUIT, &ignored, &quit_);
     }
-    ~KeyboardSignalsAside() {
+    ~KeyboardSignalGuard() {
         sigaction(SIGINT, &interrupt_, nullptr);
         sigaction(SIGQUIT, &quit_, nullptr);
     }
-    KeyboardSignalsAside(const KeyboardSignalsAside&) = delete;
-    KeyboardSignalsAside& operator=(const KeyboardSignalsAside&) = delete;
+    KeyboardSignalGuard(const KeyboardSignalGuard&) = delete;
+    KeyboardSignalGuard& operator=(const KeyboardSignalGuard&) = delete;
 
   private:
     struct sigaction interrupt_ = {};
@@ -120,14 +120,14 @@ std::future<Ending> startDetached(const Invocation& invocation) {
     setup.ownSession();
     std::packaged_task<Ending(pid_t)> wait(endingOf);
     std::future<Ending> ending = wait.get_future();
-    std::thread(std::move(wait), spawn(invocation, setup)).detach();  // leaves no dead process
+    std::thread(std::move(wait), spawn(invocation, setup)).detach();  // leaves no zombie
     return ending;
 }
 
 Ending runToEnd(const Invocation& invocation, const std::string& inputFile) {
     SpawnSetup setup;
     if (!inputFile.empty()) setup.readFrom(inputFile);
-    const KeyboardSignalsAside aside;
+    const KeyboardSignalGuard guard;
     return endingOf(spawn(invocation, setup));
 }
 

@@ -19,15 +19,11 @@ enum class Kind { Host, Windows, Unknown };
 
 Kind kindOf(const std::string& program) {
     std::ifstream file(program, std::ios::binary);
-    // One that may be executed but not read can only be a program of the host.
+    // A file that may be executed but not read can only be a host program.
     if (!file) return access(program.c_str(), X_OK) == 0 ? Kind::Host : Kind::Unknown;
     std::string text(4, '\0');
     file.read(text.data(), 4);
-    if (text ==
-            "\x7f"
-            "ELF" ||
-        text.starts_with("#!"))
-        return Kind::Host;
+    if (text == "\177ELF" || text.starts_with("#!")) return Kind::Host;
     return text.starts_with("MZ") ? Kind::Windows : Kind::Unknown;
 }
 

@@ -8,15 +8,14 @@
 
 namespace platform {
 
-/// Works out how a command of the Windows world is started on this host.
+/// Works out how to start a command for Windows on this host.
 class Launcher {
   public:
     explicit Launcher(WindowsDisk& disk) : disk_(disk) {}
 
-    /// Finds the program, which is a Windows path or a name on the search path, and gives it
-    /// arguments that it understands: programs of the host are executed, those of Windows go
-    /// through Wine, and notepad is the desktop's text editor. Throws RuntimeError that tells which
-    /// program is meant and what is missing.
+    /// Finds the program, given as a Windows path or as a name on the search path, and translates
+    /// its arguments. Host programs are executed, Windows programs run in Wine, and notepad is the
+    /// desktop's text editor. Throws RuntimeError that names the program and what is missing.
     Invocation prepare(const CommandLine& command);
 
   private:

@@ -4,8 +4,8 @@
 
 namespace platform {
 
-/// The host's path of a program found on the search path; empty if there is none. Folders that
-/// count from the current one are left out: the folder of a game must not bring programs along.
+/// Returns the host path of a program on the search path, or an empty string. Skips relative
+/// folders: a game's folder must not provide programs.
 std::string onSearchPath(const std::string& name);
 
 }  // namespace platform

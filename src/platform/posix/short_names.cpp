@@ -27,14 +27,18 @@ bool isShortExtension(std::string_view extension) {
     return extension.size() <= longestExtension && allPlain(extension);
 }
 
-/// Upper case, without blanks and dots; any other character that is not plain becomes "_".
-std::string squeezed(std::string_view text) {
+/// Returns the text in upper case, without blanks and dots, and with "_" for any other character
+/// that is not plain.
+std::string shortened(std::string_view text) {
     std::string result;
     for (const char c : text) {
         const bool insideCharacter = (static_cast<unsigned char>(c) & 0xc0) == 0x80;
         if (c == ' ' || c == '.' || insideCharacter) continue;
-        const bool lower = c >= 'a' && c <= 'z';
-        result += lower ? static_cast<char>(c - 'a' + 'A') : isPlain(c) ? c : '_';
+        if (c >= 'a' && c <= 'z') {
+            result += static_cast<char>(c - 'a' + 'A');
+        } else {
+            result += isPlain(c) ? c : '_';
+        }
     }
     return result;
 }
@@ -51,11 +55,11 @@ struct Group {
 };
 
 struct Candidate {
-    std::int64_t born;
+    std::int64_t created;
     const std::string* name;
 };
 
-/// The groups in the order of their oldest names.
+/// Groups the names by their short stems, in the order of each group's oldest name.
 std::vector<Group> grouped(const std::vector<Candidate>& byAge) {
     std::vector<Group> groups;
     std::unordered_map<std::string, std::size_t> shared;  // by long stem
@@ -76,7 +80,7 @@ std::vector<Group> grouped(const std::vector<Candidate>& byAge) {
     return groups;
 }
 
-/// Hands out numbered stems, each one once.
+/// Gives out numbered stems, each only once.
 class StemNumbers {
   public:
     explicit StemNumbers(const std::vector<std::string>& names) {
@@ -87,7 +91,7 @@ class StemNumbers {
     }
 
     std::string next(std::string_view longStem) {
-        std::string base = squeezed(longStem).substr(0, longestBase);
+        std::string base = shortened(longStem).substr(0, longestBase);
         if (base.empty()) base += '_';
         int& number = last_[base];
         std::string stem;
@@ -125,12 +129,12 @@ bool endsAsShortened(std::string_view name) {
 }
 
 ShortNames::ShortNames(const std::vector<std::string>& names,
-                       const std::function<std::int64_t(const std::string&)>& bornAt) {
+                       const std::function<std::int64_t(const std::string&)>& createdAt) {
     std::vector<Candidate> byAge;
     for (const std::string& name : names)
-        if (!isShortName(name)) byAge.push_back({bornAt(name), &name});
+        if (!isShortName(name)) byAge.push_back({createdAt(name), &name});
     std::sort(byAge.begin(), byAge.end(), [](const Candidate& one, const Candidate& other) {
-        return std::tie(one.born, *one.name) < std::tie(other.born, *other.name);
+        return std::tie(one.created, *one.name) < std::tie(other.created, *other.name);
     });
 
     StemNumbers numbers(names);
@@ -139,7 +143,7 @@ ShortNames::ShortNames(const std::vector<std::string>& names,
         const std::string stem = numbers.next(longStem);
         longStems_.emplace(caseFolded(stem), longStem);
         for (const std::string* name : group.names) {
-            const std::string extension = squeezed(NameParts(*name).extension);
+            const std::string extension = shortened(NameParts(*name).extension);
             const std::string shortForm = joined(stem, extension.substr(0, longestExtension));
             shortForms_.emplace(*name, shortForm);
             names_.emplace(caseFolded(shortForm), *name);

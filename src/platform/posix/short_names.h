@@ -9,7 +9,7 @@
 
 namespace platform {
 
-/// A file name parted at its last dot. A dot at the start or at the end parts nothing.
+/// A file name split at its last dot. A leading or trailing dot does not count.
 struct NameParts {
     explicit NameParts(std::string_view name);
 
@@ -21,25 +21,25 @@ struct NameParts {
 /// plain characters.
 bool isShortName(std::string_view name);
 
-/// True if the stem ends as all do that were shortened: in "~" and a number.
+/// True if the stem ends like a shortened one, in "~" and a number.
 bool endsAsShortened(std::string_view name);
 
-/// The short names of one folder. Stems are shortened, not files: names that share a long stem and
-/// have a short extension share one short stem, so that a tool which is told only the stem, and
-/// puts another extension behind it, names the same thing as its user.
+/// The short names of one folder. Names that share a long stem and have a short extension share one
+/// short stem too: a tool that is given only the stem, and appends another extension, then names
+/// the file that its user means.
 class ShortNames {
   public:
-    /// Works out the short names of a folder's names. bornAt gives when a name came into being, in
-    /// any unit; the older of two names that compete for a short stem gets the lower number.
+    /// Works out the short names for a folder's names. `createdAt` returns when a name was created,
+    /// in any unit; the older of two names that compete for a short stem gets the lower number.
     ShortNames(const std::vector<std::string>& names,
-               const std::function<std::int64_t(const std::string&)>& bornAt);
+               const std::function<std::int64_t(const std::string&)>& createdAt);
 
-    /// The short form of a name of the folder.
+    /// Returns the short form of a name in the folder.
     [[nodiscard]] const std::string& shortFor(const std::string& name) const;
-    /// The name whose short form this is, in any case; empty if there is none.
+    /// Returns the name with this short form, in any case, or an empty string.
     [[nodiscard]] std::string nameFor(std::string_view shortName) const;
-    /// A short stem, alone or with an extension, with the long stem in its place; empty if no name
-    /// of the folder has that short stem.
+    /// Replaces a short stem, alone or with an extension, by the long one. Returns an empty string
+    /// if no name in the folder has that short stem.
     [[nodiscard]] std::string withLongStem(std::string_view name) const;
 
   private:

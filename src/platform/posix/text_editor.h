@@ -6,9 +6,9 @@
 
 namespace platform {
 
-/// The user's plain text editor: the desktop's default, else a known one with windows, else the one
-/// that the environment names for the terminal. file is the host's path, empty for none. Throws
-/// RuntimeError if no editor is found. Each system brings its own.
+/// Returns the user's text editor, ready to open `file`, a host path or empty: the desktop's
+/// default, else a known graphical one, else the one that the environment names for the terminal.
+/// Throws RuntimeError if no editor is found. Implemented by the library of each system.
 Invocation textEditor(const std::string& file);
 
 }  // namespace platform

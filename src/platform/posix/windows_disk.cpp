@@ -26,8 +26,8 @@ std::string withoutSlash(std::string path) {
     return path;
 }
 
-/// False if the name holds what no Windows path can hold, or what would end a line or a quoted text
-/// of a script; its short name holds nothing of the kind.
+/// False if the name contains a character that a Windows path cannot contain, or that would end a
+/// line or a quoted text in a script. A short name never contains one.
 bool fitsWindows(std::string_view name) {
     return std::none_of(name.begin(), name.end(), [](char c) {
         constexpr std::string_view reserved = "\\:*?\"<>|";
@@ -71,8 +71,8 @@ std::optional<WindowsDisk::Start> WindowsDisk::startOf(std::string_view path) {
     return start;
 }
 
-/// Goes as far as the disk has the path, or else its folder, in just this spelling: on that way no
-/// folder need be listed. Gives the rest of the path.
+/// Enters the path, or else its folder, if the disk has it in exactly this spelling, which saves
+/// listing the folders. Returns the rest of the path.
 std::string_view WindowsDisk::enterExact(std::string& host, std::string_view path) {
     std::string names(path);
     std::replace(names.begin(), names.end(), '\\', '/');
@@ -106,7 +106,7 @@ void WindowsDisk::enter(Found& place, std::string_view part, Spelling spelling) 
     const std::string asGiven = folder != nullptr ? folder->nameForNew(part) : std::string(part);
     place.host += asGiven;
     place.text += fitsWindows(asGiven) ? asGiven : part;
-    // A folder that may be entered but not listed can hold the name all the same.
+    // The name can exist in a folder that may be entered but not listed.
     struct stat state = {};
     if (folder != nullptr || lstat(place.host.c_str(), &state) != 0) place.exists = false;
 }

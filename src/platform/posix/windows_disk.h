@@ -9,30 +9,32 @@
 
 namespace platform {
 
-/// The host's disk as Windows programs see it: drive letters, names found without regard to case,
-/// short names. A relative path counts from the current folder of the process; one with a drive
-/// but no backslash from there too if that folder lies on the drive, else from the drive's root.
-/// ".." is taken out of the text, as Windows does, and never leads above a root. A slash parts
-/// names as a backslash does, since no name of the host can hold one, and a path that begins with
-/// a slash is the host's own.
+/// The host's disk as Windows programs see it, with drive letters, case-insensitive names and short
+/// names. A relative path starts at the current folder of the process. So does a path with a drive
+/// but without a backslash if that folder is on the drive; otherwise it starts at the drive's root.
+/// ".." is resolved in the text, as on Windows, and never leads above a root. A slash separates
+/// names like a backslash, since no host name can contain one, and a path that begins with a slash
+/// is a host path.
 class WindowsDisk {
   public:
     explicit WindowsDisk(Drives drives) : drives_(std::move(drives)) {}
 
-    /// The host's path for a path with long or short names; a file that is not there yet gets the
-    /// name given. Empty if the path is empty, holds a NUL byte, or names a computer or a drive
-    /// that is not there.
+    /// Returns the host path for a path with long or short names; a file that does not exist keeps
+    /// the name given. Returns an empty string if the path is empty, contains a NUL byte, names a
+    /// computer, or has an unknown drive.
     std::string toHost(std::string_view path);
-    /// The Windows path of an absolute host path; the host path itself if no drive reaches it.
+    /// Returns the Windows path of an absolute host path, or the host path itself if no drive
+    /// contains it.
     std::string toWindows(const std::string& hostPath);
-    /// The path with the short form of every part; empty if it names nothing that exists.
+    /// Returns the path with the short form of every part, or an empty string if it does not exist.
     std::string shortPath(std::string_view path);
-    /// The path with each part as it is on the disk, short names replaced by the long ones that a
-    /// Windows path can hold; parts that are not there stay as given.
+    /// Returns the path as spelled on the disk, with long names for short ones where a Windows path
+    /// can contain them. Parts that do not exist stay as given.
     std::string longPath(std::string_view path);
 
-    /// The name on the disk that a bare name or stem stands for in the current folder: the long one
-    /// for a short one, the right case for a wrong one, also of a stem alone; else the name given.
+    /// Returns the name on the disk that a bare name or stem means in the current folder: the long
+    /// one for a short one, and the right case for a wrong one. Returns it unchanged if there is
+    /// none.
     std::string nameHere(std::string_view name);
 
     [[nodiscard]] const Drives& drives() const { return drives_; }
@@ -41,13 +43,13 @@ class WindowsDisk {
     enum class Spelling { Short, Long, Host };
     struct Found {
         std::string host;  ///< "/" is empty here
-        std::string text;  ///< the path in the spelling asked for, if it is not the host's
+        std::string text;  ///< the path in the spelling Short or Long
         bool exists = true;
     };
     struct Start {
         std::string host;
         std::string root;          ///< ".." does not lead above it
-        std::string_view leading;  ///< the part of the path that is used up
+        std::string_view leading;  ///< the part of the path used so far
     };
     Folder* list(const std::string& host) { return folders_.at(host.empty() ? "/" : host); }
     std::optional<Start> startOf(std::string_view path);
@@ -59,7 +61,7 @@ class WindowsDisk {
     FolderCache folders_;
 };
 
-/// The current folder of the process, an absolute path without a slash at its end.
+/// Returns the current folder of the process, an absolute path without a trailing slash.
 std::string currentFolder();
 
 }  // namespace platform
