@@ -13,7 +13,7 @@ namespace platform {
 
 namespace {
 
-/// The value of a key in a group of a desktop file; empty if there is none.
+/// Returns a key's value in a group of a desktop file, or an empty string.
 QString valueIn(const QString& path, const QString& group, const QString& key) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return {};
@@ -29,7 +29,7 @@ QString valueIn(const QString& path, const QString& group, const QString& key) {
     return {};
 }
 
-/// The files that may name the default program, the most important first.
+/// Returns the files that may name the default program, highest priority first.
 QStringList defaultsFiles() {
     QStringList names;
     const auto desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").toLower();
@@ -74,7 +74,7 @@ std::vector<std::string> execWords(const std::string& exec, const std::string& f
             fileNamed = true;
         } else if (part == "%%") {
             words.emplace_back("%");
-        } else if (part.size() != 2 || part[0] != '%') {  // other codes are of no use here
+        } else if (part.size() != 2 || part[0] != '%') {  // drops other codes
             words.push_back(part);
         }
     }

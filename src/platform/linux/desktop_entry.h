@@ -8,11 +8,11 @@
 
 namespace platform {
 
-/// The program that the desktop opens files of a type with ("text/plain"), ready to open the host's
-/// file, or nothing at all if file is empty; nothing if the user has no such program.
+/// Returns the user's default program for a MIME type ("text/plain"), with `file`, a host path, as
+/// its argument unless empty. Returns nullopt if there is no such program.
 std::optional<Invocation> defaultProgram(const std::string& mimeType, const std::string& file);
 
-/// The words of the Exec line of a desktop entry, its field codes replaced by the file.
+/// Returns the words of a desktop entry's Exec line, with the field codes replaced by the file.
 std::vector<std::string> execWords(const std::string& exec, const std::string& file);
 
 }  // namespace platform

@@ -2,7 +2,7 @@
 
 namespace platform {
 
-/// Looks the system's fonts up, which the first text would wait for otherwise. Any thread may.
+/// Looks up the system's fonts, which the first text would otherwise wait for. Thread-safe.
 void lookUpFonts();
 
 }  // namespace platform

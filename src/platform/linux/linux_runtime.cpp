@@ -29,7 +29,7 @@ namespace {
     failTo(doing, path, std::strerror(errno));
 }
 
-/// Throws where the file system cannot tell.
+/// Throws if the file system cannot tell.
 bool isOrdinaryFile(const std::string& host, const std::string& path) {
     struct stat state = {};
     if (stat(host.c_str(), &state) == 0) return S_ISREG(state.st_mode);
@@ -37,17 +37,17 @@ bool isOrdinaryFile(const std::string& host, const std::string& path) {
     return false;
 }
 
-/// True of a path that, by how it ends, can name nothing but a folder.
+/// True if the path can only name a folder, by how it ends.
 bool endsAsFolder(const std::string& path) {
     const std::string name = path.substr(path.find_last_of("\\/") + 1);
     return name.empty() || name == ".";
 }
 
-/// Renames unless the new name exists.
+/// Renames unless the new name exists. Returns false with errno set on failure.
 bool renameToNew(const std::string& from, const std::string& to) {
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
     if (errno != EINVAL && errno != ENOSYS) return false;
-    // The file system cannot do both in one step.
+    // The file system cannot do this in one step.
     struct stat state = {};
     if (lstat(to.c_str(), &state) == 0) {
         errno = EEXIST;
@@ -109,8 +109,7 @@ std::chrono::system_clock::time_point LinuxRuntime::rtcFileDateTime(const std::s
 }
 
 void LinuxRuntime::openOutput(const std::string& path) {
-    // A link at this place would lead the output to a file of somebody else's choice, and a pipe
-    // would wait for a reader.
+    // Do not follow a link, which could lead to any file, and do not wait for the reader of a pipe.
     const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
     const int handle = open(hostPath("open", path).c_str(), flags, 0666);
     if (handle < 0) fail("open", path);
@@ -128,9 +127,10 @@ std::string LinuxRuntime::readFile(const std::string& path) {
 }
 
 void LinuxRuntime::failToWrite() {
-    // Where only a part could be written there is no room for the rest.
-    const bool told = output_.error() != QFileDevice::NoError;
-    const std::string reason = told ? output_.errorString().toStdString() : std::strerror(ENOSPC);
+    // A short write without an error means that the disk is full.
+    const bool hasError = output_.error() != QFileDevice::NoError;
+    const std::string reason =
+        hasError ? output_.errorString().toStdString() : std::strerror(ENOSPC);
     output_.close();
     failTo("write", outputPath(), reason);
 }
@@ -143,7 +143,7 @@ void LinuxRuntime::closeOutput() {
     if (!output_.isOpen()) return;
     writeOut();
     output_.close();
-    // Some file systems tell only now that there was no room.
+    // Some file systems report a full disk only when the file is closed.
     if (output_.error() != QFileDevice::NoError) {
         failTo("write", outputPath(), output_.errorString().toStdString());
     }
@@ -156,7 +156,8 @@ void LinuxRuntime::writeOutput(const std::string& text) {
 void LinuxRuntime::vbaFileFlush() {
     if (!output_.isOpen()) return;
     writeOut();
-    // A place that cannot be brought to a disk, such as a pipe, says so and needs none.
+    // A file that cannot be flushed to a disk, such as a pipe, fails with EINVAL and needs no
+    // flush.
     if (fsync(output_.handle()) != 0 && errno != EINVAL) fail("write", outputPath());
 }
 
@@ -190,8 +191,8 @@ void LinuxRuntime::startInTerminal(const std::vector<std::string>& words, bool m
     using namespace std::chrono_literals;
     const Invocation terminal = inTerminal(words, maximised);
     const std::shared_future<Ending> ending = startDetached(terminal).share();
-    if (QCoreApplication::instance() == nullptr) return;  // there will be no later to tell it
-    QTimer::singleShot(2s, &terminals_, [this, name = terminal.words.front(), ending] {
+    if (QCoreApplication::instance() == nullptr) return;  // no event loop, so no later check
+    QTimer::singleShot(2s, &terminalChecks_, [this, name = terminal.words.front(), ending] {
         const bool isOver = ending.wait_for(0s) == std::future_status::ready;
         if (!isOver || ending.get().isGood()) return;
         rtcMsgBox("The terminal " + name + ' ' + ending.get().text() +

@@ -10,13 +10,13 @@
 
 namespace platform {
 
-/// The host's path of the folder that holds the running program.
+/// Returns the host path of the running program's folder.
 std::string folderOfProgram();
 
-/// What the program asks of its platform, on Linux.
+/// The runtime on Linux.
 class LinuxRuntime : public CommonRuntime {
   public:
-    /// programFolder is the host's path of the folder that holds nwbw and nwbw-batch.
+    /// `programFolder` is the host path of the folder that contains nwbw and nwbw-batch.
     explicit LinuxRuntime(MessageBox messageBox,
                           const std::string& programFolder = folderOfProgram());
 
@@ -53,7 +53,7 @@ class LinuxRuntime : public CommonRuntime {
     }
     void RegCloseKey(RegistryKey) override {}
 
-    /// The disk behind the paths, for file dialogs that show the host's own.
+    /// Returns the disk that converts paths, for file dialogs that show host paths.
     WindowsDisk& disk() { return disk_; }
 
   protected:
@@ -72,7 +72,7 @@ class LinuxRuntime : public CommonRuntime {
 
     WindowsDisk disk_{Drives::ofUser()};
     Launcher launcher_{disk_};
-    QObject terminals_;  ///< whose endings are still to be told
+    QObject terminalChecks_;  ///< owns the timers that check on started terminals
     std::string programFolder_;
     std::string appPath_;
     QFile output_;

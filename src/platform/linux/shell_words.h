@@ -6,14 +6,14 @@
 
 namespace platform {
 
-/// The words of a command as a shell parts them: at blanks, with single quotes, double quotes and
-/// backslashes. Nothing is expanded.
+/// Splits a command into words as a shell does: at blanks, with single quotes, double quotes and
+/// backslashes. Expands nothing.
 std::vector<std::string> shellWords(std::string_view text);
 
-/// One text that a shell parts into just these words.
+/// Joins words into a text that a shell splits into the same words.
 std::string shellText(const std::vector<std::string>& words);
 
-/// One argument without blanks that starts the words behind "env".
+/// Joins words into one argument of "env" that starts them as a command.
 std::string envArgument(const std::vector<std::string>& words);
 
 }  // namespace platform

@@ -17,23 +17,23 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// How the program and its arguments follow the option that runs them.
+/// How a terminal takes the command to run.
 enum class Joined {
-    No,     ///< word by word
+    No,     ///< as separate arguments
     Shell,  ///< as one text for a shell
-    Env,    ///< as one argument of "env", for a terminal that expands variables in its words
-    Qt,     ///< the same in one text, parted at blanks outside of double quotes
+    Env,    ///< as one argument of "env", since the terminal expands variables
+    Qt,     ///< the same in one text, which is split at blanks outside double quotes
 };
 
 struct Terminal {
     std::string_view name;
-    std::string_view options;    ///< keep it apart from its open windows, which would change words
-    std::string_view maximised;  ///< fills the screen; empty if the terminal has no such option
-    std::string_view run;        ///< stands before the words; empty if they follow at once
+    std::string_view options;    ///< start a new process; a running one would change words
+    std::string_view maximised;  ///< maximises the window; empty if there is no such option
+    std::string_view run;        ///< precedes the command; may be empty
     Joined joined = Joined::No;
 };
 
-/// The terminals that have been tried, the first ones preferred. Options are parted as by a shell.
+/// The terminals known to work, in order of preference. Options are split as by a shell.
 constexpr auto known = std::to_array<Terminal>({
     {"xterm", "", "-maximized", "-e"},
     {"lxterm", "", "-maximized", "-e"},
@@ -62,15 +62,14 @@ const Terminal* knownAs(const std::string& name) {
     return found == known.end() ? nullptr : found;
 }
 
-/// A terminal's command: its path, then what the user's own choice adds to it.
+/// A terminal's command: its path, then arguments that the user has chosen.
 struct Chosen {
     std::vector<std::string> command;
     Terminal terminal = unknown;
 };
 
-/// Knows the terminal by the program's own name, else by that of the program it is a link to. A
-/// wrapper of Debian's alternatives takes the options of xterm alone, so that the terminal takes
-/// its place.
+/// Recognises the terminal by the program's own name or that of its link's target. Debian's
+/// wrappers only take the options of xterm, so the wrapped terminal is started instead.
 Chosen recognised(std::vector<std::string> command) {
     constexpr std::string_view wrapper = ".wrapper";
     const fs::path program = command[0];

@@ -13,12 +13,12 @@ namespace platform {
 
 namespace {
 
-constexpr std::array editorsWithWindows = {
+constexpr std::array graphicalEditors = {
     "gnome-text-editor", "gedit",   "kate",    "kwrite", "mousepad", "xed", "pluma",
     "featherpad",        "l3afpad", "leafpad",
 };
 
-/// The editor whose command is the text; it may bring arguments of its own.
+/// Returns the editor with this command, which may contain arguments, or nullopt if it is missing.
 std::optional<Invocation> editor(const char* command, const std::string& file, bool inTerminal) {
     Invocation program;
     program.words = shellWords(command);
@@ -34,7 +34,7 @@ std::optional<Invocation> editor(const char* command, const std::string& file, b
 
 Invocation textEditor(const std::string& file) {
     if (auto program = defaultProgram("text/plain", file)) return *program;
-    for (const char* name : editorsWithWindows)
+    for (const char* name : graphicalEditors)
         if (auto program = editor(name, file, false)) return *program;
     const std::array<const char*, 3> commands = {std::getenv("VISUAL"), std::getenv("EDITOR"),
                                                  "editor"};
