@@ -14,7 +14,7 @@ constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELET
 
 Handle openFile(const std::string& path, DWORD access, DWORD sharing, DWORD creation) {
     void* handle = INVALID_HANDLE_VALUE;
-    const bool opened = insist([&] {
+    const bool opened = retryWhileInUse([&] {
         handle = CreateFileW(wide(path).c_str(), access, sharing, nullptr, creation,
                              FILE_ATTRIBUTE_NORMAL, nullptr);
         return handle != INVALID_HANDLE_VALUE;
@@ -34,7 +34,7 @@ Handle openForOutput(const std::string& path) {
 }
 
 void requireFolder(const std::string& path) {
-    // A drive alone is a path only with the dot.
+    // A drive alone is the path of a folder only with the dot.
     const std::wstring folder = wide(path + '.');
     const DWORD attributes = GetFileAttributesW(folder.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
@@ -68,7 +68,7 @@ std::string readFile(const std::string& path) {
     return text;
 }
 
-bool insist(const std::function<bool()>& call) {
+bool retryWhileInUse(const std::function<bool()>& call) {
     constexpr DWORD patience = 1000;
     constexpr DWORD pause = 50;
     for (DWORD waited = 0;; waited += pause) {

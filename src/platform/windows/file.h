@@ -10,23 +10,23 @@ namespace platform {
 struct HandleCloser {
     void operator()(void* handle) const;
 };
-/// A handle of the system that is closed with its owner; empty for none.
+/// Owns a system handle; may be empty.
 using Handle = std::unique_ptr<void, HandleCloser>;
 
-/// Makes the file, or empties one that exists. Throws RuntimeError.
+/// Creates the file or truncates an existing one. Throws RuntimeError.
 Handle openForOutput(const std::string& path);
 
-/// Throws RuntimeError unless the folder is there and may be entered.
+/// Throws RuntimeError unless the folder exists and may be entered.
 void requireFolder(const std::string& path);
 
-/// Writes all of the bytes; the path is for the error. Throws RuntimeError.
+/// Writes the bytes. Throws RuntimeError that names `path`.
 void write(const Handle& file, std::string_view bytes, const std::string& path);
 
-/// All bytes of a file. Throws RuntimeError.
+/// Returns the contents of a file. Throws RuntimeError.
 std::string readFile(const std::string& path);
 
-/// Repeats a call of the system for up to a second while another program, such as a virus scanner,
-/// keeps the file to itself. Gives the last result; the call's error code stands.
-bool insist(const std::function<bool()>& call);
+/// Repeats a system call for up to a second while it fails because another program, such as a virus
+/// scanner, has the file open. Returns the last result; GetLastError() stays that of the call.
+bool retryWhileInUse(const std::function<bool()>& call);
 
 }  // namespace platform

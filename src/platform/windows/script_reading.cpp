@@ -25,8 +25,8 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
-/// The name in the line that begins at or behind start and holds the character at the place. No
-/// quotes, no option and no further "<" is a part of it.
+/// Returns the name in the line that begins at or after `start` and contains the character at
+/// `place`. Quotes, an option or another "<" end it.
 std::string_view nameAround(std::string_view line, std::size_t start, std::size_t place) {
     const std::string_view text = line.substr(start);
     const std::size_t ends[] = {text.find('"', place - start), text.find(" -", place - start),

@@ -15,8 +15,8 @@ namespace platform {
 
 namespace {
 
-/// True of a path that counts from no current folder and no current drive.
-bool isWhole(const std::string& path) {
+/// True if the path depends neither on the current folder nor on the current drive.
+bool isAbsolute(const std::string& path) {
     const auto isSlash = [](char c) { return c == '\\' || c == '/'; };
     return path.starts_with("\\\\") || (path.size() > 2 && path[1] == ':' && isSlash(path[2]));
 }
@@ -32,7 +32,7 @@ std::string systemFolder() {
     return narrow(folder);
 }
 
-/// The folders of the search path that mean the same from everywhere.
+/// Returns the search path without its relative folders.
 std::string safeSearchPath() {
     std::wstring variable(GetEnvironmentVariableW(L"PATH", nullptr, 0), L'\0');
     variable.resize(
@@ -43,20 +43,20 @@ std::string safeSearchPath() {
     for (std::string_view rest = folders; !rest.empty();) {
         const std::string folder(rest.substr(0, rest.find(';')));
         rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
-        if (isWhole(folder)) safe += folder + ';';
+        if (isAbsolute(folder)) safe += folder + ';';
     }
     return safe;
 }
 
-/// Keeps programs that lie in a game's folder from being started for those of the system, here and
-/// in all that is started.
+/// Keeps this process and its children from starting a program in a game's folder instead of the
+/// system's.
 void guardSearchPath(const std::string& folders) {
     SetEnvironmentVariableW(L"PATH", wide(folders).c_str());
     SetEnvironmentVariableW(L"NoDefaultCurrentDirectoryInExePath", L"1");
 }
 
-/// Where a program without a path lies.
-std::string found(const std::string& name, const std::string& folders) {
+/// Returns the path of a program that is given without one.
+std::string findProgram(const std::string& name, const std::string& folders) {
     std::wstring path(32768, L'\0');
     const DWORD length =
         SearchPathW(wide(systemFolder() + ';' + folders).c_str(), wide(name).c_str(), L".exe",
@@ -66,10 +66,10 @@ std::string found(const std::string& name, const std::string& folders) {
     return narrow(path);
 }
 
-/// A command parted into its program, without quotes, and all that stands behind it.
+/// A command split into its program, without quotes, and everything after it.
 struct Command {
     explicit Command(const std::string& text) {
-        if (isWhole(text) && isFile(text)) {
+        if (isAbsolute(text) && isFile(text)) {
             program = text;
             return;
         }
@@ -80,7 +80,7 @@ struct Command {
     }
 
     std::string program;
-    std::string arguments;  ///< with the blank before them
+    std::string arguments;  ///< with the leading blank
 };
 
 bool isScript(const std::string& program) {
@@ -90,7 +90,7 @@ bool isScript(const std::string& program) {
     return lstrcmpiW(end.c_str(), L".bat") == 0 || lstrcmpiW(end.c_str(), L".cmd") == 0;
 }
 
-/// The code page in which a new console begins, and in which the interpreter reads scripts there.
+/// Returns the code page of a new console, in which the interpreter reads scripts.
 unsigned consoleCodePage() {
     DWORD chosen = 0;
     DWORD size = sizeof(chosen);
@@ -98,7 +98,7 @@ unsigned consoleCodePage() {
                      &size) == ERROR_SUCCESS) {
         return chosen;
     }
-    // The process itself is in UTF-8, whatever the system is in.
+    // Not GetOEMCP(), which is UTF-8 in this process.
     wchar_t number[16] = {};
     size = sizeof(number);
     RegGetValueW(HKEY_LOCAL_MACHINE, LR"(SYSTEM\CurrentControlSet\Control\Nls\CodePage)", L"OEMCP",
@@ -106,13 +106,14 @@ unsigned consoleCodePage() {
     return std::wcstoul(number, nullptr, 10);
 }
 
-/// Brings the script into the code page in which the interpreter will read it. Gives what the
-/// interpreter has to do first: a console is changed only for a script that needs it.
+/// Rewrites the script in the code page of the interpreter. If that lacks a character, leaves the
+/// script in UTF-8 and returns the command that first switches the console to it; otherwise returns
+/// an empty string.
 std::string encode(const std::string& script, const std::string& text) {
     const std::wstring characters = wide(text);
     const unsigned codePage = consoleCodePage();
     const std::string bytes = narrow(characters, codePage);
-    // A mere likeness of a character is another character.
+    // The conversion replaces a missing character by a similar one.
     if (bytes.empty() || wide(bytes, codePage) != characters)
         return core::quoted(systemFolder() + "\\chcp.com") + ' ' + std::to_string(utf8) +
                " >nul & ";
@@ -120,8 +121,8 @@ std::string encode(const std::string& script, const std::string& text) {
     return "";
 }
 
-/// Starts the program with the whole command line, in the folder or, if none is given, in the
-/// current one.
+/// Starts the program with a command line, in the given folder or, if that is empty, in the current
+/// one.
 void start(const std::string& program, const std::string& command, const std::string& folder,
            bool maximised) {
     STARTUPINFOW startup = {};
@@ -140,7 +141,7 @@ void start(const std::string& program, const std::string& command, const std::st
     CloseHandle(process.hProcess);
 }
 
-/// Has the interpreter run the script, free of the user's start-up commands, which may change the
+/// Has the interpreter run the script, without the user's AutoRun commands, which may change the
 /// code page.
 void startScript(const std::string& script, const std::string& arguments, bool maximised) {
     const std::string command = core::quoted(script) + arguments;
@@ -155,8 +156,8 @@ void startScript(const std::string& script, const std::string& arguments, bool m
         if (!folder.empty()) requireFolder(folder);
         before = encode(script, text);
     }
-    // Begins where the "cd" line leads to, so that no tool runs elsewhere even if that line should
-    // fail. One that counts from the current folder needs that folder.
+    // Start in the folder of the "cd" line, so that no tool runs elsewhere even if that line fails.
+    // A relative folder needs the current one.
     if (!folder.substr(core::drivePart(folder).size()).starts_with('\\')) folder.clear();
     const std::string interpreter = systemFolder() + "\\cmd.exe";
     start(interpreter,
@@ -171,7 +172,7 @@ void startCommand(const std::string& text, bool maximised) {
     if (program.empty()) throw core::RuntimeError("Cannot start a program: none is named.");
     const std::string folders = safeSearchPath();
     guardSearchPath(folders);
-    if (program.find_first_of("\\/:") == std::string::npos) program = found(program, folders);
+    if (program.find_first_of("\\/:") == std::string::npos) program = findProgram(program, folders);
     if (isScript(program)) {
         startScript(program, arguments, maximised);
     } else {

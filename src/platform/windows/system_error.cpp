@@ -15,11 +15,11 @@ static std::string textOf(DWORD error, const std::string& path) {
                        0, text, static_cast<DWORD>(std::size(text)), nullptr);
     if (length == 0) return "error " + std::to_string(error);
     const std::wstring_view whole(text, length);
-    std::string told = narrow(whole.substr(0, whole.find_last_not_of(L"\r\n ") + 1));
+    std::string description = narrow(whole.substr(0, whole.find_last_not_of(L"\r\n ") + 1));
     const std::string_view insert = "%1";
-    if (const std::size_t at = told.find(insert); at != std::string::npos)
-        told.replace(at, insert.size(), path);
-    return told;
+    if (const std::size_t at = description.find(insert); at != std::string::npos)
+        description.replace(at, insert.size(), path);
+    return description;
 }
 
 void fail(const std::string& doing, const std::string& path) {

@@ -7,12 +7,11 @@ namespace platform {
 
 inline constexpr unsigned utf8 = 65001;
 
-/// The text in UTF-16, as the system's calls take it. A byte that is no UTF-8, or has no meaning in
-/// the other code page that is given, becomes U+FFFD.
+/// Returns UTF-8 text, or text in another code page, in UTF-16. An invalid byte becomes U+FFFD.
 std::wstring wide(std::string_view text, unsigned codePage = utf8);
 
-/// The system's text in UTF-8, or in another code page. Half a surrogate pair becomes U+FFFD, and
-/// what the other code page lacks a likeness or a question mark.
+/// Returns UTF-16 text in UTF-8 or another code page. Half a surrogate pair becomes U+FFFD, and a
+/// character that the code page lacks becomes a similar one or a question mark.
 std::string narrow(std::wstring_view text, unsigned codePage = utf8);
 
 }  // namespace platform

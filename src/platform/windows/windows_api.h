@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-// The system's header makes macros of names that core/runtime.h and its implementations bear.
+// <windows.h> makes macros of names that core/runtime.h and its implementations use.
 #undef GetShortPathName
 #undef MessageBox
 #undef RegOpenKeyEx

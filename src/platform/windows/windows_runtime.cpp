@@ -15,8 +15,8 @@ namespace platform {
 
 namespace {
 
-/// The text that a call writes into a buffer of a given size. The call gives its length, or at
-/// least that size if the text does not fit.
+/// Returns the text that `call(buffer, size)` writes. The call returns the text's length, or at
+/// least `size` if it does not fit.
 template <typename Call>
 std::string textFrom(const Call& call) {
     std::wstring buffer(MAX_PATH, L'\0');
@@ -28,7 +28,7 @@ std::string textFrom(const Call& call) {
     }
 }
 
-/// A file from before the time of UTF-8 is in the code page of the system's language.
+/// Returns the text in UTF-8. An older file is in the code page of the system's language.
 std::string inUtf8(const std::string& text) {
     if (MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(),
                             static_cast<int>(text.size()), nullptr, 0) != 0) {
@@ -44,7 +44,7 @@ std::wstring settingsKey(const std::string& application, const std::string& sect
     return wide("Software\\" + application + '\\' + section);
 }
 
-/// Goes over the names that match a pattern.
+/// Iterates over the names that match a pattern.
 class Listing {
   public:
     explicit Listing(const std::string& pattern)
@@ -72,7 +72,7 @@ class Listing {
     bool valid_;
 };
 
-/// True of the errors by which the system cannot tell whether there is a file.
+/// True for errors that leave open whether the file exists.
 bool isUnknown(DWORD error) {
     constexpr DWORD errors[] = {ERROR_ACCESS_DENIED, ERROR_CRC, ERROR_IO_DEVICE,
                                 ERROR_NETNAME_DELETED};
@@ -82,7 +82,7 @@ bool isUnknown(DWORD error) {
 }  // namespace
 
 WindowsRuntime::WindowsRuntime(MessageBox messageBox) : CommonRuntime(std::move(messageBox)) {
-    // A drive without a disk is an error of the operation, not a box of the system's.
+    // A drive without a disk must fail the operation, not bring up a system box.
     SetErrorMode(SEM_FAILCRITICALERRORS);
 }
 
@@ -99,7 +99,7 @@ std::string WindowsRuntime::TempPath() {
 }
 
 std::string WindowsRuntime::rtcDir(const std::string& path) {
-    // The last three are further wildcards of the system.
+    // The last three are further wildcards of Windows.
     if (path.find_first_of("*?<>\"") != std::string::npos) return "";
     const Listing found(path);
     if (!found.valid() && isUnknown(GetLastError())) fail("look up", path);
@@ -152,11 +152,12 @@ void WindowsRuntime::vbaFileFlush() {
 }
 
 void WindowsRuntime::rtcKillFiles(const std::string& path) {
-    if (!insist([&] { return DeleteFileW(wide(path).c_str()) != FALSE; })) fail("delete", path);
+    if (!retryWhileInUse([&] { return DeleteFileW(wide(path).c_str()) != FALSE; }))
+        fail("delete", path);
 }
 
 void WindowsRuntime::vbaNameFile(const std::string& from, const std::string& to) {
-    const bool renamed = insist([&] {
+    const bool renamed = retryWhileInUse([&] {
         return MoveFileExW(wide(from).c_str(), wide(to).c_str(), MOVEFILE_WRITE_THROUGH) != FALSE;
     });
     if (!renamed) fail("rename " + from + " to", to);
@@ -212,7 +213,7 @@ std::string WindowsRuntime::currentFolder() {
 std::vector<std::string> WindowsRuntime::folders(const std::string& path) {
     std::vector<std::string> names;
     Listing entry(path + (path.ends_with('\\') ? "*" : "\\*"));
-    // The root of an empty drive holds nothing at all.
+    // The root of an empty drive has no entries at all.
     if (!entry.valid() && GetLastError() != ERROR_FILE_NOT_FOUND) fail("open", path);
     for (; entry.valid(); entry.next()) {
         const std::string name = entry.name();
@@ -225,7 +226,7 @@ std::vector<std::string> WindowsRuntime::folders(const std::string& path) {
 std::optional<core::Runtime::RegistryKey> WindowsRuntime::RegOpenKeyEx(std::uint32_t root,
                                                                        const std::string& name,
                                                                        std::uint32_t access) {
-    // The system's roots are 32-bit numbers, widened with their sign.
+    // Windows defines the roots as 32-bit numbers and extends them with their sign.
     const auto parent =
         reinterpret_cast<HKEY>(static_cast<std::intptr_t>(static_cast<std::int32_t>(root)));
     HKEY key = nullptr;

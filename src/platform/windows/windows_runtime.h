@@ -7,10 +7,10 @@
 
 namespace platform {
 
-/// What the program asks of its platform, on Windows.
+/// The runtime on Windows.
 class WindowsRuntime : public CommonRuntime {
   public:
-    /// Has the system report critical errors of this process to the operations alone.
+    /// Makes critical errors of the system fail the operation instead of showing a box.
     explicit WindowsRuntime(MessageBox messageBox);
 
     std::string AppPath() override;
@@ -30,7 +30,7 @@ class WindowsRuntime : public CommonRuntime {
     void rtcSaveSetting(const std::string& application, const std::string& section,
                         const std::string& key, const std::string& value) override;
 
-    /// On a volume that keeps no short names, this is the path as it stands.
+    /// On a volume without short names, returns the path unchanged.
     std::string GetShortPathName(const std::string& path) override;
 
     std::vector<std::string> drives() override;
@@ -54,7 +54,7 @@ class WindowsRuntime : public CommonRuntime {
     void writeOut();
 
     Handle output_;
-    std::string printed_;  ///< and not written yet, so that no file holds half of it
+    std::string printed_;  ///< not written yet, so that no file contains half of it
 };
 
 }  // namespace platform
