@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* roleProperty = "accessibleRole";
 
-/// Qt names a widget without a name after the frame around it: a line shall have none.
+/// Keeps a line without a name: Qt would name it after the frame around it.
 class Interface : public QAccessibleWidget {
   public:
     using QAccessibleWidget::QAccessibleWidget;
@@ -29,7 +29,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 }  // namespace
 
 void setAccessibleRole(QWidget& widget, QAccessible::Role role) {
-    QAccessible::installFactory(makeInterface);  // counts once only
+    QAccessible::installFactory(makeInterface);  // has an effect only once
     widget.setProperty(roleProperty, static_cast<int>(role));
 }
 

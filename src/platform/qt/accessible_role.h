@@ -4,8 +4,8 @@
 
 namespace qt {
 
-/// Gives a new widget a role for assistive technology that its class does not have. It must have no
-/// name or other text yet, with which it would be told of in the role of its class.
+/// Gives a new widget another accessible role than that of its class. Call this before setting a
+/// name or another text, which would announce the widget in the role of its class.
 void setAccessibleRole(QWidget& widget, QAccessible::Role role);
 
 template <typename Widget>

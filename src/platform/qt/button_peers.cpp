@@ -11,7 +11,7 @@ namespace qt {
 
 namespace {
 
-/// What the three kinds of button share.
+/// The common part of the three kinds of button.
 template <typename Kind, typename Widget>
 class CaptionPeer : public PeerOf<Kind, Widget> {
   public:
@@ -28,15 +28,15 @@ class CaptionPeer : public PeerOf<Kind, Widget> {
 class ButtonPeer : public CaptionPeer<forms::Button, QPushButton> {
   public:
     ButtonPeer(forms::Button& button, QWidget& parent) : CaptionPeer(button, parent) {
-        // Enter presses any button in focus. Of one that is both, Qt would clear the default mark
-        // when the focus leaves it.
+        // autoDefault lets Enter press a button in focus. The default button goes without: Qt would
+        // no longer mark it as default after it lost the focus.
         widget_.setDefault(button.isDefault);
         widget_.setAutoDefault(!button.isDefault);
         connect(&widget_, &QPushButton::clicked, this, [this] { click(); });
     }
 };
 
-// Assistive technology changes the next two without a click.
+// The next two handle `toggled`: assistive technology changes them without a click.
 class CheckBoxPeer : public CaptionPeer<forms::CheckBox, QCheckBox> {
   public:
     CheckBoxPeer(forms::CheckBox& box, QWidget& parent) : CaptionPeer(box, parent) {
@@ -55,14 +55,14 @@ class CheckBoxPeer : public CaptionPeer<forms::CheckBox, QCheckBox> {
 class OptionButtonPeer : public CaptionPeer<forms::OptionButton, QRadioButton> {
   public:
     OptionButtonPeer(forms::OptionButton& option, QWidget& parent) : CaptionPeer(option, parent) {
-        // A click on the selected option counts again, though nothing is toggled.
+        // A click on the selected option counts too, but toggles nothing.
         connect(&widget_, &QRadioButton::pressed, this, [this] { wasSelected_ = control_.Value; });
         connect(&widget_, &QRadioButton::clicked, this, [this] {
             if (std::exchange(wasSelected_, false)) click();
         });
         connect(&widget_, &QRadioButton::toggled, this, [this](bool selected) {
             if (selected && !control_.Value) click();
-            // Qt clears this one before the model has heard of the other, which it may refuse.
+            // Qt clears this option before the model knows of the other, which it may refuse.
             if (!selected && control_.Value) QTimer::singleShot(0, this, [this] { update(); });
         });
     }
@@ -70,16 +70,16 @@ class OptionButtonPeer : public CaptionPeer<forms::OptionButton, QRadioButton> {
   protected:
     void draw() override {
         CaptionPeer::draw();
-        // Qt moves the focus among options that exclude each other, and refuses to clear one.
+        // Only exclusive options let Qt move the focus among them, but Qt refuses to clear one.
         widget_.setAutoExclusive(control_.Value);
         widget_.setChecked(control_.Value);
         widget_.setAutoExclusive(true);
-        // Qt lets Tab reach the option that was last in focus, be it disabled since.
+        // Otherwise Tab reaches the option that had the focus last, even if it is disabled now.
         widget_.setFocusPolicy(control_.isTabStop() ? Qt::StrongFocus : Qt::ClickFocus);
     }
 
   private:
-    bool wasSelected_ = false;  ///< when the user pressed it
+    bool wasSelected_ = false;  ///< when the mouse button went down
 };
 
 }  // namespace

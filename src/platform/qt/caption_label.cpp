@@ -17,7 +17,7 @@ void CaptionLabel::setCaption(const QString& caption) {
 
 QSize CaptionLabel::sizeOf(const QString& caption) const {
     const QFontMetricsF metrics(font());
-    const double slanted = metrics.boundingRect(caption).right();  // reaches further, if italic
+    const double slanted = metrics.boundingRect(caption).right();  // italics reach further
     const double width = std::max(metrics.horizontalAdvance(caption), slanted);
     return QSizeF(width, metrics.height()).toSize() + QSize(1, 1);
 }

@@ -4,13 +4,13 @@
 
 namespace qt {
 
-/// A label for plain text. It wraps its text where it is high enough for a second line, and
-/// otherwise leaves out the middle of a text that is too long.
+/// A label for plain text. Wraps its text if it is high enough for a second line, and otherwise
+/// elides the middle of a text that is too long.
 class CaptionLabel : public QLabel {
   public:
     explicit CaptionLabel(QWidget* parent);
     void setCaption(const QString& caption);
-    /// The room that the caption takes on one line.
+    /// Returns the size of the caption on one line.
     [[nodiscard]] QSize sizeOf(const QString& caption) const;
 
   protected:

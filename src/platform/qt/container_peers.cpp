@@ -26,7 +26,7 @@ class FramePeer : public PeerOf<forms::Frame, QWidget> {
             box->setTitle(QString::fromStdString(control_.Caption));
     }
 
-    /// Presses that the frame's labels and pictures leave alone come here too, and do not count.
+    /// Ignores presses that bubbled up from a child.
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         if (event->type() != QEvent::MouseButtonPress) return false;
         const auto* press = static_cast<QMouseEvent*>(event);
@@ -36,11 +36,12 @@ class FramePeer : public PeerOf<forms::Frame, QWidget> {
     }
 };
 
-/// A panel that comes into sight late, or never, as those behind a tab do.
+/// A panel whose widgets are created when it first becomes visible, which may never happen.
 class PanelPeer : public PeerOf<forms::PictureBox, QWidget> {
   public:
     PanelPeer(forms::PictureBox& panel, QWidget& parent, std::function<void(QWidget&)> fill)
-        // A screen reader that comes in reads the name of a page, and so tells the tab in use.
+        // A screen reader reads the name of a page when it enters it, and so announces the selected
+        // tab.
         : PeerOf(panel, withRole(new QWidget(&parent), QAccessible::PropertyPage)),
           fill_(std::move(fill)) {}
 

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int endSignals[] = {SIGTERM, SIGHUP, SIGINT};
 
-std::atomic<int> wakeUp = -1;  // the end of the pipe that is written to
+std::atomic<int> wakeUp = -1;  // the write end of the pipe
 std::atomic_flag asked;
 
 extern "C" void noteSignal(int number) {
@@ -70,7 +70,7 @@ bool EndRequest::eventFilter(QObject* watched, QEvent* event) {
 void EndRequest::end() {
     if (application_.Count() > 0) application_.Forms(0).close();
     closeBoxes();
-    // The handlers that waited for a box go on now, and may come to another one.
+    // Handlers that waited for a box continue now, and may show another one.
     auto* timer = new QTimer(this);
     timer->callOnTimeout(closeBoxes);
     timer->start(0);

@@ -6,20 +6,20 @@
 
 namespace qt {
 
-/// Waits for the system to ask the program to end: by SIGTERM, SIGHUP or SIGINT, or by the desktop
-/// when its user logs off. Then the first form is closed as by its close box, and the dialogs and
-/// boxes that are open go with it. A second signal ends the program at once.
+/// Ends the program when the system asks for it: by SIGTERM, SIGHUP or SIGINT, or through the
+/// desktop when the user logs off. Closes the first form as its close box does, and all open
+/// dialogs and boxes. A second signal ends the program at once.
 class EndRequest : public QObject {
   public:
-    /// There must be a QApplication, and no other object of this class. A signal that the program
-    /// was started to ignore stays ignored.
+    /// Needs a QApplication. Only one object of this class may exist. A signal that was ignored
+    /// when the program started stays ignored.
     explicit EndRequest(forms::Application& application);
     ~EndRequest() override;
     EndRequest(const EndRequest&) = delete;
     EndRequest& operator=(const EndRequest&) = delete;
 
   protected:
-    /// Takes the event that Qt makes of the desktop's request.
+    /// Handles the event that Qt sends for the desktop's request.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

@@ -54,7 +54,7 @@ bool FileInput::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-/// Accepts one file, as a copy: a file manager deletes what has been moved.
+/// Accepts one file, as a copy: a file manager deletes a file that was moved.
 bool FileInput::drop(QWidget& on, QDropEvent& event) {
     const QList<QUrl> urls = event.mimeData()->urls();
     if (std::none_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); }))
@@ -83,7 +83,7 @@ bool FileInput::paste(QLineEdit& edit, QClipboard::Mode mode) {
     return true;
 }
 
-/// Qt's own menu, whose item for pasting would otherwise know nothing of host paths.
+/// Opens Qt's own menu, but pastes through this class, which converts host paths.
 bool FileInput::openMenu(QLineEdit& edit, const QPoint& place) {
     QMenu* menu = edit.createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -96,7 +96,7 @@ bool FileInput::openMenu(QLineEdit& edit, const QPoint& place) {
     return true;
 }
 
-/// Leaves a text alone that names nothing on the host.
+/// Returns the text unchanged if it is not an existing host path.
 std::string FileInput::windowsPath(const std::string& text) const {
     QString path = QString::fromStdString(text);
     if (path.startsWith("file:///")) path = QUrl(path).toLocalFile();

@@ -13,16 +13,16 @@ class QMainWindow;
 
 namespace qt {
 
-/// Turns a Windows path into one of the host, or back. Both in UTF-8.
+/// Converts a Windows path to a host path, or back. Both are in UTF-8.
 using PathMap = std::function<std::string(const std::string&)>;
 
-/// Accepts files that the user hands to a form: dropped on it, or pasted as a path of the host.
-/// They become Windows paths.
+/// Accepts files that the user drops on a form or pastes as host paths, and converts them to
+/// Windows paths.
 class FileInput : public QObject {
   public:
     /// Form and window must outlive the object.
     FileInput(forms::Form& form, QMainWindow& window, PathMap toWindows);
-    /// Takes effect on the widgets that the widget now holds.
+    /// Filters the events of all widgets inside `widget`.
     void watch(const QWidget& widget);
 
   protected:

@@ -15,7 +15,7 @@ namespace {
 class DrivePeer : public PeerOf<forms::DriveList, QComboBox> {
   public:
     DrivePeer(forms::DriveList& list, QWidget& parent) : PeerOf(list, new QComboBox(&parent)) {
-        // On Linux Qt gives the chosen entry as the name.
+        // On Linux Qt exposes the chosen entry as the accessible name.
         widget_.setAccessibleDescription(QString::fromStdString(list.accessibleName()));
         const QIcon icon = widget_.style()->standardIcon(QStyle::SP_DriveHDIcon);
         for (const std::string& drive : list.drives())
@@ -32,8 +32,7 @@ class DrivePeer : public PeerOf<forms::DriveList, QComboBox> {
     }
 };
 
-/// Each folder on the way to the open one stands inside the one before, and those that the open
-/// folder holds stand inside that.
+/// Shows the path to the open folder as nested rows, and below them the folders in the open one.
 class FolderPeer : public PeerOf<forms::FolderList, QTreeWidget> {
   public:
     FolderPeer(forms::FolderList& list, QWidget& parent) : PeerOf(list, new QTreeWidget(&parent)) {
@@ -41,7 +40,7 @@ class FolderPeer : public PeerOf<forms::FolderList, QTreeWidget> {
         widget_.setRootIsDecorated(false);
         widget_.setItemsExpandable(false);
         widget_.setIndentation(widget_.indentation() / 2);
-        // Not itemActivated, which some desktops send at a single click.
+        // Not itemActivated, which some desktops send on a single click.
         widget_.installEventFilter(this);
         connect(&widget_, &QTreeWidget::itemDoubleClicked, this, [this] { open(); });
     }
@@ -69,7 +68,7 @@ class FolderPeer : public PeerOf<forms::FolderList, QTreeWidget> {
     }
 
   private:
-    /// Assistive technology selects a row without making it the current one.
+    /// Uses the selected row: assistive technology does not make it the current one.
     void open() {
         const auto selected = widget_.selectedItems();
         if (selected.isEmpty()) return;

@@ -13,14 +13,14 @@ namespace qt {
 
 namespace {
 
-// In points, where a length is as long in a window as on the screen.
+// In points, for windows that are not enlarged.
 constexpr double usualLargest = 10;
 constexpr double usualSmallest = 7;
 
-/// How much larger than in the usual fonts of desktops a text may be in Liberation Sans.
-constexpr double gainOfNarrow = 1.13;
+/// How much larger text may be in Liberation Sans than in the usual fonts of desktops.
+constexpr double narrowFontGain = 1.13;
 
-/// Asks the style what it leaves for a caption, without a widget.
+/// Measures captions and asks the style for the room that it leaves them, without any widget.
 class StyleRuler : public forms::Ruler {
   public:
     explicit StyleRuler(const QFont& font) : metrics_(font) {}
@@ -99,7 +99,7 @@ QFont fittingFont(forms::Form& form) {
     const double room = forms::captionRoom(form, StyleRuler(font));
     if (room >= 1) return font;
 
-    const double tried = forms::halfPoints(std::min(largest, largest * room * gainOfNarrow));
+    const double tried = forms::halfPoints(std::min(largest, largest * room * narrowFontGain));
     font = QFont("Liberation Sans");
     font.setPointSizeF(tried);
     font.setPointSizeF(std::max(smallest, forms::fittingPoints(form, tried, StyleRuler(font))));

@@ -27,7 +27,7 @@ Qt::WindowFlags windowFlags(const forms::FormStyle& style) {
            Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 }
 
-/// Makes the items of a menu bar as high as the bar is.
+/// Makes the items of a menu bar as high as the bar.
 class MenuBarStyle : public QProxyStyle {
   public:
     explicit MenuBarStyle(QMenuBar& bar) : bar_(bar) { setParent(&bar); }
@@ -45,8 +45,8 @@ class MenuBarStyle : public QProxyStyle {
     const QMenuBar& bar_;
 };
 
-/// The same height with every style, so that the places of the form's controls can be foreseen.
-void layMenuBar(QMenuBar& bar) {
+/// Gives the bar the same height in every style, so that the positions of the controls are known.
+void setUpMenuBar(QMenuBar& bar) {
     bar.setNativeMenuBar(false);
     bar.setFixedHeight(pixels(menuBarHeight));
     bar.setStyle(new MenuBarStyle(bar));
@@ -63,7 +63,7 @@ FormWindow::FormWindow(forms::Form& form, PathMap toWindows)
     auto* client = new QFrame(&window_);
     if (form.style.bare) client->setFrameStyle(QFrame::WinPanel | QFrame::Raised);
     window_.setCentralWidget(client);
-    if (form.hasMenu()) layMenuBar(*window_.menuBar());
+    if (form.hasMenu()) setUpMenuBar(*window_.menuBar());
     if (form.style.background != forms::FormStyle::noColour) {
         QPalette palette;
         palette.setColor(QPalette::Window, QColor::fromRgb(form.style.background));
@@ -75,8 +75,8 @@ FormWindow::FormWindow(forms::Form& form, PathMap toWindows)
     window_.installEventFilter(this);
 }
 
-/// The window may be delivering the event whose handler ended the form. The form's controls have
-/// gone before, so that nothing that happens to the window may reach them any more.
+/// The window may be delivering the event whose handler ended the form, so it is deleted later. The
+/// form's controls no longer exist, so its events must not reach them.
 FormWindow::~FormWindow() {
     keyboard_.reset();
     files_.reset();
@@ -88,10 +88,10 @@ FormWindow::~FormWindow() {
 void FormWindow::show() {
     if (form_.style.centred) centre();
     if (!keyboard_) {
-        // The keyboard filters a key first: the form sees also those that paste a path.
+        // The filter installed last comes first: the form sees a key before it pastes a path.
         files_ = std::make_unique<FileInput>(form_, window_, toWindows_);
         keyboard_ = std::make_unique<Keyboard>(form_, window_);
-        // Not on the menu bar, which has keys of its own.
+        // Not the menu bar, which has keys of its own.
         buildPeers(form_, window_, [this](const QWidget& widget) {
             files_->watch(widget);
             keyboard_->watch(widget);
@@ -122,7 +122,7 @@ void FormWindow::hide() {
     if (modal_) modal_->quit();
 }
 
-/// A window that has just been shown can be painted only once the screen has given it its place.
+/// Waits until the screen shows the window, which cannot be painted before.
 void FormWindow::refresh() {
     const QDeadlineTimer patience(500);
     while (window_.isVisible() && !window_.windowHandle()->isExposed() && !patience.hasExpired())
@@ -138,7 +138,7 @@ void FormWindow::update() {
     if (!form_.style.sizable) window_.setFixedSize(size);
     if (window_.size() != size) window_.resize(size);
     const QPoint corner(screenPixels(form_.Left), screenPixels(form_.Top));
-    // A window that was never moved has no place yet, though it seems to be in the corner.
+    // A window that was never moved has no position yet, though it appears to be in the corner.
     if (window_.pos() != corner || !window_.testAttribute(Qt::WA_Moved)) window_.move(corner);
 }
 
@@ -156,7 +156,7 @@ void FormWindow::centre() {
 bool FormWindow::eventFilter(QObject* /*watched*/, QEvent* event) {
     switch (event->type()) {
         case QEvent::Close:
-            event->ignore();  // the window goes when the form is unloaded
+            event->ignore();  // unloading the form closes the window
             report();
             form_.close();
             return true;
@@ -174,10 +174,10 @@ bool FormWindow::eventFilter(QObject* /*watched*/, QEvent* event) {
     }
 }
 
-/// Tells the form where its window is. A length that the program gave stands while the window has
-/// it in pixels, so that storing and restoring a window does not make it drift. Where a pixel is
-/// no whole number of the screen's dots, Qt itself may round a window's place by one. Wayland tells
-/// no window its place.
+/// Tells the form where its window is. A length that the program set is kept while it matches in
+/// pixels, so that storing and restoring a window does not make it drift. With a fractional scale,
+/// Qt itself may round a window's position by one pixel. Wayland does not tell a window its
+/// position.
 void FormWindow::report() {
     if (!window_.isVisible()) return;
     static const bool placeless = QGuiApplication::platformName().startsWith("wayland");

@@ -11,12 +11,12 @@
 
 namespace qt {
 
-/// The window behind a form: the menu bar, the client area with the form's controls, and the
-/// status bar. Left and Top are those of the window with its frame, Width and Height those of the
-/// window without it.
+/// The window of a form: the menu bar, the client area with the form's controls, and the status
+/// bar. Left and Top are those of the window with its frame, Width and Height those of the window
+/// without it.
 class FormWindow final : public QObject, public forms::WindowPeer {
   public:
-    /// Makes the window, unseen. The form's controls have peers once it has been shown.
+    /// Creates the window hidden. The form's controls get their peers when it is first shown.
     FormWindow(forms::Form& form, PathMap toWindows);
     ~FormWindow() override;
 
@@ -39,9 +39,9 @@ class FormWindow final : public QObject, public forms::WindowPeer {
     forms::Form& form_;
     PathMap toWindows_;
     QMainWindow& window_;
-    forms::Place given_;                  ///< the place that the program gave the window last
-    std::unique_ptr<FileInput> files_;    ///< made with the peers, when the window is first shown
-    std::unique_ptr<Keyboard> keyboard_;  ///< made with the peers, when the window is first shown
+    forms::Place given_;                  ///< the place that the program set last
+    std::unique_ptr<FileInput> files_;    ///< created when the window is first shown
+    std::unique_ptr<Keyboard> keyboard_;  ///< created when the window is first shown
     QPointer<QWidget> owner_;
     QPointer<QEventLoop> modal_;
 };

@@ -14,7 +14,7 @@ namespace qt {
 
 namespace {
 
-/// The key as Form_KeyDown knows it: the code of a Windows keyboard, or 0 for a rarer key.
+/// Returns the Windows key code that Form_KeyDown gets, or 0 for a rarer key.
 int windowsKeyCode(int key) {
     if ((key >= Qt::Key_0 && key <= Qt::Key_9) || (key >= Qt::Key_A && key <= Qt::Key_Z))
         return key;
@@ -42,7 +42,7 @@ bool isTab(const QKeyEvent& key) {
     return key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
 }
 
-/// The character that the key produces, or 0.
+/// Returns the character that the key produces, or 0.
 int characterOf(const QKeyEvent& key) {
     const bool none = isTab(key) || key.key() == Qt::Key_Delete || key.text().isEmpty() ||
                       key.modifiers() & Qt::AltModifier;
@@ -53,8 +53,8 @@ QString nameOf(const forms::Control& control) {
     return QString::fromStdString(control.fullName());
 }
 
-/// A text field would take the letter as typed.
-bool isVoidMnemonic(const QKeyEvent& key) {
+/// True for Alt with a letter that is no mnemonic, which a text field would insert.
+bool isUnusedMnemonic(const QKeyEvent& key) {
     return key.modifiers() & Qt::AltModifier && !key.text().isEmpty() && key.text().at(0).isPrint();
 }
 
@@ -80,11 +80,11 @@ bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
         }
         return false;
     }
-    // A key that a control leaves alone is offered to its containers in turn.
+    // Ignore an unhandled key, which Qt offers to the containers in turn.
     if (watched != receiver()) return false;
     if (event->type() == QEvent::KeyPress) return keyPressed(*static_cast<QKeyEvent*>(event));
     if (event->type() == QEvent::ShortcutOverride) {
-        // Captions with a mnemonic claim it as a shortcut too; the model decides instead.
+        // Qt makes a shortcut of a caption's mnemonic too, but the model decides.
         const bool ours = mnemonicTarget(*static_cast<QKeyEvent*>(event)) != nullptr;
         if (ours) event->accept();
         return ours;
@@ -120,11 +120,11 @@ bool Keyboard::keyPressed(const QKeyEvent& key) {
             openMenu(*window_.menuBar()->actions().first());  // Qt leaves that to the program
             return true;
         default:
-            return (isTab(key) && key.modifiers() & Qt::ControlModifier) || isVoidMnemonic(key);
+            return (isTab(key) && key.modifiers() & Qt::ControlModifier) || isUnusedMnemonic(key);
     }
 }
 
-/// Opens the menu with its first item chosen, which a screen reader tells.
+/// Opens the menu and selects its first item, which a screen reader then reads.
 void Keyboard::openMenu(QAction& action) {
     window_.menuBar()->setActiveAction(&action);
     QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
@@ -148,8 +148,8 @@ void Keyboard::focusFirst() {
     focus(forms::firstFocus(form_, takesFocus()));
 }
 
-/// From a single control that goes out of use Qt finds on by itself. Of a panel it knows nothing:
-/// it may fall back on what stands outside all panels.
+/// Qt moves the focus on from a single control that becomes unusable. It does not know panels, and
+/// may choose a control outside all of them.
 void Keyboard::followPanel() {
     if (left_->parent()->usable()) return;
     const forms::Control* focused = controlOf(form_, window_.focusWidget());

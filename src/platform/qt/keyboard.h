@@ -12,16 +12,16 @@ class QMainWindow;
 
 namespace qt {
 
-/// What the keyboard does on a form: the form's own sight of each key, mnemonics, the default and
-/// the cancel button; and where the focus goes when the panel that held it has gone.
+/// Handles the keyboard on a form: the form's own key events, mnemonics, the default and the cancel
+/// button. Moves the focus when the panel that had it becomes unusable.
 class Keyboard : public QObject {
   public:
     /// Both must outlive the keyboard.
     Keyboard(forms::Form& form, QMainWindow& window);
-    /// Takes effect on the widgets that the widget now holds.
+    /// Filters the events of all widgets inside `widget`.
     void watch(const QWidget& widget);
 
-    /// Puts the focus on the form's first control that takes it.
+    /// Focuses the form's first focusable control.
     void focusFirst();
     void focus(const forms::Control* control);
 
@@ -42,7 +42,7 @@ class Keyboard : public QObject {
     forms::Form& form_;
     QMainWindow& window_;
     forms::Control* left_ = nullptr;  ///< the control that lost the focus
-    QTimer handlersEnded_;            ///< runs out when the running handlers have returned
+    QTimer handlersEnded_;            ///< fires when the running handlers have returned
 };
 
 }  // namespace qt

@@ -14,7 +14,7 @@ class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
   public:
     ListPeer(forms::ListBox& list, QWidget& parent) : PeerOf(list, new QListWidget(&parent)) {
         widget_.setUniformItemSizes(true);
-        // The middle of a long path goes; its tooltip has it whole.
+        // Elides the middle of a long path; its tooltip shows it whole.
         widget_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         widget_.setTextElideMode(Qt::ElideMiddle);
         widget_.installEventFilter(this);
@@ -38,8 +38,8 @@ class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
         if (control_.ListIndex >= 0) widget_.setCurrentRow(control_.ListIndex);
     }
 
-    /// While nothing is selected, an arrow key selects the row that bears the mark of the focus. Qt
-    /// would step over it, and so never come to the only row of a list.
+    /// If no row is selected, an arrow key selects the current row. Qt would skip it, and so never
+    /// reach the only row of a list.
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         if (event->type() != QEvent::KeyPress || selectedRow() >= 0) return false;
         const int key = static_cast<QKeyEvent*>(event)->key();

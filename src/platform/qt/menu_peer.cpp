@@ -9,14 +9,14 @@ namespace qt {
 
 namespace {
 
-/// An item is an action; it opens a menu where it has items of its own.
+/// Shows a menu item as an action, which opens a menu if the item has items of its own.
 class MenuPeer : public QObject, public forms::Peer {
   public:
     MenuPeer(forms::MenuItem& item, QAction& action, const QMainWindow& window)
         : item_(item), action_(action) {
         action.setObjectName(QString::fromStdString(item.fullName()));
         connect(&action, &QAction::triggered, this, [&item, &window] {
-            if (!isBehindModal(window)) item.click();
+            if (!isBlockedByModal(window)) item.click();
         });
     }
 

@@ -8,8 +8,8 @@ namespace qt {
 
 namespace {
 
-/// The window that the user is working in. While another program is in front there is no active
-/// one; then the window shown last will do.
+/// Returns the window that the user works in: the active one or, while another program is active,
+/// the one shown last.
 QWidget* windowInUse() {
     if (QWidget* active = QApplication::activeWindow()) return active;
     QWidget* last = nullptr;
@@ -18,7 +18,7 @@ QWidget* windowInUse() {
     return last;
 }
 
-/// Lets a path without blanks be broken behind its backslashes, by invisible spaces.
+/// Inserts zero-width spaces after the backslashes of a long path, so that it can be wrapped.
 QString breakable(const QString& text) {
     static const QRegularExpression longWord(R"(\S{50,})");
     QString result = text;

@@ -10,8 +10,8 @@ namespace qt {
 
 namespace {
 
-/// Ties each label to the field behind it, which has no caption of its own.
-void tieLabel(const forms::Control& before, const forms::Control& field) {
+/// Makes a label the buddy of the field after it, if that has no caption of its own.
+void setBuddy(const forms::Control& before, const forms::Control& field) {
     const auto* fieldPeer = dynamic_cast<WidgetPeer*>(field.peer());
     const auto* labelPeer = dynamic_cast<WidgetPeer*>(before.peer());
     auto* label = labelPeer ? qobject_cast<QLabel*>(&labelPeer->widget()) : nullptr;
@@ -20,7 +20,7 @@ void tieLabel(const forms::Control& before, const forms::Control& field) {
         label->setBuddy(&fieldPeer->widget());
 }
 
-/// Makes the peers of the controls in one container, and of those in containers inside it.
+/// Creates the peers of the controls in a container and in the containers inside it.
 class PeerBuilder : public forms::ControlVisitor {
   public:
     PeerBuilder(QMainWindow& window, QWidget& parent, const Filled& filled)
@@ -30,7 +30,7 @@ class PeerBuilder : public forms::ControlVisitor {
         const forms::Control* before = nullptr;
         for (forms::Control* control : container.children()) {
             control->accept(*this);
-            if (before) tieLabel(*before, *control);
+            if (before) setBuddy(*before, *control);
             before = control;
         }
     }

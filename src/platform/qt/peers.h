@@ -15,17 +15,17 @@ class Form;
 
 namespace qt {
 
-/// Tells that the widget now holds the widgets of the controls in its container.
+/// Called when `widget` contains the widgets of its container's controls.
 using Filled = std::function<void(QWidget& widget)>;
 
-/// Gives the controls of the form peers with widgets inside the window, in order of tabbing. A
-/// panel out of sight is filled when it first comes into sight. The window must outlive the peers.
+/// Creates the peers of the form's controls, with widgets inside the window, in tab order. A hidden
+/// panel is filled when it first becomes visible. The window must outlive the peers.
 void buildPeers(forms::Form& form, QMainWindow& window, const Filled& filled);
 
-/// The control of the form that the widget shows or is a part of; null if there is none.
+/// Returns the form's control that the widget shows or is a part of, or null.
 forms::Control* controlOf(forms::Form& form, const QWidget* widget);
 
-/// The peer of one kind of control; its widget is made inside the parent.
+/// Create the peer of a control, with its widget inside the parent.
 std::unique_ptr<forms::Peer> makePeer(forms::Label& label, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::Line& line, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::Image& image, QWidget& parent);
@@ -39,12 +39,12 @@ std::unique_ptr<forms::Peer> makePeer(forms::DriveList& list, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::FolderList& list, QWidget& parent);
 std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, QWidget& parent);
 
-/// The panel calls fill when it first comes into sight.
+/// Calls `fill` when the panel first becomes visible.
 std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, QWidget& parent,
                                       std::function<void(QWidget& panel)> fill);
 
-/// These two stand in the window itself: along its bottom edge, and in its menu bar or in the
-/// menu that holds the item.
+/// These two belong to the window: the bar at its bottom edge, the item in its menu bar or in the
+/// menu of the parent item.
 std::unique_ptr<forms::Peer> makePeer(forms::StatusBar& bar, QMainWindow& window);
 std::unique_ptr<forms::Peer> makePeer(forms::MenuItem& item, QMainWindow& window);
 

@@ -5,7 +5,7 @@ namespace qt {
 QtApplication::QtApplication(char** arguments, void (*lookUpFonts)())
     : fonts_(lookUpFonts), application_(count_, arguments) {
     QApplication::setApplicationName("nwbw");
-    // Wayland's desktops find the program's entry and icon by it.
+    // Wayland desktops find the program's menu entry and icon by this name.
     QApplication::setDesktopFileName("net.norvane.workbench");
     fonts_.join();
 }

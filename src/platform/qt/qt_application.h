@@ -5,12 +5,11 @@
 
 namespace qt {
 
-/// Qt's application. The system's fonts are looked up while it greets the screen: either takes a
-/// good part of the start, and neither needs the other.
+/// Qt's application. Looks up the system's fonts while QApplication connects to the display: both
+/// are slow and independent.
 class QtApplication {
   public:
-    /// Takes the program's name from the arguments of main, and nothing else. lookUpFonts runs in a
-    /// thread of its own.
+    /// Uses only the program's name of main's arguments. Runs lookUpFonts on a thread of its own.
     QtApplication(char** arguments, void (*lookUpFonts)());
 
   private:

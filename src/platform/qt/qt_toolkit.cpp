@@ -15,7 +15,7 @@
 #include "platform/qt/form_window.h"
 #include "platform/qt/units.h"
 
-/// A static library's resources are not linked in by themselves.
+/// The resources of a static library must be linked explicitly.
 static void linkPictures() {
     Q_INIT_RESOURCE(pictures);
 }
@@ -24,13 +24,13 @@ namespace qt {
 
 namespace {
 
-/// A Windows path cut behind its folder.
+/// A Windows path split after its folder.
 struct OfferedName {
     QString folder;
     QString file;
 };
 
-/// Empty where the text cannot be a file name.
+/// Returns empty parts if the text cannot be a file name.
 OfferedName offeredName(const std::string& text) {
     static const QRegularExpression path(R"re(^((?:[a-zA-Z]:)?(?:[^<>:"|?*\x01-\x1f]*[\\/])?))re"
                                          R"re(([^<>:"|?*\\/\x01-\x1f]*)$)re");

@@ -8,7 +8,7 @@
 
 namespace qt {
 
-/// Windows by Qt. There must be a QApplication, which outlives the toolkit; its exec() is the
+/// Creates windows with Qt. Needs a QApplication that outlives the toolkit; its exec() is the
 /// message loop.
 class QtToolkit : public forms::Toolkit {
   public:

@@ -29,7 +29,7 @@ class StatusBarPeer : public PeerOf<forms::StatusBar, QStatusBar> {
     }
 
   protected:
-    /// The window keeps its status bar along the bottom edge.
+    /// The window itself keeps its status bar at the bottom.
     void updateGeometry() override {}
 
     void draw() override {

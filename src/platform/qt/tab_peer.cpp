@@ -11,8 +11,8 @@ namespace qt {
 
 namespace {
 
-/// Draws the tabs and an empty page. Qt reads a tab's tooltip aloud too, so that it bears no markup
-/// and is shown by hand. The panels of the form lie on the page, above it.
+/// Shows the tabs and an empty page, below the form's panels. Screen readers read a tab's tooltip
+/// from Qt, so it has no markup, and eventFilter shows it with wrapping.
 class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
   public:
     TabPeer(forms::TabStrip& tabs, QWidget& parent) : PeerOf(tabs, new QTabWidget(&parent)) {
@@ -26,7 +26,7 @@ class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
         widget_.tabBar()->setAccessibleName(QString::fromStdString(tabs.accessibleName()));
         parent.installEventFilter(this);
 
-        // A click on the selected tab counts too, and changes nothing that Qt would tell.
+        // A click on the selected tab counts too, but does not change the current one.
         connect(&widget_, &QTabWidget::tabBarClicked, this, [this](int clicked) {
             if (clicked == widget_.currentIndex()) pick(clicked);
         });
@@ -38,7 +38,7 @@ class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
   protected:
     void draw() override { widget_.setCurrentIndex(control_.SelectedItem - 1); }
 
-    /// The page ends where the window does, so that its edges stay in sight.
+    /// Clips the page to the window, so that its edges stay visible.
     void updateGeometry() override {
         const QRect place = placeOf(control_);
         const QRect room = widget_.parentWidget()->rect().adjusted(0, 0, -place.x(), -margin);

@@ -22,12 +22,12 @@ class LineEditPeer : public PeerOf<forms::TextBox, QLineEdit> {
     void draw() override {
         if (!control_.Visible) return;
         const QString text = QString::fromStdString(control_.Text);
-        // Setting a text anew would lose the cursor and the history of edits.
+        // Setting the text again would lose the cursor and the undo history.
         if (widget_.text() != text) widget_.setText(text);
     }
 };
 
-/// Lines end with CRLF in the model and with a new block in the widget.
+/// Lines end in CRLF in the model and in LF in the widget.
 class LinesPeer : public PeerOf<forms::TextBox, QPlainTextEdit> {
   public:
     LinesPeer(forms::TextBox& box, QWidget& parent) : PeerOf(box, new QPlainTextEdit(&parent)) {

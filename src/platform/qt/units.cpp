@@ -11,7 +11,7 @@ namespace {
 
 constexpr double twipsPerInch = 1440;
 constexpr double pointsPerInch = 72;
-constexpr double usualFont = 200;  // in twips: 10 points, the size that the forms are laid out for
+constexpr double usualFont = 200;     // in twips: 10 points, for which the forms are laid out
 constexpr double tallestForm = 7600;  // in twips, with menu bar and title bar
 
 /// Pixels per twip.
@@ -59,9 +59,10 @@ double enlargement() {
 }
 
 QRect placeOf(const forms::Control& control) {
-    const QPoint first(pixels(control.Left), pixels(control.Top));
-    const QPoint behind(pixels(control.Left + control.Width), pixels(control.Top + control.Height));
-    return {first, QSize(behind.x() - first.x(), behind.y() - first.y())};
+    const QPoint topLeft(pixels(control.Left), pixels(control.Top));
+    const QPoint bottomRight(pixels(control.Left + control.Width),
+                             pixels(control.Top + control.Height));
+    return {topLeft, QSize(bottomRight.x() - topLeft.x(), bottomRight.y() - topLeft.y())};
 }
 
 }  // namespace qt

@@ -12,7 +12,7 @@ QString wrappingToolTip(const std::string& text) {
            "</p>";
 }
 
-bool isBehindModal(const QWidget& widget) {
+bool isBlockedByModal(const QWidget& widget) {
     const QWidget* modal = QApplication::activeModalWidget();
     return modal && modal != widget.window();
 }
@@ -24,7 +24,7 @@ WidgetPeer::WidgetPeer(forms::Control& control, QWidget& widget)
     widget.setAccessibleDescription(QString::fromStdString(control.tooltip).trimmed());
 
     if (control.font == forms::Font()) return;
-    QFont font;  // only what is set here differs from the form's own font
+    QFont font;  // inherits all that is not set here from the form's
     if (!control.font.family.empty()) font.setFamily(QString::fromStdString(control.font.family));
     if (control.font.points > 0) font.setPointSizeF(control.font.points * enlargement());
     if (control.font.italic) font.setItalic(true);

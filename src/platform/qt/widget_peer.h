@@ -7,16 +7,16 @@
 
 namespace qt {
 
-/// A tooltip that shows the text as it stands, with all its blanks, and wraps where it is long.
+/// Returns a tooltip that shows the text unchanged, with all its blanks, and wraps long lines.
 QString wrappingToolTip(const std::string& text);
 
-/// True while a modal window keeps the user from the widget's. Qt holds back keys and clicks by
-/// itself, but not what assistive technology does.
-bool isBehindModal(const QWidget& widget);
+/// True while a modal window blocks the widget's. Qt itself blocks keys and clicks, but not the
+/// actions of assistive technology.
+bool isBlockedByModal(const QWidget& widget);
 
-/// A peer that shows its control as one widget. The widget belongs to the form's window, which
-/// outlives the peer: a handler may end the form while the widget is still delivering the very
-/// event that started it.
+/// A peer that shows its control as one widget. The widget belongs to the form's window and
+/// outlives the peer: a handler may end the form while the widget is still delivering the event
+/// that called it.
 class WidgetPeer : public QObject, public forms::Peer {
   public:
     WidgetPeer(forms::Control& control, QWidget& widget);
@@ -24,16 +24,16 @@ class WidgetPeer : public QObject, public forms::Peer {
     [[nodiscard]] QWidget& widget() const { return widget_; }
 
   protected:
-    /// Puts the widget into its place.
+    /// Moves the widget to its place.
     virtual void updateGeometry();
-    /// Draws what the kind of control has beyond place, name, enabled and visible.
+    /// Shows what the kind of control has beyond its place, name, Enabled and Visible.
     virtual void draw() {}
 
-    /// Hands a user's action to the model, then shows what the model holds: it may have refused.
+    /// Passes a user's action to the model, then shows the model's state: it may have refused.
     template <typename Action>
     void act(const Action& action) {
         const QPointer<QObject> alive(this);
-        if (!isBehindModal(widget_)) action();
+        if (!isBlockedByModal(widget_)) action();
         if (alive) update();
     }
 
@@ -42,7 +42,7 @@ class WidgetPeer : public QObject, public forms::Peer {
     QWidget& widget_;
 };
 
-/// A peer that knows its control and its widget by their kinds.
+/// A peer with the types of its control and widget.
 template <typename Kind, typename Widget>
 class PeerOf : public WidgetPeer {
   public:
