@@ -1,7 +1,7 @@
 #include "platform/win32/accessibility.h"
 
 #include <initguid.h>
-// Behind <initguid.h>, which makes it define the identifiers that it declares.
+// After <initguid.h>, which makes it define the identifiers that it declares.
 #include <oleacc.h>
 
 #include "platform/win32/com.h"
@@ -13,7 +13,7 @@ namespace {
 
 constexpr auto client = static_cast<DWORD>(OBJID_CLIENT);
 
-/// Keeps what programs add to the system's own account of their windows; empty if it is not there.
+/// Returns the service that stores the accessible properties that programs set, or null.
 Com<IAccPropServices> annotations() {
     return comFrom<IAccPropServices>([](IAccPropServices** made) {
         return CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
@@ -23,16 +23,16 @@ Com<IAccPropServices> annotations() {
 
 }  // namespace
 
-SpokenName::SpokenName(HWND window, const std::string& name) : window_(window) {
-    if (const auto kept = annotations())
-        kept->SetHwndPropStr(window, client, CHILDID_SELF, PROPID_ACC_NAME,
-                             platform::wide(name).c_str());
+AccessibleName::AccessibleName(HWND window, const std::string& name) : window_(window) {
+    if (const auto service = annotations())
+        service->SetHwndPropStr(window, client, CHILDID_SELF, PROPID_ACC_NAME,
+                                platform::wide(name).c_str());
 }
 
-SpokenName::~SpokenName() {
+AccessibleName::~AccessibleName() {
     MSAAPROPID name = PROPID_ACC_NAME;
-    if (const auto kept = annotations())
-        kept->ClearHwndProps(window_, client, CHILDID_SELF, &name, 1);
+    if (const auto service = annotations())
+        service->ClearHwndProps(window_, client, CHILDID_SELF, &name, 1);
 }
 
 }  // namespace win32

@@ -6,14 +6,14 @@
 
 namespace win32 {
 
-/// The name of a window for screen readers, where its caption does not tell it. It is told for as
-/// long as this lives, and must not outlive the window.
-class SpokenName {
+/// The name of a window for screen readers, where it is not the caption. It lasts as long as this
+/// object, which must not outlive the window.
+class AccessibleName {
   public:
-    SpokenName(HWND window, const std::string& name);
-    ~SpokenName();
-    SpokenName(const SpokenName&) = delete;
-    SpokenName& operator=(const SpokenName&) = delete;
+    AccessibleName(HWND window, const std::string& name);
+    ~AccessibleName();
+    AccessibleName(const AccessibleName&) = delete;
+    AccessibleName& operator=(const AccessibleName&) = delete;
 
   private:
     HWND window_;

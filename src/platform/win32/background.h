@@ -5,14 +5,14 @@
 
 namespace win32 {
 
-/// The colour in the middle of a tab strip's page, as the visual style draws it.
+/// Returns the colour in the middle of a tab strip's page, as the visual style draws it.
 COLORREF tabPageColour();
 
-/// The colour behind the controls of a form or container. Panels beside a tab strip lie on its
-/// page, which has the colour given.
+/// Returns the background colour of a form or container. Panels beside a tab strip lie on its page,
+/// which has the colour `tabPage`.
 COLORREF backgroundOf(forms::Container& container, COLORREF tabPage);
 
-/// A brush for the device and the colour, good until the next call for the same device.
+/// Returns a brush of the colour, valid until the next call for the same device.
 HBRUSH brush(HDC device, COLORREF colour);
 
 /// Fills the window's client area.

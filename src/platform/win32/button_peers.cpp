@@ -5,7 +5,7 @@ namespace win32 {
 
 namespace {
 
-/// What the three kinds of button share: a caption and a click.
+/// The common part of the three kinds of button: a caption and a click.
 template <typename Kind>
 class ClickPeer : public PeerOf<Kind> {
   public:
@@ -23,8 +23,8 @@ class ClickPeer : public PeerOf<Kind> {
         this->act([this] { this->control_.click(); });
     }
 
-    /// The system counts an option as clicked that gets the focus, even where the focus only comes
-    /// back to the window.
+    /// Windows reports an option as clicked when it gets the focus, even if the focus only returns
+    /// to the window.
     LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
         if (message == WM_SETFOCUS) takingFocus_ = true;
         const LRESULT answer = PeerOf<Kind>::handle(message, first, second);
@@ -44,8 +44,8 @@ class ButtonPeer : public ClickPeer<forms::Button> {
     void enter() override { click(); }
 };
 
-/// Check boxes and options, which show their value by a mark in front of the caption. The model
-/// alone decides on the mark.
+/// Check boxes and options, which show their value by a mark before the caption. Only the model
+/// sets the mark.
 template <typename Kind>
 class MarkPeer : public ClickPeer<Kind> {
   public:
@@ -73,7 +73,7 @@ class OptionPeer : public MarkPeer<forms::OptionButton> {
         : MarkPeer(option, site, BS_RADIOBUTTON) {}
 
   protected:
-    /// The system makes a stop of each option that it marks.
+    /// Windows makes a tab stop of each option that it marks.
     void draw() override {
         MarkPeer::draw();
         const LONG style = GetWindowLongW(window(), GWL_STYLE);

@@ -12,11 +12,11 @@ struct ComRelease {
         object->Release();
     }
 };
-/// An object of the system's component model that is released with its owner; empty for none.
+/// Owns a reference to a COM object; may be empty.
 template <typename Interface>
 using Com = std::unique_ptr<Interface, ComRelease>;
 
-/// What a call of the form `make(Interface**)`, which gives an HRESULT, makes; empty if it fails.
+/// Returns the object that `make(Interface**)` creates, or null if its HRESULT is a failure.
 template <typename Interface, typename Make>
 Com<Interface> comFrom(const Make& make) {
     Interface* object = nullptr;

@@ -2,5 +2,5 @@
 
 #include "platform/windows/windows_api.h"
 
-// Behind <windows.h>, which it needs.
+// After <windows.h>, which it needs.
 #include <commctrl.h>

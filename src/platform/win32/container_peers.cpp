@@ -22,7 +22,7 @@ const wchar_t* panelClass() {
     return name;
 }
 
-/// A window that holds others: hands on what they tell it, and draws the ground that they stand on.
+/// A window that contains others: passes on their messages and draws their background.
 template <typename Kind>
 class ContainerPeer : public PeerOf<Kind> {
   public:
@@ -37,7 +37,7 @@ class ContainerPeer : public PeerOf<Kind> {
     [[nodiscard]] bool transparent() const override { return true; }
 
   protected:
-    /// The left button has gone down on the container's own ground.
+    /// Called when the left button goes down on the container itself.
     virtual void pressed() {}
 
     LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
@@ -53,7 +53,7 @@ class ContainerPeer : public PeerOf<Kind> {
             default:
                 break;
         }
-        const HWND window = this->window();  // the peer may end with the message
+        const HWND window = this->window();  // the message may end the peer
         if (const auto answer = reflect(message, first, second, background_)) return *answer;
         return DefSubclassProc(window, message, first, second);
     }
@@ -73,7 +73,7 @@ class FramePeer : public ContainerPeer<forms::Frame> {
     void pressed() override { control_.click(); }
 };
 
-/// The panel on a page, which ends where the page does, so that the page's edges stay in sight.
+/// A panel on a page, clipped to it so that the page's edges stay visible.
 class PanelPeer : public ContainerPeer<forms::PictureBox> {
   public:
     PanelPeer(forms::PictureBox& panel, const Site& site, std::function<void()> fill)
@@ -93,7 +93,8 @@ class PanelPeer : public ContainerPeer<forms::PictureBox> {
 
   private:
     RECT room_{};
-    std::function<void()> fill_;  ///< makes the windows inside, when the panel is first seen
+    std::function<void()>
+        fill_;  ///< creates the windows inside when the panel first becomes visible
 };
 
 }  // namespace

@@ -11,32 +11,32 @@
 
 namespace win32 {
 
-/// How the system makes the window of a kind of control.
+/// The window class and styles of a kind of control.
 struct WindowKind {
     const wchar_t* className;
     DWORD style = 0;
     DWORD extendedStyle = 0;
 };
 
-/// What the controls of a form take over from the system.
+/// The settings of the system that the controls of a form use.
 struct Style {
-    int dpi = 0;                 ///< in which the form is laid out
+    int dpi = 0;                 ///< resolution of the form's layout
     LOGFONTW font{};             ///< of the form
-    HFONT sharedFont = nullptr;  ///< the same, made
+    HFONT sharedFont = nullptr;  ///< a handle of it
     int lineHeight = 0;          ///< of that font, in pixels
-    COLORREF tabPage = 0;        ///< the colour of a tab strip's page
+    COLORREF tabPage = 0;        ///< colour of a tab strip's page
 };
 
-/// Where the window of a control is made.
+/// Where to create the window of a control.
 struct Site {
     HWND parent;
     const Style& style;
     int id;
-    bool startsGroup;  ///< the arrow keys do not lead from the control before to this one
+    bool startsGroup;  ///< the arrow keys do not move from the previous control to this one
 };
 
-/// A peer that shows its control as one window inside that of its container. The window belongs to
-/// the form's, and may outlive the peer by the rest of the message that ended the form.
+/// A peer that shows its control as one window inside that of its container. The form's window owns
+/// it, so it may outlive the peer until the message that ended the form has been handled.
 class ControlPeer : public forms::Peer {
   public:
     ControlPeer(forms::Control& control, const Site& site, const WindowKind& kind);
@@ -44,52 +44,53 @@ class ControlPeer : public forms::Peer {
     ControlPeer(const ControlPeer&) = delete;
     ControlPeer& operator=(const ControlPeer&) = delete;
 
-    /// The peer behind a window inside a form's, or null.
+    /// Returns the peer of a window inside a form's, or null.
     static ControlPeer* of(HWND window);
     /// Returns the peer whose window is the given one or contains it, below the form's; or null.
     static ControlPeer* around(HWND window, HWND form);
 
     void update() final;
-    /// Takes over the style, with the font that the control wants instead of the form's. An update
-    /// has to follow.
+    /// Applies a new style, except for a font that the control itself sets. Call `update`
+    /// afterwards.
     virtual void restyle(const Style& style);
 
-    // What the container's window hands on.
+    // Messages that the container's window passes on.
     virtual void command(int /*notification*/) {}
     virtual void notify(const NMHDR& /*notification*/) {}
     virtual void drawItem(const DRAWITEMSTRUCT& /*item*/) {}
-    /// True if the control lets the background of its container through.
+    /// True if the container's background shows through the control.
     [[nodiscard]] virtual bool transparent() const { return false; }
 
-    /// Has screen readers call the window by the name.
-    void speak(const std::string& name) { spokenName_.emplace(window_, name); }
+    /// Sets the window's name for screen readers.
+    void setAccessibleName(const std::string& name) { accessibleName_.emplace(window_, name); }
 
-    /// True if Enter or Esc has a meaning for the window itself just now.
+    /// True if the window itself handles Enter or Esc at the moment.
     [[nodiscard]] virtual bool wantsKey(WPARAM /*key*/) const { return false; }
-    /// Enter, on a control that takes it.
+    /// Handles Enter, on a control that takes it.
     virtual void enter() {}
 
-    /// A bar along an edge of the form takes its place away from the room.
+    /// A bar along an edge of the form subtracts its own place from the room.
     virtual void takeEdge(RECT& /*room*/) {}
-    /// The room that the form has for pages, beside its bars and a margin, has changed.
+    /// Called when the form's room for pages has changed: its client area without bars and a
+    /// margin.
     virtual void fitInto(const RECT& /*room*/) {}
 
     [[nodiscard]] forms::Control& control() const { return control_; }
     [[nodiscard]] HWND window() const { return window_; }
-    /// Pixels to the inch in which the control is laid out.
+    /// Returns the resolution of the control's layout, in pixels per inch.
     [[nodiscard]] int dpi() const { return dpi_; }
 
   protected:
-    /// Deals with a message for the window. The peer may have ended when the answer comes.
+    /// Handles a message for the window. The peer may not exist any more when it returns.
     virtual LRESULT handle(UINT message, WPARAM first, LPARAM second) {
         return byDefault(message, first, second);
     }
-    /// What the window's own kind makes of a message.
+    /// Has the window's own class handle a message.
     LRESULT byDefault(UINT message, WPARAM first, LPARAM second) const {
         return DefSubclassProc(window_, message, first, second);
     }
-    /// Carries out a message that changes what the window shows. Where it comes from outside, as
-    /// from a tool that works the window for its user, the change counts as the user's.
+    /// Executes a message that changes what the window shows. If it comes from outside, as from
+    /// assistive technology, the change counts as the user's.
     template <typename Action>
     LRESULT change(UINT message, WPARAM first, LPARAM second, const Action& action) {
         const HWND window = window_;
@@ -98,20 +99,20 @@ class ControlPeer : public forms::Peer {
         return answer;
     }
 
-    /// True while the changes of the window are the program's own.
+    /// True while the program itself changes the window.
     [[nodiscard]] bool drawing() const { return drawing_; }
 
-    /// Puts the window into its place.
+    /// Moves the window to its place.
     virtual void updateGeometry();
-    /// Draws what the kind of control has beyond place, enabled and visible.
+    /// Shows what the kind of control has beyond its place, Enabled and Visible.
     virtual void draw() {}
 
-    /// The control's caption as the window's text; unchanged text is left alone.
+    /// Sets the window's text, unless it is the same.
     void drawText(const std::string& text);
-    /// The window's text.
+    /// Returns the window's text.
     [[nodiscard]] std::string text() const;
     void move(const RECT& place);
-    /// Where the window belongs in its container.
+    /// Returns the window's place in its container.
     [[nodiscard]] virtual RECT place() const;
 
     LRESULT send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
@@ -121,7 +122,7 @@ class ControlPeer : public forms::Peer {
         return send(message, first, reinterpret_cast<LPARAM>(text.c_str()));
     }
 
-    /// Hands a user's action to the model, then shows what the model holds: it may have refused.
+    /// Passes a user's action to the model, then shows the model's state: it may have refused.
     template <typename Action>
     void act(const Action& action) {
         const HWND window = window_;
@@ -136,23 +137,23 @@ class ControlPeer : public forms::Peer {
 
     forms::Control& control_;
     int dpi_;
-    // What the window has now. The system takes its time even for a change to the same.
+    // The window's current state. Windows takes its time even for a change to the same.
     RECT place_;
     bool enabled_;
     bool shown_;
     bool drawing_ = false;
     HWND window_;
     Font ownFont_;
-    std::optional<SpokenName> spokenName_;
+    std::optional<AccessibleName> accessibleName_;
 };
 
-/// The peer of a control, if that has a window; else, and for no control, null.
+/// Returns the peer of a control, or null if it has no window or is null.
 ControlPeer* peerOf(const forms::Control* control);
 
-/// True if a user reaches the control by tabbing.
+/// True if Tab can reach the control.
 bool takesFocus(const forms::Control& control);
 
-/// A peer that knows its control by its kind.
+/// A peer with the type of its control.
 template <typename Kind>
 class PeerOf : public ControlPeer {
   public:

@@ -57,27 +57,27 @@ Font makeFont(const LOGFONTW& font) {
     return Font(CreateFontIndirectW(&font));
 }
 
-Ruler::Ruler(HFONT font, int dpi)
+TextMeter::TextMeter(HFONT font, int dpi)
     : screen_(GetDC(nullptr)), before_(SelectObject(screen_, font)), dpi_(dpi) {
     TEXTMETRICW metrics;
     GetTextMetricsW(screen_, &metrics);
     lineHeight_ = metrics.tmHeight;
 }
 
-Ruler::~Ruler() {
+TextMeter::~TextMeter() {
     SelectObject(screen_, before_);
     ReleaseDC(nullptr, screen_);
 }
 
-int Ruler::width(const std::string& caption) const {
+int TextMeter::width(const std::string& caption) const {
     return measured(caption, 0, DT_SINGLELINE).cx;
 }
 
-int Ruler::wrappedHeight(const std::string& caption, int width) const {
+int TextMeter::wrappedHeight(const std::string& caption, int width) const {
     return measured(caption, width, DT_WORDBREAK).cy;
 }
 
-SIZE Ruler::measured(const std::string& caption, int width, UINT flags) const {
+SIZE TextMeter::measured(const std::string& caption, int width, UINT flags) const {
     const std::wstring text = platform::wide(caption);
     RECT room{0, 0, width, 0};
     DrawTextW(screen_, text.c_str(), static_cast<int>(text.size()), &room, flags | DT_CALCRECT);

@@ -7,7 +7,7 @@
 #include "forms/control.h"
 #include "platform/windows/windows_api.h"
 
-/// Objects of the system's graphics that end with their owner, and the fonts of the forms.
+/// Owners of graphics objects of Windows, and the fonts of the forms.
 namespace win32 {
 
 struct GdiCloser {
@@ -23,37 +23,36 @@ struct IconCloser {
 };
 using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconCloser>;
 
-/// The system's font for messages, at the resolution.
+/// Returns the system's message font in a resolution.
 LOGFONTW messageFont(int dpi);
 
-/// Pixels to the inch in which the form of the window is laid out: as many as its screen has, or
-/// more where the user has the system write larger than it does by itself, as far as the screen
-/// has room.
+/// Returns the resolution in which a window's form is laid out, in pixels per inch: that of its
+/// screen, or more if the user has enlarged the system's text, as far as the screen has room.
 int layoutDpi(HWND window);
 
-/// Points of the font, and the font in another size.
+/// The size of a font in points, and the font in another size.
 double pointsOf(const LOGFONTW& font, int dpi);
 LOGFONTW withPoints(LOGFONTW font, double points, int dpi);
 
-/// What a control asks for, on the ground of its form's font.
+/// Returns a control's font, derived from its form's.
 LOGFONTW wantedFont(const forms::Font& wanted, LOGFONTW formFont, int dpi);
 
 Font makeFont(const LOGFONTW& font);
 
-/// Measures captions in a font, in pixels. A caption's "&" takes no room.
-class Ruler {
+/// Measures text in a font, in pixels. A caption's "&" takes no room.
+class TextMeter {
   public:
-    /// The font must outlive the ruler.
-    Ruler(HFONT font, int dpi);
-    ~Ruler();
-    Ruler(const Ruler&) = delete;
-    Ruler& operator=(const Ruler&) = delete;
+    /// The font must outlive the object.
+    TextMeter(HFONT font, int dpi);
+    ~TextMeter();
+    TextMeter(const TextMeter&) = delete;
+    TextMeter& operator=(const TextMeter&) = delete;
 
     [[nodiscard]] int width(const std::string& caption) const;
-    /// Height of the caption when it is wrapped to the width.
+    /// Returns the height of the caption when it is wrapped to the width.
     [[nodiscard]] int wrappedHeight(const std::string& caption, int width) const;
     [[nodiscard]] int lineHeight() const { return lineHeight_; }
-    /// As many pixels as the number is at 96 to the inch.
+    /// Converts pixels at 96 to the inch to pixels in the resolution.
     [[nodiscard]] int scaled(int pixels) const { return MulDiv(pixels, dpi_, 96); }
     [[nodiscard]] int dpi() const { return dpi_; }
 

@@ -1,7 +1,7 @@
 #include "platform/win32/file_dialog.h"
 
 #include <commdlg.h>
-// Behind the former.
+// After <commdlg.h>, which it needs.
 #include <cderr.h>
 
 #include <algorithm>
@@ -14,7 +14,8 @@ namespace win32 {
 
 namespace {
 
-/// Shows the dialog once, with the name in the buffer. Nothing if the dialog would not take it.
+/// Shows the dialog once, offering a name. Returns nullopt if the dialog rejects the name, and an
+/// empty string if the user cancels.
 std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
                                 const std::wstring& offered) {
     const std::wstring title = platform::wide(question.title);

@@ -7,9 +7,9 @@
 
 namespace win32 {
 
-/// Asks for a file above the owner; empty if the user cancels. A name that cannot be a file's, or
-/// is longer than 260 characters, is not offered. Throws forms::RuntimeError if the name chosen is
-/// longer than that.
+/// Shows a file dialog above the owner. Returns an empty string if the user cancels. Does not offer
+/// a name that is invalid or longer than 260 characters. Throws forms::RuntimeError if the chosen
+/// name is longer than that.
 std::string chooseFile(HWND owner, const forms::FileQuestion& question);
 
 }  // namespace win32

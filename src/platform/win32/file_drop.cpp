@@ -16,7 +16,7 @@ struct DropCloser {
     void operator()(HDROP dropped) const { DragFinish(dropped); }
 };
 
-/// Returns the innermost visible window at the point of the window.
+/// Returns the innermost visible window at a point of the window.
 HWND windowAt(HWND window, POINT point) {
     for (;;) {
         const HWND inside = ChildWindowFromPointEx(window, point, CWP_SKIPINVISIBLE);

@@ -36,7 +36,7 @@ class DrivePeer : public PeerOf<forms::DriveList> {
         send(CB_SETCURSEL, selected == drives.end() ? -1 : selected - drives.begin());
     }
 
-    /// The window's height is that of the list when it is open; the field has the control's own.
+    /// Sets the window's height, which Windows uses for the open list, and that of the field.
     void updateGeometry() override {
         constexpr int mostRows = 12;
         RECT room = place();
@@ -51,7 +51,7 @@ class DrivePeer : public PeerOf<forms::DriveList> {
     void pick() { control_.pick(static_cast<int>(send(CB_GETCURSEL))); }
 };
 
-/// Each row is indented by blanks, as deep as its folder lies.
+/// Indents each row by the depth of its folder.
 class FolderPeer : public PeerOf<forms::FolderList> {
   public:
     FolderPeer(forms::FolderList& list, const Site& site)

@@ -12,14 +12,14 @@ namespace {
 
 class FormRuler : public forms::Ruler {
   public:
-    FormRuler(const LOGFONTW& font, int dpi) : font_(makeFont(font)), ruler_(font_.get(), dpi) {}
+    FormRuler(const LOGFONTW& font, int dpi) : font_(makeFont(font)), meter_(font_.get(), dpi) {}
 
-    [[nodiscard]] int lineHeight() const override { return ruler_.lineHeight(); }
+    [[nodiscard]] int lineHeight() const override { return meter_.lineHeight(); }
     [[nodiscard]] int width(const std::string& caption) const override {
-        return ruler_.width(caption);
+        return meter_.width(caption);
     }
     [[nodiscard]] int wrappedHeight(const std::string& caption, int width) const override {
-        return ruler_.wrappedHeight(caption, width);
+        return meter_.wrappedHeight(caption, width);
     }
     [[nodiscard]] forms::Size room(const forms::Label& label) const override {
         return inside(label, 0, 0);
@@ -46,12 +46,12 @@ class FormRuler : public forms::Ruler {
   private:
     /// The control's size without its edges, which are given in pixels at 96 dpi.
     [[nodiscard]] forms::Size inside(const forms::Control& control, int width, int height) const {
-        const RECT place = placeOf(control, ruler_.dpi());
-        return {widthOf(place) - ruler_.scaled(width), heightOf(place) - ruler_.scaled(height)};
+        const RECT place = placeOf(control, meter_.dpi());
+        return {widthOf(place) - meter_.scaled(width), heightOf(place) - meter_.scaled(height)};
     }
 
     Font font_;
-    win32::Ruler ruler_;
+    TextMeter meter_;
 };
 
 }  // namespace

@@ -5,8 +5,8 @@
 
 namespace win32 {
 
-/// The font, no smaller than 7 points, in the largest size up to its own in which every caption
-/// fits its place in a form that is laid out with dpi pixels to the inch.
+/// Returns the font in the largest size, from 7 points to its own, in which every caption of the
+/// form fits. `dpi` is the resolution of the form's layout, in pixels per inch.
 LOGFONTW fittingFont(forms::Form& form, const LOGFONTW& font, int dpi);
 
 }  // namespace win32

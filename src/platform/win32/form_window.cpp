@@ -104,7 +104,7 @@ bool FormWindow::isOpen(HWND window) {
     return form && !form->form_.unloaded();
 }
 
-/// Puts the frame around the client area that the form's definition asks for.
+/// Adds the frame to the client area, whose size the form's definition gives.
 void FormWindow::takeDefinedSize() {
     const Frame frame = frameOf(form_.style);
     RECT rect{0, 0, pixels(form_.Width, dpi_), pixels(form_.Height, dpi_)};
@@ -126,18 +126,18 @@ void FormWindow::focus(const forms::Control& control) {
     Keyboard::focus(control);
 }
 
-/// Takes over the system's font and colours at the window's resolution.
+/// Takes the system's font and colours at the window's resolution.
 void FormWindow::takeStyle() {
     const int dpi = dpiOf(window_);
     dpi_ = layoutDpi(window_);
     const LOGFONTW font = fittingFont(form_, messageFont(dpi), dpi_);
     font_ = makeFont(font);
-    style_ = {dpi_, font, font_.get(), Ruler(font_.get(), dpi_).lineHeight(), tabPageColour()};
+    style_ = {dpi_, font, font_.get(), TextMeter(font_.get(), dpi_).lineHeight(), tabPageColour()};
     background_ = backgroundOf(form_, style_.tabPage);
 }
 
 void FormWindow::restyle() {
-    const Font before = std::move(font_);  // in use until all have the new one
+    const Font before = std::move(font_);  // in use until all controls have the new one
     takeStyle();
     for (ControlPeer* peer : peers_) {
         peer->restyle(style_);
@@ -178,7 +178,7 @@ void FormWindow::showModal(forms::Form& owner) {
     runLoop([window = window_] { return isOpen(window); });
 }
 
-/// The owner takes input again before the window goes, so that it becomes the active one.
+/// Enables the owner before the window goes, so that it becomes the active one.
 void FormWindow::hide() {
     if (owner_) EnableWindow(owner_, TRUE);
     ShowWindow(window_, SW_HIDE);
@@ -198,7 +198,7 @@ void FormWindow::centre() {
     if (owner_ && !IsIconic(owner_)) GetWindowRect(owner_, &around);
     RECT own;
     GetWindowRect(window_, &own);
-    // Where the room is too small, the upper left corner stays in sight.
+    // If the room is too small, the upper left corner stays visible.
     const LONG left = (around.left + around.right - widthOf(own)) / 2;
     const LONG top = (around.top + around.bottom - heightOf(own)) / 2;
     SetWindowPos(window_, nullptr, std::max(room.left, std::min(left, room.right - widthOf(own))),
@@ -206,8 +206,8 @@ void FormWindow::centre() {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-/// Tells the form where its window is. A length that the program gave stands while the window has
-/// it in pixels, so that storing and restoring a window does not make it drift.
+/// Tells the form where its window is. A length that the program set is kept while it matches in
+/// pixels, so that storing and restoring a window does not make it drift.
 void FormWindow::report() {
     if (!IsWindowVisible(window_)) return;
     if (IsIconic(window_)) {
@@ -231,8 +231,8 @@ void FormWindow::close() {
     form_.close();
 }
 
-/// The system may end the program as soon as this has returned. The first form takes all others
-/// with it, also while they or a box wait for an answer, which will not come any more.
+/// Closes the first form, which closes all others, even while one of them or a box waits for an
+/// answer that will not come. The system may end the program as soon as this has returned.
 void FormWindow::endSession() {
     forms::Application& application = form_.application();
     if (application.Count() == 0) return;
@@ -254,7 +254,7 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first,
 }
 
 LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
-    const HWND window = window_;  // the form may end while it handles the message
+    const HWND window = window_;  // the message may end the form
     if (const auto answer = reflect(message, first, second, background_)) return *answer;
     switch (message) {
         case WM_COMMAND:
@@ -302,7 +302,8 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
             restyle();
-            if (!IsZoomed(window) && !IsIconic(window)) update();  // with the size of the texts
+            if (!IsZoomed(window) && !IsIconic(window))
+                update();  // the form grows with the text size
             break;
         case WM_ERASEBKGND:
             fill(window, reinterpret_cast<HDC>(first), background_);

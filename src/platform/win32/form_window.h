@@ -10,17 +10,16 @@
 
 namespace win32 {
 
-/// Runs the message loop while the condition, asked before each message, holds, or until the
-/// program ends.
+/// Runs the message loop until the program ends or `goOn`, called before each message, returns
+/// false.
 void runLoop(const std::function<bool()>& goOn);
 
-/// The window behind a form. Left and Top are in pixels of the system's resolution, so that they
-/// name the same point wherever the window lies; all other lengths in those of its own screen, and
-/// of the size in which the user has the system write.
+/// The window of a form. Left and Top are in the system's resolution, so that they mean the same
+/// point on every screen; all other lengths are in the resolution of the form's layout.
 class FormWindow : public forms::WindowPeer {
   public:
-    /// Makes the window, unseen. The form's size, until now that of its client area, becomes that
-    /// of the window. The form's controls have peers once it has been shown.
+    /// Creates the window hidden. The form's size, until now that of its client area, becomes that
+    /// of the window. The form's controls get their peers when it is first shown.
     explicit FormWindow(forms::Form& form);
     ~FormWindow() override;
     FormWindow(const FormWindow&) = delete;
@@ -33,16 +32,16 @@ class FormWindow : public forms::WindowPeer {
     void update() override;
     void focus(const forms::Control& control) override;
 
-    /// The form's window behind a window of the system, or null.
+    /// Returns the form's window that a window of the system belongs to, or null.
     static FormWindow* of(HWND window);
-    /// True while the window is that of a form that has not been unloaded.
+    /// True if the window is that of a form that has not been unloaded.
     static bool isOpen(HWND window);
 
     [[nodiscard]] HWND handle() const { return window_; }
     Keyboard& keyboard() { return keyboard_; }
 
   private:
-    // A bug ends the program here: the system lets no exception through.
+    // noexcept, so that a bug ends the program here: the system lets no exception through.
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first,
                                       LPARAM second) noexcept;
     LRESULT handle(UINT message, WPARAM first, LPARAM second);
@@ -61,14 +60,14 @@ class FormWindow : public forms::WindowPeer {
     forms::Form& form_;
     HWND window_;
     Keyboard keyboard_;
-    int dpi_;  ///< in which the form is laid out
+    int dpi_;  ///< resolution of the form's layout
     Font font_;
     Style style_;
-    std::vector<ControlPeer*> peers_;  ///< those that have been made, empty until the first show
-    std::size_t withTooltips_ =
-        0;  ///< of the peers; the mouse moving over the window adds the rest
+    std::vector<ControlPeer*> peers_;  ///< those created so far; none until the first show
+    /// The number of peers with tooltips. The rest get theirs when the mouse moves over the window.
+    std::size_t withTooltips_ = 0;
     COLORREF background_ = 0;
-    forms::Place given_;  ///< the place that the program gave the window last
+    forms::Place given_;  ///< the place that the program set last
     HWND owner_ = nullptr;
 };
 

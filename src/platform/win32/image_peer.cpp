@@ -7,7 +7,8 @@ namespace win32 {
 
 namespace {
 
-/// A picture, stretched to the control. It takes clicks upon itself, as labels do.
+/// A picture, stretched to the control. Handles clicks, so that they do not count as its
+/// container's.
 class ImagePeer : public PeerOf<forms::Image> {
   public:
     ImagePeer(forms::Image& image, const Site& site)

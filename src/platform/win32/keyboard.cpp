@@ -75,8 +75,7 @@ bool Keyboard::escape() {
     return true;
 }
 
-/// Among options an arrow key selects the next. The system's own way there differs from version to
-/// version.
+/// Selects the next option. The way that Windows does this differs between its versions.
 bool Keyboard::arrow(MSG& message, int step) {
     auto* option = dynamic_cast<forms::OptionButton*>(focused());
     if (!option || message.message != WM_KEYDOWN) return IsDialogMessageW(window_, &message);
@@ -99,7 +98,7 @@ bool Keyboard::mnemonic(wchar_t letter) {
     forms::Control* target = form_.mnemonicTarget(capital, focused());
     if (!target || dynamic_cast<forms::MenuItem*>(target)) return false;  // the system opens menus
     focus(*target);
-    settle();  // a box that the click brings up gives the focus back to this one
+    settle();  // a box that the click shows returns the focus to this control
     target->click();
     return true;
 }
@@ -114,13 +113,13 @@ void Keyboard::settle() {
     markDefault();
 }
 
-/// The control to have the focus while none has that can be used.
+/// Returns the control to focus while no usable one has the focus.
 forms::Control* Keyboard::nextFocus() const {
     if (!last_) return forms::firstFocus(form_, takesFocus);
     return last_->usable() ? last_ : forms::focusAfter(*last_, takesFocus);
 }
 
-/// Marks the button that Enter presses: the one with the focus, and else the form's default.
+/// Marks the button that Enter presses: the focused one, else the form's default.
 void Keyboard::markDefault() {
     const auto* pressed = dynamic_cast<const forms::Button*>(last_);
     for (forms::Control* control : form_.allControls()) {

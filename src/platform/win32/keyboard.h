@@ -5,19 +5,19 @@
 
 namespace win32 {
 
-/// What the keyboard does on a form: the form's own sight of each key, mnemonics, the default and
-/// the cancel button; and which of its controls has the focus.
+/// Handles the keyboard on a form: the form's own key events, mnemonics, the default and the cancel
+/// button. Keeps the focus on a usable control.
 class Keyboard {
   public:
     /// Both must outlive the keyboard.
     Keyboard(forms::Form& form, HWND window) : form_(form), window_(window) {}
 
-    /// Deals with a message for the form's window or a window inside it, before that gets it. True
-    /// if the message has been dealt with. The form may have ended then.
+    /// Handles a message for the form's window or a window inside it, before that gets it. Returns
+    /// true if the message is done. The form may not exist any more then.
     bool take(MSG& message);
 
-    /// Brings the focus where it belongs, after a handler or a change of windows may have made the
-    /// control unusable that had it.
+    /// Moves the focus to a usable control, after a handler or a change of windows may have made
+    /// the focused one unusable.
     void settle();
     static void focus(const forms::Control& control);
 
@@ -27,7 +27,7 @@ class Keyboard {
     bool escape();
     bool arrow(MSG& message, int step);
     bool mnemonic(wchar_t letter);
-    /// Lets the form see a character. False if the form has ended by it.
+    /// Passes a character to the form. Returns false if that has ended the form.
     bool keyPress(WPARAM character);
 
     [[nodiscard]] forms::Control* focused() const;

@@ -8,14 +8,13 @@ namespace win32 {
 
 namespace {
 
-/// A label wraps its text where it is high enough for a second line, and otherwise leaves out a
-/// part of a text that is too long. It takes clicks upon itself, so that they do not count as its
-/// container's.
+/// Wraps its text if it is high enough for a second line, and otherwise elides a part of a text
+/// that is too long. Handles clicks, so that they do not count as its container's.
 class LabelPeer : public PeerOf<forms::Label> {
   public:
     LabelPeer(forms::Label& label, const Site& site)
         : PeerOf(label, site, {L"STATIC", SS_NOTIFY | prefix(label) | lines(label, site.style)}) {
-        // Wherever its size takes it, it stays above the controls made before it.
+        // Keep it above the controls created before it, whatever its size.
         if (label.autoSize)
             SetWindowPos(window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
@@ -36,11 +35,11 @@ class LabelPeer : public PeerOf<forms::Label> {
     [[nodiscard]] RECT place() const override {
         RECT place = PeerOf::place();
         if (!control_.autoSize) return place;
-        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi());
-        const int slant = control_.font.italic ? ruler.lineHeight() / 4 : 0;
-        const LONG width = ruler.width(control_.Caption) + slant;
+        const TextMeter meter(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi());
+        const int slant = control_.font.italic ? meter.lineHeight() / 4 : 0;
+        const LONG width = meter.width(control_.Caption) + slant;
         if (control_.centred) place.left += (widthOf(place) - width) / 2;
-        return {place.left, place.top, place.left + width, place.top + ruler.lineHeight()};
+        return {place.left, place.top, place.left + width, place.top + meter.lineHeight()};
     }
 
   private:
@@ -53,7 +52,7 @@ class LabelPeer : public PeerOf<forms::Label> {
     static int lineHeight(const forms::Label& label, const Style& style) {
         if (label.font == forms::Font()) return style.lineHeight;
         const Font font = makeFont(wantedFont(label.font, style.font, style.dpi));
-        return Ruler(font.get(), style.dpi).lineHeight();
+        return TextMeter(font.get(), style.dpi).lineHeight();
     }
     static DWORD prefix(const forms::Label& label) { return label.mnemonic() ? 0 : SS_NOPREFIX; }
 };

@@ -50,12 +50,12 @@ class ListPeer : public PeerOf<forms::ListBox> {
         send(LB_INSERTSTRING, row, wanted);
     }
 
-    /// Lets the user scroll sideways where an entry is wider than the list.
+    /// Lets the user scroll sideways if an entry is wider than the list.
     void showWholeRows() {
-        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), 96);
+        const TextMeter meter(reinterpret_cast<HFONT>(send(WM_GETFONT)), 96);
         int widest = 0;
         for (int row = 0; row < control_.ListCount(); ++row)
-            widest = std::max(widest, ruler.width(control_.List(row)) + ruler.lineHeight() / 2);
+            widest = std::max(widest, meter.width(control_.List(row)) + meter.lineHeight() / 2);
         send(LB_SETHORIZONTALEXTENT, widest);
     }
 

@@ -6,7 +6,8 @@ namespace win32 {
 
 namespace {
 
-/// An item opens a menu where it has items of its own. All menus belong to the window's bar.
+/// A menu item, which opens a menu if it has items of its own. All menus belong to the window's
+/// bar.
 class MenuPeer : public forms::Peer {
   public:
     MenuPeer(forms::MenuItem& item, const Site& site)
@@ -17,7 +18,7 @@ class MenuPeer : public forms::Peer {
             info.fMask |= MIIM_SUBMENU;
             info.hSubMenu = CreatePopupMenu();
         }
-        InsertMenuItemW(around(), static_cast<UINT>(-1), TRUE, &info);
+        InsertMenuItemW(parentMenu(), static_cast<UINT>(-1), TRUE, &info);
         update();
     }
 
@@ -42,8 +43,8 @@ class MenuPeer : public forms::Peer {
         return info;
     }
 
-    /// The menu that the item stands in.
-    [[nodiscard]] HMENU around() const {
+    /// Returns the menu that contains the item.
+    [[nodiscard]] HMENU parentMenu() const {
         if (const auto* above = dynamic_cast<MenuPeer*>(item_.parent()->peer())) {
             MENUITEMINFOW info = emptyInfo(MIIM_SUBMENU);
             GetMenuItemInfoW(GetMenu(window_), above->id_, FALSE, &info);

@@ -7,8 +7,8 @@ namespace win32 {
 
 namespace {
 
-/// The window that the user is working in. While another program is in front there is no active
-/// one; then the uppermost of the program that takes input will do.
+/// Returns the window that the user works in: the active one or, while another program is active,
+/// the uppermost one that takes input.
 HWND windowInUse() {
     if (const HWND active = GetActiveWindow()) return active;
     HWND uppermost = nullptr;

@@ -6,8 +6,8 @@
 
 namespace win32 {
 
-/// Shows a modal box above the active window and waits, as core::Runtime::rtcMsgBox has it, but
-/// with a title in any case.
+/// Shows a modal message box above the active window and returns the button pressed, as
+/// core::Runtime::rtcMsgBox does. The title is never empty.
 core::Runtime::Answer messageBox(const std::string& text, int flags, const std::string& title);
 
 }  // namespace win32

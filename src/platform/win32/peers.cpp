@@ -8,7 +8,7 @@ namespace win32 {
 
 namespace {
 
-/// The control declared in front of this one in the same container, or null.
+/// Returns the control declared before this one in the same container, or null.
 forms::Control* before(const forms::Control& control) {
     forms::Control* before = nullptr;
     for (forms::Control* sibling : control.parent()->children()) {
@@ -18,14 +18,15 @@ forms::Control* before(const forms::Control& control) {
     return before;
 }
 
-/// The arrow keys move among the options that follow one another, and nowhere else.
+/// The arrow keys only move among consecutive options.
 bool startsGroup(const forms::Control& control) {
     return !dynamic_cast<const forms::OptionButton*>(&control) ||
            !dynamic_cast<const forms::OptionButton*>(before(control));
 }
 
-/// A screen reader calls a window by its caption or by the label before it; else it must be told.
-bool mustTellName(const forms::Control& control) {
+/// Screen readers name a window by its caption or by the label before it; otherwise it needs a
+/// name.
+bool needsAccessibleName(const forms::Control& control) {
     return !control.definedAccessibleName.empty() ||
            (control.Caption().empty() && !dynamic_cast<const forms::Label*>(before(control)));
 }
@@ -36,7 +37,7 @@ int idOf(forms::Control& control) {
     return firstId + static_cast<int>(found - controls.begin());
 }
 
-/// Makes the peers of the controls in one container, and of those in containers inside it.
+/// Creates the peers of the controls in a container and in the containers inside it.
 class PeerBuilder : public forms::ControlVisitor {
   public:
     PeerBuilder(HWND parent, const Style& style, std::vector<ControlPeer*>& peers)
@@ -80,7 +81,8 @@ class PeerBuilder : public forms::ControlVisitor {
         control.attach(makePeer(control, site, std::forward<More>(more)...));
         if (auto* peer = peerOf(&control)) {
             peers_.push_back(peer);
-            if (takesFocus(control) && mustTellName(control)) peer->speak(control.accessibleName());
+            if (takesFocus(control) && needsAccessibleName(control))
+                peer->setAccessibleName(control.accessibleName());
         }
         control.peer()->update();
     }

@@ -10,15 +10,15 @@
 
 namespace win32 {
 
-/// Gives the controls of the form peers, with windows inside the form's, in order of tabbing. A
-/// panel out of sight is filled when it first comes into sight. A control's window bears the id
-/// firstId + its position among the form's controls. Each peer with a window is added to peers.
-/// Style and peers must live as long as the form.
+/// Creates the peers of the form's controls, with windows inside the form's, in tab order. A hidden
+/// panel is filled when it first becomes visible. A control's window gets the id firstId + its
+/// position among the form's controls. Adds each peer with a window to `peers`. `style` and `peers`
+/// must outlive the form.
 void buildPeers(forms::Form& form, HWND window, const Style& style,
                 std::vector<ControlPeer*>& peers);
 inline constexpr int firstId = 100;
 
-/// The peer of one kind of control; its window is made on the site.
+/// Create the peer of a control, with its window on the site.
 std::unique_ptr<forms::Peer> makePeer(forms::Label& label, const Site& site);
 std::unique_ptr<forms::Peer> makePeer(forms::Line& line, const Site& site);
 std::unique_ptr<forms::Peer> makePeer(forms::Image& image, const Site& site);
@@ -33,11 +33,12 @@ std::unique_ptr<forms::Peer> makePeer(forms::FolderList& list, const Site& site)
 std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, const Site& site);
 std::unique_ptr<forms::Peer> makePeer(forms::StatusBar& bar, const Site& site);
 
-/// The panel calls fill when it first comes into sight.
+/// Calls `fill` when the panel first becomes visible.
 std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, const Site& site,
                                       std::function<void()> fill);
 
-/// An item of the menu bar of the site's parent, which is told the site's id for a choice.
+/// Creates an item in the menu bar of the site's parent, which gets the site's id when the user
+/// chooses it.
 std::unique_ptr<forms::Peer> makePeer(forms::MenuItem& item, const Site& site);
 
 }  // namespace win32

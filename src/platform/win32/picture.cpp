@@ -12,7 +12,7 @@ namespace win32 {
 
 namespace {
 
-/// The bytes of a resource, which live as long as the program.
+/// The bytes of a resource, valid as long as the program runs.
 struct Bytes {
     BYTE* first = nullptr;
     DWORD size = 0;
@@ -25,7 +25,7 @@ Bytes findPng(const std::wstring& name) {
             SizeofResource(nullptr, found)};
 }
 
-/// The picture's pixels, 0xAARRGGBB from the top row on; empty if the bytes are no picture.
+/// Returns the picture's pixels as 0xAARRGGBB, top row first; empty if the bytes are no picture.
 std::vector<std::uint32_t> decode(const Bytes& bytes, UINT width, UINT height) {
     const auto factory = comFrom<IWICImagingFactory>([](IWICImagingFactory** made) {
         return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,

@@ -6,8 +6,8 @@
 
 namespace win32 {
 
-/// The picture of the name in the program's resources, an icon or a PNG file, in the size given;
-/// empty if there is none.
+/// Returns a picture from the program's resources, an icon or a PNG file, in the given size in
+/// pixels; empty if there is none of the name.
 Icon loadPicture(const std::string& name, int width, int height);
 
 }  // namespace win32

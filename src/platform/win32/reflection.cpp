@@ -11,7 +11,7 @@ HWND asWindow(LPARAM parameter) {
     return reinterpret_cast<HWND>(parameter);
 }
 
-/// The colours under a control that lets its container's background through.
+/// Sets the colours of a control that shows its container's background, and returns the brush.
 std::optional<LRESULT> colours(HDC device, HWND window, COLORREF background) {
     const ControlPeer* peer = ControlPeer::of(window);
     if (!peer || !peer->transparent()) return {};

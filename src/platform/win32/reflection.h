@@ -6,8 +6,9 @@
 
 namespace win32 {
 
-/// Hands a message that a window gets on behalf of one of its controls to the control's peer, and
-/// gives the answer; nothing for any other message. The background is that of the window.
+/// Passes a message that a window gets on behalf of one of its controls to the control's peer.
+/// Returns the answer, or nullopt if the window should handle the message itself. `background` is
+/// the window's own.
 std::optional<LRESULT> reflect(UINT message, WPARAM first, LPARAM second, COLORREF background);
 
 }  // namespace win32

@@ -13,7 +13,7 @@ namespace {
 
 using Panel = forms::StatusBar::Panel;
 
-/// Today's date, or the time, in the system's short format.
+/// Returns the current date or time in the system's short format; empty for a panel of text.
 std::wstring now(Panel panel) {
     constexpr int longest = 80;
     wchar_t text[longest] = {};
@@ -37,7 +37,7 @@ class StatusBarPeer : public PeerOf<forms::StatusBar> {
     }
 
     void takeEdge(RECT& room) override {
-        send(WM_SIZE);  // it finds its place by itself
+        send(WM_SIZE);  // the bar moves to its place by itself
         RECT bar;
         GetWindowRect(window(), &bar);
         room.bottom -= heightOf(bar);
@@ -47,7 +47,7 @@ class StatusBarPeer : public PeerOf<forms::StatusBar> {
   protected:
     void updateGeometry() override {}
 
-    /// Draws again only when a text has changed.
+    /// Sets the texts only if one has changed.
     void draw() override {
         const std::vector<std::wstring> before = texts_;
         std::transform(control_.Panels.begin(), control_.Panels.end(), texts_.begin(), now);
@@ -60,14 +60,14 @@ class StatusBarPeer : public PeerOf<forms::StatusBar> {
     }
 
   private:
-    /// The texts lie along the right edge, in front of the grip; the empty panel takes the rest.
+    /// Aligns the texts to the right, before the grip; the empty panel takes the rest.
     void setParts(int width) {
-        const Ruler ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi());
+        const TextMeter meter(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi());
         std::vector<int> ends(texts_.size());
-        int end = width - ruler.scaled(18);
+        int end = width - meter.scaled(18);
         for (std::size_t part = texts_.size(); part-- > 0;) {
             ends[part] = end;
-            end -= ruler.width(platform::narrow(texts_[part])) + ruler.scaled(16);
+            end -= meter.width(platform::narrow(texts_[part])) + meter.scaled(16);
         }
         send(SB_SETPARTS, ends.size(), reinterpret_cast<LPARAM>(ends.data()));
     }

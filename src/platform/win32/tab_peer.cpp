@@ -8,7 +8,7 @@ namespace win32 {
 
 namespace {
 
-/// Draws the tabs and an empty page. The panels of the form lie on the page, above it.
+/// Shows the tabs and an empty page, below the form's panels.
 class TabPeer : public PeerOf<forms::TabStrip> {
   public:
     TabPeer(forms::TabStrip& tabs, const Site& site)
@@ -17,21 +17,21 @@ class TabPeer : public PeerOf<forms::TabStrip> {
             addTab(index, tabs.Tabs[index]);
     }
 
-    /// A click on the selected tab counts too, and changes nothing that the window would tell.
+    /// A click on the selected tab counts too, but sends no TCN_SELCHANGE.
     void notify(const NMHDR& notification) override {
         if (notification.code == TCN_SELCHANGE) {
-            turnedByMouse_ = GetKeyState(VK_LBUTTON) < 0;
+            selectedByMouse_ = GetKeyState(VK_LBUTTON) < 0;
             pick();
-        } else if (notification.code == NM_CLICK && !std::exchange(turnedByMouse_, false)) {
+        } else if (notification.code == NM_CLICK && !std::exchange(selectedByMouse_, false)) {
             pick();
         }
     }
 
-    /// The page ends where the window does, so that its edges stay in sight.
+    /// Clips the page to the window, so that its edges stay visible.
     void fitInto(const RECT& room) override {
         room_ = room;
         updateGeometry();
-        // The panels were made later, and so would lie below.
+        // The panels were created later, so they would be below.
         SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
 
@@ -39,7 +39,7 @@ class TabPeer : public PeerOf<forms::TabStrip> {
     LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
         if (message == WM_NOTIFY &&
             reinterpret_cast<const NMHDR*>(second)->code == TTN_GETDISPINFOW) {
-            tell(*reinterpret_cast<NMTTDISPINFOW*>(second));
+            setText(*reinterpret_cast<NMTTDISPINFOW*>(second));
             return 0;
         }
         if (message != TCM_SETCURSEL) return PeerOf::handle(message, first, second);
@@ -66,15 +66,15 @@ class TabPeer : public PeerOf<forms::TabStrip> {
         act([this] { control_.pick(selected()); });
     }
 
-    /// The text, which a tooltip asks for each time that it appears, for the tab with the index.
-    void tell(NMTTDISPINFOW& tooltip) {
+    /// Gives a tooltip the text of its tab, which it requests each time that it appears.
+    void setText(NMTTDISPINFOW& tooltip) {
         tip_ = platform::wide(control_.Tabs.at(tooltip.hdr.idFrom).tooltip);
         tooltip.lpszText = tip_.data();
     }
 
     RECT room_{};
     std::wstring tip_;
-    bool turnedByMouse_ = false;
+    bool selectedByMouse_ = false;
 };
 
 }  // namespace

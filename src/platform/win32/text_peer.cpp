@@ -6,18 +6,18 @@ namespace win32 {
 
 namespace {
 
-/// Lines end with CRLF in the model and in the window alike.
+/// Lines end in CRLF both in the model and in the window.
 class TextPeer : public PeerOf<forms::TextBox> {
   public:
     TextPeer(forms::TextBox& box, const Site& site)
         : PeerOf(box, site, {L"EDIT", styleOf(box), WS_EX_CLIENTEDGE}) {
         send(EM_SETLIMITTEXT, 0);
-        restyled();
+        recalculateRoom();
     }
 
     void restyle(const Style& style) override {
         PeerOf::restyle(style);
-        restyled();
+        recalculateRoom();
     }
 
     void command(int notification) override {
@@ -34,7 +34,7 @@ class TextPeer : public PeerOf<forms::TextBox> {
 
     LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
         switch (message) {
-            case WM_SETTEXT:  // a box of several lines would not tell
+            case WM_SETTEXT:  // a box of several lines sends no EN_CHANGE
                 return change(message, first, second, [this] { control_.type(text()); });
             case WM_NCCALCSIZE: {
                 const LRESULT answer = byDefault(message, first, second);
@@ -57,10 +57,10 @@ class TextPeer : public PeerOf<forms::TextBox> {
     }
 
   private:
-    /// The system writes a single line at the upper edge, wherever that is: it gets no more room
-    /// than it takes, and bands above and below.
+    /// Centres a single line, which Windows draws at the top: leaves only the line's height, with
+    /// bands above and below.
     void centre(RECT& client) {
-        const int line = Ruler(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi()).lineHeight();
+        const int line = TextMeter(reinterpret_cast<HFONT>(send(WM_GETFONT)), dpi()).lineHeight();
         const int spare = heightOf(client) - line;
         band_ = control_.multiLine || spare < 2 ? 0 : spare / 2;
         client.top += band_;
@@ -90,8 +90,8 @@ class TextPeer : public PeerOf<forms::TextBox> {
         ReleaseDC(window(), device);
     }
 
-    /// Has the system ask anew for the room of the text.
-    void restyled() {
+    /// Makes Windows ask again for the room of the text.
+    void recalculateRoom() {
         SetWindowPos(window(), nullptr, 0, 0, 0, 0,
                      SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
@@ -104,7 +104,7 @@ class TextPeer : public PeerOf<forms::TextBox> {
         return WS_TABSTOP | readOnly | shape;
     }
 
-    int band_ = 0;  ///< height of each
+    int band_ = 0;  ///< height of each band, in pixels
 };
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 namespace win32 {
 
-/// Gives controls of a form's window their tooltips.
+/// Adds the tooltips of controls in a form's window.
 void addTooltips(HWND window, std::span<ControlPeer* const> peers);
 
 }  // namespace win32

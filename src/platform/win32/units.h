@@ -3,7 +3,7 @@
 #include "forms/control.h"
 #include "platform/windows/windows_api.h"
 
-/// Twips of the forms and pixels of the screen, of which there are `dpi` to the inch.
+/// Converts between twips of the forms and pixels of the screen, `dpi` of them to the inch.
 namespace win32 {
 
 inline constexpr int twipsPerInch = 1440;
@@ -16,14 +16,14 @@ inline int twips(int pixels, int dpi) {
     return MulDiv(pixels, twipsPerInch, dpi);
 }
 
-/// Without a screen the system knows no resolution of a window.
+/// Returns a window's resolution, or a default without a screen.
 inline int dpiOf(HWND window) {
     const UINT dpi = GetDpiForWindow(window);
     return static_cast<int>(dpi ? dpi : USER_DEFAULT_SCREEN_DPI);
 }
 
-/// Where a control lies in its container. Each edge is rounded by itself, so that controls which
-/// meet in twips meet on the screen.
+/// Returns the place of a control in its container. Rounds each edge separately, so that controls
+/// that touch in twips also touch on the screen.
 inline RECT placeOf(const forms::Control& control, int dpi) {
     return {pixels(control.Left, dpi), pixels(control.Top, dpi),
             pixels(control.Left + control.Width, dpi), pixels(control.Top + control.Height, dpi)};
@@ -37,7 +37,7 @@ inline int heightOf(const RECT& rect) {
     return rect.bottom - rect.top;
 }
 
-/// The part of the place that lies in the room; all of it if none does.
+/// Returns the part of the place inside the room, or all of it if there is none.
 inline RECT within(const RECT& place, const RECT& room) {
     RECT seen;
     return IntersectRect(&seen, &place, &room) ? seen : place;

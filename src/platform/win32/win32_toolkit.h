@@ -4,7 +4,8 @@
 
 namespace win32 {
 
-/// Windows by the system's own controls. One at a time, on the thread whose message loop it runs.
+/// Creates windows with the system's own controls. Only one may exist at a time, on the thread
+/// whose message loop it runs.
 class Win32Toolkit : public forms::Toolkit {
   public:
     Win32Toolkit();
@@ -17,7 +18,7 @@ class Win32Toolkit : public forms::Toolkit {
     std::string chooseFile(forms::Form& owner, const forms::FileQuestion& question) override;
     void quit() override;
 
-    /// The message loop; returns after quit.
+    /// Runs the message loop until `quit`.
     void run();
 };
 
