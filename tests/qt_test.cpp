@@ -12,6 +12,7 @@
 #include "platform/linux/linux_runtime.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/message_box.h"
+#include "platform/qt/qt_application.h"
 #include "platform/qt/qt_toolkit.h"
 #include "platform/qt/units.h"
 #include "platform/qt/widget_peer.h"
@@ -334,18 +335,21 @@ TEST_F(Windows, AMessageBoxAnswers) {
     }
 }
 
-/// True if nothing of the widget's caption is cut off or left out.
+/// True if nothing of the widget's caption is cut off or left out, and a mark before it is in
+/// proportion.
 bool captionFits(const QWidget& widget, const std::string& caption) {
     if (caption.empty()) return true;
     const QString text = name(withoutMnemonic(caption));
     if (const auto* label = qobject_cast<const QLabel*>(&widget))
         return name(withoutMnemonic(label->text().toStdString())) == text &&
                (!label->wordWrap() || label->heightForWidth(label->width()) <= label->height());
-    const int edges = qobject_cast<const QPushButton*>(&widget)       ? 8
-                      : qobject_cast<const QAbstractButton*>(&widget) ? 16
-                                                                      : 0;
-    return widget.fontMetrics().horizontalAdvance(text) + edges <= widget.width() &&
-           widget.fontMetrics().height() <= widget.height();
+    const QFontMetrics letters = widget.fontMetrics();
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    const bool marked = button && button->isCheckable();
+    const int mark = widget.style()->pixelMetric(QStyle::PM_IndicatorHeight);
+    const int edges = marked ? mark + 3 : button ? 8 : 0;
+    return letters.horizontalAdvance(text) + edges <= widget.width() &&
+           letters.height() <= widget.height() && (!marked || 3 * mark > 2 * letters.height());
 }
 
 TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
@@ -387,6 +391,7 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
                 if (!drawn) continue;
                 EXPECT_TRUE(captionFits(*drawn, control->Caption))
                     << last.name << " " << control->fullName();
+                EXPECT_LE(control->font.points ? 0 : drawn->font().pointSizeF(), points);
                 EXPECT_EQ(drawn->toolTip(), qt::wrappingToolTip(control->tooltip));
             }
             last.Unload();
@@ -398,7 +403,7 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    const qt::QtApplication application(argv, [] {});
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -92,9 +92,9 @@ class StyleRuler : public forms::Ruler {
 }  // namespace
 
 QFont fittingFont(forms::Form& form) {
-    const double largest = usualLargest * enlargement();
-    const double smallest = usualSmallest * enlargement();
     QFont font = QApplication::font();
+    const double smallest = usualSmallest * enlargement();
+    const double largest = std::clamp(userPoints(), smallest, usualLargest * enlargement());
     font.setPointSizeF(largest);
     const double room = forms::captionRoom(form, StyleRuler(font));
     if (room >= 1) return font;

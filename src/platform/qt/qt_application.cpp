@@ -1,5 +1,7 @@
 #include "platform/qt/qt_application.h"
 
+#include "platform/qt/scaled_style.h"
+
 namespace qt {
 
 QtApplication::QtApplication(char** arguments, void (*lookUpFonts)())
@@ -7,6 +9,7 @@ QtApplication::QtApplication(char** arguments, void (*lookUpFonts)())
     QApplication::setApplicationName("nwbw");
     // Wayland desktops find the program's menu entry and icon by this name.
     QApplication::setDesktopFileName("net.norvane.workbench");
+    QApplication::setStyle(new ScaledStyle(QApplication::style()->objectName()));
     fonts_.join();
 }
 

@@ -1,6 +1,6 @@
 #include "platform/qt/units.h"
 
-#include <QFont>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
@@ -10,8 +10,7 @@ namespace qt {
 namespace {
 
 constexpr double twipsPerInch = 1440;
-constexpr double pointsPerInch = 72;
-constexpr double usualFont = 200;     // in twips: 10 points, for which the forms are laid out
+constexpr double usualPoints = 10;    // the size of text for which the forms are laid out
 constexpr double tallestForm = 7600;  // in twips, with menu bar and title bar
 
 /// Pixels per twip.
@@ -21,18 +20,17 @@ struct Scale {
 };
 Scale scale;
 
-double userFontHeight(double dotsPerInch) {
-    const QFont font = QGuiApplication::font();
-    return font.pixelSize() > 0 ? font.pixelSize()
-                                : font.pointSizeF() * dotsPerInch / pointsPerInch;
-}
-
 }  // namespace
+
+double userPoints() {
+    const QFont font = QGuiApplication::font();
+    return font.pixelSize() > 0 ? QFontInfo(font).pointSizeF() : font.pointSizeF();
+}
 
 void takeScale() {
     const QScreen& screen = *QGuiApplication::primaryScreen();
     const double dotsPerInch = screen.logicalDotsPerInch();
-    const double wanted = userFontHeight(dotsPerInch) / usualFont;
+    const double wanted = userPoints() / usualPoints * dotsPerInch / twipsPerInch;
     const double room = screen.availableSize().height() / tallestForm;
     scale.screen = dotsPerInch / twipsPerInch;
     scale.window = std::max(scale.screen, std::min(wanted, room));

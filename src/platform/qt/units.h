@@ -20,6 +20,9 @@ int screenTwips(int pixels);
 int pixels(int twips);
 int twips(int pixels);
 
+/// Returns the height of the user's font in points.
+double userPoints();
+
 /// Returns the ratio of a length inside a window to the same length on the screen, at least 1.
 double enlargement();
 
