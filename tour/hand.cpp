@@ -111,7 +111,7 @@ void Hand::checkScript(const Objects& before, const std::string& script) {
         }
     }
     const bool quest = panels_[tab_].file == files[1];
-    if ((script.find("WIZARD~1") != std::string::npos) != quest)
+    if ((script.find(" WIZARD~1 ") != std::string::npos) != quest)
         throw std::runtime_error("the script is of another file:\n" + script);
 }
 
