@@ -36,14 +36,15 @@ class DrivePeer : public PeerOf<forms::DriveList> {
         send(CB_SETCURSEL, selected == drives.end() ? -1 : selected - drives.begin());
     }
 
-    /// Sets the window's height, which Windows uses for the open list, and that of the field.
+    /// Sets the window's height, which Windows uses for the open list. The field keeps the height
+    /// that its font needs: in a higher one the text may be at the top.
     void updateGeometry() override {
-        constexpr int mostRows = 12;
+        constexpr LRESULT mostRows = 12;
+        const auto edges = 2 * GetSystemMetricsForDpi(SM_CYEDGE, static_cast<UINT>(dpi())) + 2;
+        const auto field = static_cast<int>(send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
         RECT room = place();
-        const LRESULT rowHeight = send(CB_GETITEMHEIGHT, 0);
-        const int edges = 2 * GetSystemMetricsForDpi(SM_CYEDGE, static_cast<UINT>(dpi())) + 2;
-        send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), heightOf(room) - edges);
-        room.bottom += static_cast<LONG>(rowHeight * mostRows);
+        room.top += (heightOf(room) - field - edges) / 2;
+        room.bottom += static_cast<LONG>(mostRows * send(CB_GETITEMHEIGHT, 0));
         move(room);
     }
 

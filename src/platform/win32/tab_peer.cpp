@@ -13,8 +13,14 @@ class TabPeer : public PeerOf<forms::TabStrip> {
   public:
     TabPeer(forms::TabStrip& tabs, const Site& site)
         : PeerOf(tabs, site, {WC_TABCONTROLW, WS_TABSTOP | TCS_TOOLTIPS}) {
+        setPadding(site.style);
         for (int index = 0; index < static_cast<int>(tabs.Tabs.size()); ++index)
             addTab(index, tabs.Tabs[index]);
+    }
+
+    void restyle(const Style& style) override {
+        setPadding(style);
+        PeerOf::restyle(style);  // the new font makes the window lay out the tabs again
     }
 
     /// A click on the selected tab counts too, but sends no TCN_SELCHANGE.
@@ -53,6 +59,11 @@ class TabPeer : public PeerOf<forms::TabStrip> {
     [[nodiscard]] RECT place() const override { return within(PeerOf::place(), room_); }
 
   private:
+    /// Scales the padding with the resolution, which the window does not do.
+    void setPadding(const Style& style) const {
+        send(TCM_SETPADDING, 0, MAKELPARAM(pixels(90, style.dpi), pixels(45, style.dpi)));
+    }
+
     void addTab(int index, const forms::TabStrip::Tab& tab) {
         std::wstring caption = platform::wide(tab.caption);
         TCITEMW item{};
