@@ -1,6 +1,7 @@
 // Any batch script is split into the lines of its text, and only "exit", "pause", a drive and "cd"
 // are not program names.
 
+#include <map>
 #include <string>
 
 #include "check.h"
@@ -14,30 +15,22 @@ using platform::BatchLine;
 static void checkLine(const BatchLine& line) {
     using Kind = BatchLine::Kind;
     using fuzz::check;
+    static const std::map<Kind, std::string_view> words = {
+        {Kind::ChangeFolder, "cd"}, {Kind::Pause, "pause"}, {Kind::Exit, "exit"}};
     check(!line.text.empty() && platform::trimmed(line.text) == line.text, "a line says something");
     check(line.text.find('\n') == std::string::npos, "a line is one line");
-    const auto begins = [&](std::string_view word) {
-        return platform::sameButForCase(line.text.substr(0, word.size()), word);
-    };
-    switch (line.kind) {
-        case Kind::Drive:
-            check(line.text.ends_with(':') && core::length(line.text.substr(1)) == 1,
-                  "a drive is one character");
-            break;
-        case Kind::ChangeFolder:
-            check(begins("cd") && line.folder.find('"') == std::string::npos, "cd has a folder");
-            check(line.text.size() > 2, "cd alone shows the folder");
-            return;
-        case Kind::Pause:
-            check(begins("pause"), "pause is pause");
-            break;
-        case Kind::Exit:
-            check(begins("exit"), "exit is exit");
-            break;
-        case Kind::Command:
-            break;
+    if (const auto word = words.find(line.kind); word != words.end()) {
+        const std::string start = line.text.substr(0, word->second.size());
+        check(platform::sameButForCase(start, word->second), "a command starts with its word");
     }
-    check(line.folder.empty(), "only cd has a folder");
+    if (line.kind == Kind::Drive)
+        check(line.text.ends_with(':') && core::length(line.text.substr(1)) == 1,
+              "a drive is one character");
+    if (line.kind == Kind::ChangeFolder)
+        check(line.text.size() > 2 && line.folder.find('"') == std::string::npos,
+              "cd has a folder");
+    else
+        check(line.folder.empty(), "only cd has a folder");
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {

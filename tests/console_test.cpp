@@ -8,28 +8,29 @@ namespace {
 
 const std::string ini = R"(c:\nwb\nwbw.ini)";
 
-/// A run of the whole program, up to its splash.
+/// A run of the whole program.
 struct Start : testing::Test {
     FakeRuntime runtime;
     FakeToolkit toolkit;
     console::Workbench workbench{runtime, toolkit};
 
     forms::Form& first() { return workbench.application().Forms(0); }
-    console::frmConsole& open() {
-        first().keyPress('x');
-        return dynamic_cast<console::frmConsole&>(first());
+    docs::frmSplash& start() {
+        workbench.start();
+        return dynamic_cast<docs::frmSplash&>(first());
     }
+    console::frmConsole& opened() { return dynamic_cast<console::frmConsole&>(first()); }
 };
 
 TEST_F(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefaults) {
     runtime.whileBoxIsOpen = [&] { EXPECT_EQ(workbench.application().Count(), 1); };
-    workbench.start();
+    auto& splash = start();
     EXPECT_EQ(runtime.boxes.size(), 1u);
-    auto& splash = dynamic_cast<docs::frmSplash&>(first());
     splash.imgLogo.click();
     splash.keyDown(112, 0);
     EXPECT_EQ(&first(), &splash);
-    auto& form = open();
+    splash.keyPress('x');
+    auto& form = opened();
     EXPECT_EQ(form.tbsOptions.SelectedItem, 1);
     EXPECT_TRUE(form.play.optPlayer(1).Value);
     rules::expectConsole(form);
@@ -38,23 +39,13 @@ TEST_F(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefault
     EXPECT_TRUE(toolkit.ended);
 }
 
-TEST_F(Start, ItsButtonAndItsFrameDismissTheSplashToo) {
-    for (const bool byButton : {true, false}) {
-        console::Workbench other{runtime, toolkit};
-        other.start();
-        auto& splash = dynamic_cast<docs::frmSplash&>(other.application().Forms(0));
-        byButton ? splash.Command1.click() : splash.Frame1.click();
-        EXPECT_TRUE(dynamic_cast<console::frmConsole*>(&other.application().Forms(0)));
-    }
-}
-
 TEST_F(Start, AFolderThatCannotBeWrittenIsToldOnceAndAllElseWorks) {
     runtime.readOnly = true;
-    workbench.start();
+    start().Command1.click();
     ASSERT_EQ(runtime.boxes.size(), 2u);
     EXPECT_EQ(runtime.boxes[1].flags, 48);
     EXPECT_NE(runtime.boxes[1].text.find("\"c:\\nwb\""), std::string::npos);
-    auto& form = open();
+    auto& form = opened();
     runtime.files["c.kel"] = runtime.files[R"(c:\kelm\programs\kelm.exe)"] = {};
     form.tbsOptions.pick(2);
     form.compile.txtFname.type("c.kel");
@@ -71,9 +62,9 @@ TEST_F(Start, AFolderThatCannotBeWrittenIsToldOnceAndAllElseWorks) {
 }
 
 TEST_F(Start, ABugEndsTheProgramAfterTheSettingsWereSavedOnce) {
-    workbench.start();
+    start().Frame1.click();
     runtime.boxes.clear();
-    auto& form = open();
+    auto& form = opened();
     form.edit.txtFnameE.type("new.kel");
     form.edit.btnBrowseE.setHandler([] { throw std::logic_error("a bug"); });
     form.edit.btnEdit.setHandler([&] { form.edit.btnBrowseE.click(); });
@@ -81,6 +72,8 @@ TEST_F(Start, ABugEndsTheProgramAfterTheSettingsWereSavedOnce) {
     EXPECT_TRUE(runtime.boxes.empty());
     EXPECT_NE(runtime.files[ini].text.find("new.kel"), std::string::npos);
     EXPECT_EQ(runtime.files.size(), 1u) << "a second save would leave a backup";
+    form.close();
+    EXPECT_TRUE(toolkit.ended) << "no handler counts as running";
 }
 
 TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
@@ -113,7 +106,7 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         EXPECT_EQ(form.compile.txtCmdline.Text(),
                   lines(R"("" -Include "" -Include "" c -List -Height 0|notepad c.lis|exit)"));
 
-        form.play.txtFnameP.type("new.kcd");
+        form.play.txtFnameP.type("n\tew\x7f.kcd\nlost");
         form.play.chkHideP.click();
         form.play.optPlayer(0).click();
         form.keyDown(9, ctrlMask);
@@ -129,6 +122,25 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
             saved.ends_with(lines("e.kel|c.kel|new.kcd|s.kel| 1 | 1 | 0 | 1 | 0 | 4 |one|two")))
             << saved;
     }
+}
+
+TEST(Console, AUserReachesOnlyWhatCanBeUsed) {
+    Desk desk;
+    auto& form = desk.open();
+    form.tbsOptions.pick(3);
+    form.compile.btnCompile.click();  // on another tab
+    EXPECT_TRUE(desk.runtime.boxes.empty());
+    EXPECT_TRUE(form.pressDefault());
+    EXPECT_TRUE(desk.runtime.told("Windows Console player program  not found"));
+    EXPECT_FALSE(form.pressCancel());
+    EXPECT_EQ(form.mnemonicTarget('E', nullptr), &form.play.optRecord(0));
+    EXPECT_EQ(form.mnemonicTarget('X', nullptr), nullptr) << "only inside the menu";
+    auto& dialog = desk.application.load<dialogs::frmSettings2>(desk.program);
+    const auto next = [&](const char* button) {
+        return dialog.mnemonicTarget('B', dialog.find(button))->fullName();
+    };
+    EXPECT_EQ(next("btnBrowse(0)"), "btnBrowse(1)");
+    EXPECT_EQ(next("btnBrowse(9)"), "btnBrowse(0)") << "wraps around";
 }
 
 TEST(Console, ADroppedFileGoesIntoTheBoxThatIsMeant) {

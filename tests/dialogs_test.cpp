@@ -1,10 +1,5 @@
 #include <fstream>
 
-#include "dialogs/frm_include_add.h"
-#include "dialogs/frm_include_list.h"
-#include "dialogs/locations_dialog.h"
-#include "docs/frm_about.h"
-#include "docs/system_info.h"
 #include "fakes.h"
 
 using namespace fakes;
@@ -97,15 +92,9 @@ void expectLaidOut(const forms::Container& container) {
 }
 
 TEST_F(Dialogs, EveryFormIsWordedAsAgreedAndLaidOut) {
-    auto& list = form.compile.lstInclude;
-    auto& programs = application.load<dialogs::frmSettings>(program);
-    auto& others = application.load<dialogs::frmSettings2>(program);
     std::string lines;
-    for (forms::Form* shown : std::initializer_list<forms::Form*>{
-             &form, &application.load<docs::frmSplash>([] {}),
-             &application.load<docs::frmAbout>(program), &programs, &others,
-             &application.load<dialogs::frmIncludeList>(program, list),
-             &application.load<dialogs::frmIncludeAdd>(program, list)}) {
+    const std::vector<forms::Form*> all = everyForm(program);
+    for (forms::Form* shown : all) {
         lines += wording(*shown);
         expectLaidOut(*shown);
     }
@@ -116,7 +105,7 @@ TEST_F(Dialogs, EveryFormIsWordedAsAgreedAndLaidOut) {
         lines += browse(form, toolkit);
         expectLaidOut(form);
     }
-    lines += browse(programs, toolkit) + browse(others, toolkit);
+    lines += browse(*all[3], toolkit) + browse(*all[4], toolkit);
     std::ifstream agreed(NWBW_TESTS "/wording.txt", std::ios::binary);
     EXPECT_EQ(lines, std::string(std::istreambuf_iterator<char>(agreed), {}));
 }
@@ -302,31 +291,26 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
 
 TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
     auto& help = form.help;
-    const std::pair<forms::MenuItem*, std::string AppState::*> own[] = {
-        {&help.mnuHelpManual, &AppState::ManualHtmlPath},
-        {&help.mnuHelpManPDF, &AppState::ManualPdfPath},
-        {&help.mnuHelpTutorial, &AppState::TutorialPath}};
-    for (const auto& [item, path] : own) {
-        state.*path = "document";
-        form.tbsOptions.pick(2);
-        EXPECT_FALSE(item->usable()) << "only from the next start on";
-        help.fitToPaths();
-        EXPECT_TRUE(item->usable());
-    }
-    state.ManualHtmlPath = "m.html";
-    state.ManualPdfPath = "m.pdf";
-    state.TutorialPath = "t.htm";
-    const std::pair<forms::MenuItem*, std::string> documents[] = {
-        {&help.mnuHelpStart, R"(c:\nwb\GettingStarted.htm)"},
-        {&help.mnuHelpContents, R"(c:\nwb\default.htm)"},
-        {&help.mnuHelpTutorial, "t.htm"},
-        {&help.mnuHelpManual, "m.html"},
-        {&help.mnuHelpManPDF, "m.pdf"},
-        {&help.mnuHelpExample, R"(c:\nwb\examples.htm)"},
-        {&help.mnuHelpLibrary, R"(c:\nwb\UsingStd-iLibraryContents.htm)"},
-        {&help.mnuHelpPFE, R"(c:\nwb\SettingUpPFEContents.htm)"},
-        {&help.mnuHelpBeta, R"(c:\nwb\credits.htm)"}};
-    for (const auto& [item, document] : documents) {
+    const struct {
+        forms::MenuItem* item;
+        std::string document;
+        std::string AppState::*path = nullptr;
+    } documents[] = {{&help.mnuHelpStart, R"(c:\nwb\GettingStarted.htm)"},
+                     {&help.mnuHelpContents, R"(c:\nwb\default.htm)"},
+                     {&help.mnuHelpTutorial, "t.htm", &AppState::TutorialPath},
+                     {&help.mnuHelpManual, "m.html", &AppState::ManualHtmlPath},
+                     {&help.mnuHelpManPDF, "m.pdf", &AppState::ManualPdfPath},
+                     {&help.mnuHelpExample, R"(c:\nwb\examples.htm)"},
+                     {&help.mnuHelpLibrary, R"(c:\nwb\UsingStd-iLibraryContents.htm)"},
+                     {&help.mnuHelpPFE, R"(c:\nwb\SettingUpPFEContents.htm)"},
+                     {&help.mnuHelpBeta, R"(c:\nwb\credits.htm)"}};
+    for (const auto& [item, document, path] : documents) {
+        if (path) {
+            state.*path = document;
+            form.tbsOptions.pick(2);
+            EXPECT_FALSE(item->usable()) << "only from the next start on";
+            help.fitToPaths();
+        }
         const bool pdf = document == "m.pdf";
         state.BrowserPath = state.AcrobatPath = "";
         item->click();
@@ -368,16 +352,10 @@ TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
     runtime.failAt = runtime.calls + 1;
     expectStarted("");  // a start that fails is told in the same words
 
-    const std::string key = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
-    path["N"] = {4, std::string("\x05\x01\x00\x00", 4)};
-    path["B"] = {3, "bytes"};
-    std::string value = "before";
-    EXPECT_TRUE(docs::GetKeyValue(runtime, 0x80000002, key, "B", value));
-    EXPECT_EQ(std::exchange(value, ""), "before");
-    EXPECT_TRUE(docs::GetKeyValue(runtime, 0x80000002, key, "N", value));
-    EXPECT_EQ(value, "&h15");
-    EXPECT_FALSE(docs::GetKeyValue(runtime, 0x80000002, key, "nosuch", value));
-    EXPECT_EQ(value, "");
+    path["PATH"] = {4, std::string("\x05\x1a\x00\x00", 4)};
+    expectStarted("&h1A5");
+    path["PATH"] = {3, "bytes"};
+    expectStarted("");
 }
 
 }  // namespace

@@ -13,6 +13,10 @@
 #include "console/workbench.h"
 #include "core/field_reader.h"
 #include "core/runtime.h"
+#include "dialogs/frm_include_add.h"
+#include "dialogs/frm_include_list.h"
+#include "dialogs/locations_dialog.h"
+#include "docs/frm_about.h"
 #include "docs/frm_splash.h"
 #include "forms/form.h"
 #include "pages.h"
@@ -252,6 +256,20 @@ struct Desk {
         return *opened;
     }
 };
+
+/// Loads every form of the program, beginning with a console.
+inline std::vector<forms::Form*> everyForm(core::Program& program) {
+    forms::Application& application = program.application;
+    auto& console = application.load<console::frmConsole>(program);
+    auto& list = console.compile.lstInclude;
+    return {&console,
+            &application.load<docs::frmSplash>([] {}),
+            &application.load<docs::frmAbout>(program),
+            &application.load<dialogs::frmSettings>(program),
+            &application.load<dialogs::frmSettings2>(program),
+            &application.load<dialogs::frmIncludeList>(program, list),
+            &application.load<dialogs::frmIncludeAdd>(program, list)};
+}
 
 /// A text of several lines, each ended by CRLF, from one with "|" between the lines.
 inline std::string lines(const std::string& texts) {

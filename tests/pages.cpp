@@ -1,9 +1,7 @@
 #include "pages.h"
 
 #include <algorithm>
-#include <map>
 #include <regex>
-#include <sstream>
 
 namespace pages {
 
@@ -16,47 +14,27 @@ std::vector<std::string> all(const std::string& text, const std::string& pattern
     return found;
 }
 
-namespace {
-
-/// The texts between the variables of a message, as the program writes them.
-std::vector<std::string> fixedParts(std::string message) {
-    for (const auto& [html, text] : std::map<std::string, std::string>{
-             {"<br>", "\r\n"}, {"&quot;", "\""}, {"&lt;", "<"}, {"&amp;", "&"}}) {
-        for (auto at = message.find(html); at != std::string::npos; at = message.find(html)) {
-            message.replace(at, html.size(), text);
-        }
-    }
-    message = std::regex_replace(message, std::regex("<var>[^<]*</var>"), "\x01");
-    std::vector<std::string> parts;
-    std::istringstream stream(message + "\x01");
-    for (std::string part; std::getline(stream, part, '\x01');)
-        parts.push_back(part);
-    return parts;
-}
-
-bool fits(const std::string& message, const std::vector<std::string>& parts) {
-    if (!message.starts_with(parts.front()) || !message.ends_with(parts.back())) return false;
-    std::size_t at = 0;
-    for (const std::string& part : parts) {
-        at = message.find(part, at);
-        if (at == std::string::npos) return false;
-        at += part.size();
-    }
-    return parts.size() > 1 || message == parts.front();
-}
-
-}  // namespace
-
 bool explains(const std::string& message) {
     static const auto messages = [] {
-        std::vector<std::vector<std::string>> parts;
-        for (const std::string& text :
-             all(contentOf(folder / "default.htm"), "<dt class=\"message\">(.*?)</dt>\\s*<dd>"))
-            parts.push_back(fixedParts(text));
-        return parts;
+        // Each message as a regular expression that allows any text for a variable.
+        const std::pair<const char*, const char*> steps[] = {{R"([.()?*+\[\]\\{}|^$])", R"(\$&)"},
+                                                             {"<br>", "\r\n"},
+                                                             {"<var>[^<]*</var>", ".*"},
+                                                             {"&quot;", "\""},
+                                                             {"&lt;", "<"},
+                                                             {"&amp;", "&"}};
+        std::vector<std::regex> expressions;
+        for (std::string text :
+             all(contentOf(folder / "default.htm"), "<dt class=\"message\">(.*?)</dt>\\s*<dd>")) {
+            for (const auto& [html, written] : steps)
+                text = std::regex_replace(text, std::regex(html), written);
+            expressions.emplace_back(text);
+        }
+        return expressions;
     }();
-    return std::any_of(messages.begin(), messages.end(),
-                       [&](const auto& parts) { return fits(message, parts); });
+    return std::any_of(messages.begin(), messages.end(), [&](const auto& expression) {
+        return std::regex_match(message, expression);
+    });
 }
 
 }  // namespace pages

@@ -3,13 +3,7 @@
 #include <QTest>
 #include <QtWidgets>
 
-#include "console/frm_console.h"
-#include "dialogs/frm_include_add.h"
-#include "dialogs/frm_include_list.h"
-#include "dialogs/locations_dialog.h"
-#include "docs/frm_about.h"
-#include "docs/frm_splash.h"
-#include "platform/linux/linux_runtime.h"
+#include "fakes.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_application.h"
@@ -29,86 +23,30 @@ QMainWindow& windowOf(Form& form) {
     return dynamic_cast<qt::FormWindow&>(*form.window()).widget();
 }
 
-/// One control of each kind that a user works, on two panels. Notes what its handlers hear.
-struct Sample : Form {
-    Sample(Application& application, std::string& heard)
-        : Form(application, "Sample",
-               {.caption = "Sample",
-                .place = {0, 0, 6500, 5000},
-                .sizable = true,
-                .centred = false,
-                .keyPreview = true}),
-          heard(heard) {}
-    void Form_KeyDown(int keyCode, int shift) override {
-        if (keyCode == 9 && shift == ctrlMask) tabs.SelectedItem = 3 - tabs.SelectedItem;
-    }
-    void Form_KeyPress(int keyAscii) override { heard += "<" + std::to_string(keyAscii) + ">"; }
-    void tabs_Click() {
-        heard += "tab" + std::to_string(tabs.SelectedItem) + " ";
-        for (int i = 0; i < 2; ++i) {
-            panels(i).Left = i + 1 == tabs.SelectedItem ? 200 : -20000;
-            panels(i).Enabled = i + 1 == tabs.SelectedItem;
-        }
-    }
-    /// The definition with a name and so on, whose handler notes the name.
-    Definition define(const std::string& name, const std::string& caption, Place place,
-                      Definition definition = {}) {
-        definition.name = name;
-        definition.caption = caption;
-        definition.place = place;
-        definition.event = [this, name] {
-            heard += name + " ";
-            onEvent();
-        };
-        return definition;
-    }
-
-    std::string& heard;
-    std::function<void()> onEvent = [] {};
-    TabStrip tabs{
-        *this,
-        {.name = "tabs", .place = {100, 100, 6000, 4000}, .event = [this] { tabs_Click(); }},
-        {{" One ", "first"}, {" Two ", "second"}}};
-    ControlArray<PictureBox> panels{*this,
-                                    "panels",
-                                    {{.index = 0, .place = {200, 600, 5700, 3300}},
-                                     {.index = 1, .place = {200, 600, 5700, 3300}}}};
-    TextBox txtName{panels(0), define("txtName", "", {0, 300, 3000, 345}, {.holdsPath = true})};
-    Button btnRun{panels(0), define("btnRun", "&Run", {3100, 300, 900, 375})};
-    CheckBox chkDebug{panels(0), define("chkDebug", "&Debug", {0, 700, 1500, 300})};
-    Frame fraKind{panels(0), define("fraKind", "Kind", {0, 1100, 3000, 1500})};
-    Label lblInside{fraKind, define("lblInside", "Inside", {1500, 300, 1200, 300})};
-    ControlArray<OptionButton> optKind{
-        fraKind,
-        "optKind",
-        {{.index = 0, .caption = "Plai&n", .place = {120, 360, 1200, 300}, .ticked = true},
-         {.index = 2, .caption = "&Packed", .place = {120, 720, 1200, 300}}},
-        [this](int i) { heard += "kind" + std::to_string(i) + " "; }};
-    TextBox txtLines{panels(1), define("txtLines", "", {0, 300, 3000, 900},
-                                       {.readOnly = true, .multiLine = true})};
-    ListBox lstFolders{panels(1), define("lstFolders", "", {0, 1300, 3000, 900})};
-    Button btnOk{panels(1), define("btnOk", "&OK", {3100, 300, 900, 375}, {.isDefault = true})};
-    Button btnCancel{*this,
-                     define("btnCancel", "Cancel", {4500, 4200, 900, 330}, {.isCancel = true})};
-};
-
+/// The console in its window. Only its tabs and hide boxes do anything; of all other controls the
+/// handlers that run are noted.
 struct Windows : testing::Test {
     std::string told;
     std::string heard;
+    std::string host;
+    fakes::FakeRuntime runtime;
     qt::QtToolkit toolkit{[this](const std::string& path) { return host + path.substr(2); },
                           [](const std::string& path) { return "c:" + path; }};
     Application application{toolkit, [this](const std::string& text) { told += text; }};
-    std::string host;
-    Sample* form = nullptr;
+    core::Program program{runtime, application, {}};
+    console::frmConsole* form = nullptr;
     QMainWindow* window = nullptr;
 
     void SetUp() override {
-        form = &application.load<Sample>(heard);
-        form->tabs.SelectedItem = 1;
+        form = &application.load<console::frmConsole>(program);
+        form->tbsOptions.SelectedItem = 2;
+        for (Control* control : form->allControls()) {
+            if (control != &form->tbsOptions && !control->name.starts_with("chkHide"))
+                control->setHandler([=, this] { heard += control->fullName() + " "; });
+        }
         form->Show();
         window = &windowOf(*form);
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-        EXPECT_EQ(std::exchange(heard, ""), "tab1 ");
     }
     /// Sets the user's font; windows made from now on follow it.
     static void setUserFont(int points) {
@@ -138,28 +76,28 @@ struct Windows : testing::Test {
 };
 
 TEST_F(Windows, KeysReachTheFormThenTheModel) {
-    const Control& text = form->txtName;
-    const Control& run = form->btnRun;
+    const auto& panel = form->compile;
+    const Control& text = panel.txtFname;
     const struct {
         const Control& focus;
         Qt::Key key;
         Qt::KeyboardModifiers modifiers;
         std::string expected;
     } rows[] = {
-        {text, Qt::Key_A, {}, "<97>txtName @txtName"},
-        {text, Qt::Key_Tab, {}, "@btnRun"},
-        {text, Qt::Key_Return, {}, "<13>@txtName"},  // the default button is on the other panel
-        {text, Qt::Key_Escape, {}, "<27>btnCancel @txtName"},
-        {run, Qt::Key_Enter, {}, "<13>btnRun @btnRun"},
-        {run, Qt::Key_Space, {}, "<32>btnRun @btnRun"},
-        {text, Qt::Key_R, Qt::AltModifier, "btnRun @btnRun"},
+        {text, Qt::Key_A, {}, "txtFname @txtFname"},
+        {text, Qt::Key_Tab, {}, "@btnBrowse"},
+        {text, Qt::Key_Return, {}, "btnCompile @txtFname"},
+        {text, Qt::Key_Escape, {}, "@txtFname"},
+        {panel.btnBrowse, Qt::Key_Enter, {}, "btnBrowse @btnBrowse"},
+        {panel.btnBrowse, Qt::Key_Space, {}, "btnBrowse @btnBrowse"},
+        {text, Qt::Key_C, Qt::AltModifier, "btnCompile @btnCompile"},
         {text, Qt::Key_D, Qt::AltModifier, "chkDebug @chkDebug"},
-        {text, Qt::Key_P, Qt::AltModifier, "kind2 @optKind(2)"},
-        {form->optKind(2), Qt::Key_Up, {}, "kind0 @optKind(0)"},
-        {text, Qt::Key_O, Qt::AltModifier, "@txtName"},  // on the other panel
-        {text, Qt::Key_Tab, Qt::ControlModifier, "tab2 @txtLines"},
-        {form->txtLines, Qt::Key_Return, {}, "<13>btnOk @txtLines"},
-        {form->txtLines, Qt::Key_O, Qt::AltModifier, "btnOk @btnOk"},
+        {text, Qt::Key_P, Qt::AltModifier, "optFormat(2) @optFormat(2)"},
+        {panel.optFormat(2), Qt::Key_Up, {}, "optFormat(0) @optFormat(0)"},
+        {text, Qt::Key_R, Qt::AltModifier, "@txtFname"},  // on another tab
+        {text, Qt::Key_I, Qt::AltModifier, "@chkHideC"},
+        {text, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameP"},
+        {form->play.txtFnameP, Qt::Key_Return, {}, "btnPlay @txtFnameP"},
     };
     for (const auto& row : rows) {
         widget(row.focus).setFocus();
@@ -170,60 +108,61 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
 }
 
 TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
-    auto& second = widget<QRadioButton>(form->optKind(2));
+    auto& panel = form->compile;
+    auto& second = widget<QRadioButton>(panel.optFormat(2));
     QTest::mouseClick(&second, Qt::LeftButton, {}, {8, second.height() / 2});
     QTest::keyClick(&second, Qt::Key_Space);  // counts also where it is selected already
-    EXPECT_EQ(std::exchange(heard, ""), "kind2 <32>kind2 ");
-    form->optKind(2).Value = false;
+    EXPECT_EQ(std::exchange(heard, ""), "optFormat(2) optFormat(2) ");
+    panel.optFormat(2).Value = false;
     EXPECT_FALSE(second.isChecked());
 
-    form->onEvent = [] { throw RuntimeError("Disk full"); };
-    QTest::mouseClick(&widget(form->btnRun), Qt::LeftButton);
+    panel.btnBrowse.setHandler([] { throw RuntimeError("Disk full"); });
+    QTest::mouseClick(&widget(panel.btnBrowse), Qt::LeftButton);
     EXPECT_EQ(told, "Disk full");
-    EXPECT_EQ(std::exchange(heard, ""), "btnRun ");
-    form->onEvent = [] {};
 
-    auto& line = widget<QLineEdit>(form->txtName);
+    auto& line = widget<QLineEdit>(panel.txtFname);
+    line.clear();
     QTest::keyClicks(&line, "cave");
     line.setCursorPosition(2);
     QTest::keyClick(&line, Qt::Key_X);
-    EXPECT_EQ(form->txtName.Text(), "caxve");
+    EXPECT_EQ(panel.txtFname.Text(), "caxve");
     EXPECT_EQ(line.cursorPosition(), 3);
+
+    panel.lstInclude.AddItem("c:\\a");
+    panel.lstInclude.SetFocus();
+    EXPECT_EQ(panel.lstInclude.ListIndex, -1);
     heard.clear();
-
-    auto& frame = widget(form->fraKind);
-    QTest::mouseClick(&widget(form->lblInside), Qt::LeftButton);
-    EXPECT_EQ(heard, "");
-    QTest::mouseClick(&frame, Qt::LeftButton, {}, {frame.width() - 5, frame.height() - 5});
-    EXPECT_EQ(std::exchange(heard, ""), "fraKind ");
-
-    QTabBar* bar = widget<QTabWidget>(form->tabs).tabBar();
-    for (const std::string expected : {"tab2 ", "tab2 "}) {  // also where it is selected already
-        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
-        EXPECT_EQ(std::exchange(heard, ""), expected);
-    }
-    form->lstFolders.AddItem("c:\\a");
-    form->lstFolders.SetFocus();
-    EXPECT_EQ(form->lstFolders.ListIndex, -1);
-    EXPECT_EQ(strike(Qt::Key_Down), "lstFolders @lstFolders");
-    auto& list = widget<QListWidget>(form->lstFolders);
+    EXPECT_EQ(strike(Qt::Key_Down), "lstInclude @lstInclude");
+    auto& list = widget<QListWidget>(panel.lstInclude);
     list.clearSelection();  // a user may do so; the model always keeps one
     EXPECT_EQ(list.selectedItems().size(), 1);
-    for (QWidget* next : {&widget(form->btnOk), &widget(form->btnCancel)})
+    for (QWidget* next : {&widget(panel.btnCompile), &widget(panel.btnBrowse)})
         next->setFocus();
-    EXPECT_TRUE(widget<QPushButton>(form->btnOk).isDefault()) << "after the focus has left it";
+    EXPECT_TRUE(widget<QPushButton>(panel.btnCompile).isDefault()) << "after the focus has left it";
+
+    program.state.EditorPath = "editor.exe";
+    QTabBar* bar = widget<QTabWidget>(form->tbsOptions).tabBar();
+    for (const int tab : {1, 2}) {  // the first is selected already
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab).center());
+        EXPECT_EQ(form->tbsOptions.SelectedItem, tab + 1);
+        EXPECT_TRUE(panel.optEditor(1).Enabled);
+    }
+    form->play.labLogfile.Enabled = true;
+    QTest::mouseClick(&widget(form->play.labLogfile), Qt::LeftButton);
+    EXPECT_EQ(heard, "");
+    auto& frame = widget(form->play.fraPlayback);
+    QTest::mouseClick(&frame, Qt::LeftButton, {}, {5, frame.height() - 5});
+    EXPECT_EQ(heard, "fraPlayback ");
 }
 
 TEST_F(Windows, AFormMayEndInsideItsOwnEvents) {
-    for (const bool typing : {true, false}) {
-        auto& ending = typing ? *form : application.load<Sample>(heard);
-        ending.Show();
-        ending.onEvent = [&] { ending.Unload(); };
-        const QPointer<QWidget> gone = &windowOf(ending);
-        const auto control = typing ? ending.txtName.fullName() : ending.btnRun.fullName();
-        QTest::keyClick(gone->findChild<QWidget*>(name(control)), Qt::Key_A);
-        if (!typing) gone->findChild<QPushButton*>(name(control))->click();
-        EXPECT_EQ(application.Count(), 0);
+    for (const bool byKey : {true, false}) {
+        auto& splash = application.load<docs::frmSplash>([] {});
+        splash.Show();
+        const QPointer<QWidget> gone = &windowOf(splash);
+        auto* button = gone->findChild<QPushButton*>("Command1");
+        byKey ? QTest::keyClick(button, Qt::Key_A) : button->click();
+        EXPECT_EQ(application.Count(), 1);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         EXPECT_FALSE(gone);
     }
@@ -235,18 +174,18 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
     };
     for (const int points : {18, 8}) {
         setUserFont(points);
-        auto& other = application.load<Sample>(heard);
+        auto& other = application.load<console::frmConsole>(program);
         other.Show();
-        other.Left = 1000;
+        other.Left = 2000;
         QCoreApplication::processEvents();
-        expectPlace(other, {1000, 0, 6500, 5000});
-        EXPECT_EQ(windowOf(other).x(), 67);
+        expectPlace(other, {2000, 1000, 6500, 6500});
+        EXPECT_EQ(windowOf(other).x(), 133);
         EXPECT_EQ(windowOf(other).width() > 600, points == 18);
         other.Unload();
     }
     QCoreApplication::processEvents();
-    expectPlace(*form, {0, 0, 6500, 5000});
-    EXPECT_EQ(window->size(), QSize(433, 333));
+    expectPlace(*form, {1000, 1000, 6500, 6500});
+    EXPECT_EQ(window->size(), QSize(433, 433));
     window->resize(500, 400);
     window->move(40, 30);
     form->Left = -20000;
@@ -257,7 +196,7 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
 }
 
 TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
-    auto& line = widget<QLineEdit>(form->txtName);
+    auto& line = widget<QLineEdit>(form->compile.txtFname);
     const QTemporaryDir folder;
     const QUrl fileUrl = QUrl::fromLocalFile(folder.filePath("my cave.kel"));
     const std::string file = fileUrl.toLocalFile().toStdString();
@@ -270,13 +209,13 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
         line.clear();
         QApplication::clipboard()->setText(name(text));
         QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
-        EXPECT_EQ(form->txtName.Text(), expected);
+        EXPECT_EQ(form->compile.txtFname.Text(), expected);
         EXPECT_EQ(line.text().toStdString(), expected);
     }
     line.clear();
     QTest::keyClicks(&line, name(file));
-    EXPECT_EQ(form->txtName.Text(), file) << "typed by hand";
-    for (QWidget* place : QWidgetList{window, &line, &widget(form->tabs)}) {
+    EXPECT_EQ(form->compile.txtFname.Text(), file) << "typed by hand";
+    for (QWidget* place : QWidgetList{window, &line, &widget(form->tbsOptions)}) {
         for (const int files : {2, 1}) {
             line.setText("old");
             QMimeData data;
@@ -286,7 +225,7 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
             QDropEvent drop({9, 9}, actions, &data, Qt::LeftButton, {});
             QCoreApplication::sendEvent(place, &enter);
             QCoreApplication::sendEvent(place, &drop);
-            EXPECT_EQ(form->txtName.Text(), files == 1 ? "c:" + file : "old");
+            EXPECT_EQ(form->compile.txtFname.Text(), files == 1 ? "c:" + file : "old");
             EXPECT_NE(drop.dropAction(), Qt::MoveAction);
         }
     }
@@ -347,29 +286,18 @@ bool captionFits(const QWidget& widget, const std::string& caption) {
     const auto* button = qobject_cast<const QAbstractButton*>(&widget);
     const bool marked = button && button->isCheckable();
     const int mark = widget.style()->pixelMetric(QStyle::PM_IndicatorHeight);
-    const int edges = marked ? mark + 3 : button ? 8 : 0;
+    int edges = button ? 8 : 0;
+    if (marked) edges = mark + 3;
     return letters.horizontalAdvance(text) + edges <= widget.width() &&
            letters.height() <= widget.height() && (!marked || 3 * mark > 2 * letters.height());
 }
 
 TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
-    const QTemporaryDir home;
-    for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-        qputenv(variable, home.path().toUtf8());
-    platform::LinuxRuntime runtime(qt::messageBox);
-    core::Program program{runtime, application, {}};
-    EXPECT_FALSE(captionFits(widget(form->btnRun), "A caption that does not fit"));
+    EXPECT_FALSE(captionFits(widget(form->compile.btnBrowse), "A caption that does not fit"));
     for (const int points : {8, 11, 18, 24}) {
         SCOPED_TRACE(points);
         setUserFont(points);
-        auto& console = application.load<console::frmConsole>(program);
-        auto& list = console.compile.lstInclude;
-        application.load<docs::frmSplash>([] {});
-        application.load<docs::frmAbout>(program);
-        application.load<dialogs::frmSettings>(program);
-        application.load<dialogs::frmSettings2>(program);
-        application.load<dialogs::frmIncludeList>(program, list);
-        application.load<dialogs::frmIncludeAdd>(program, list);
+        auto& console = dynamic_cast<console::frmConsole&>(*fakes::everyForm(program).front());
         for (int i = 1; i < application.Count(); ++i)
             application.Forms(i).Show();
         const QMainWindow& shown = windowOf(console);

@@ -1,7 +1,6 @@
 #include <QTest>
 #include <QtWidgets>
 #include <csignal>
-#include <random>
 
 #include "endurance.h"
 #include "platform/qt/end_request.h"
@@ -26,9 +25,7 @@ std::string held(const forms::Control& control, const std::string& otherwise) {
 }
 
 /// A user who strikes any key and clicks anywhere, in whatever window is up.
-struct WindowWalk : testing::Test {
-    std::size_t any(std::size_t count) { return random() % count; }
-
+struct WindowWalk : testing::Test, endurance::Choices {
     /// Acts on the window, and on those that come up above it, until it goes or for a while.
     void work(QWidget& window, int most) {
         const QPointer<QWidget> open(&window);
@@ -82,7 +79,7 @@ struct WindowWalk : testing::Test {
         if (!spoken || !spoken->isValid()) return;
         if (auto* text = spoken->editableTextInterface())
             text->replaceText(0, spoken->textInterface()->characterCount(),
-                              QString::fromStdString(names[any(names.size())]));
+                              QString::fromStdString(anyName()));
         else if (auto* actions = spoken->actionInterface();
                  actions && !actions->actionNames().isEmpty())
             actions->doAction(actions->actionNames()[any(actions->actionNames().size())]);
@@ -109,10 +106,6 @@ struct WindowWalk : testing::Test {
         work(*modal, 40);
     }
 
-    const int seed = endurance::setting("NWBW_SEED", 1);
-    std::mt19937 random{static_cast<unsigned>(seed)};
-    const std::vector<std::string> names{"c:\\games\\cave.kel", "d:\\tool.exe", "d:quest.kelm",
-                                         "a,b\"c.log", "much too long.kel"};
     const std::vector<Qt::Key> keys{
         Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,       Qt::Key_Tab,  Qt::Key_Space,
         Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Backspace, Qt::Key_Home, Qt::Key_Left,
@@ -120,7 +113,7 @@ struct WindowWalk : testing::Test {
     const QTemporaryDir folder;
     fakes::FakeRuntime runtime;
     qt::QtToolkit toolkit{[this](const std::string&) { return folder.path().toStdString(); },
-                          [this](const std::string&) { return names[any(names.size())]; }};
+                          [this](const std::string&) { return anyName(); }};
     forms::Application application{
         toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
     core::Program program{runtime, application, {}};

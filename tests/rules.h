@@ -30,23 +30,17 @@ inline std::string stem(const std::string& fileText) {
 }
 
 inline void expectPlay(tools::PlayPanel& panel, const core::AppState& state) {
-    const int player = panel.player();
-    const bool recording1 = panel.optRecord(1).Value;
-    const bool recording2 = panel.optRecord(2).Value;
     const bool replay = panel.chkPlayback.Value;
-    const bool debug = panel.chkKbug.Value;
-    ASSERT_EQ(panel.optRecord(0).Value + recording1 + recording2, 1);
+    ASSERT_EQ(panel.optRecord(0).Value + panel.optRecord(1).Value + panel.optRecord(2).Value, 1);
     ASSERT_EQ(panel.optPlayer(0).Value + panel.optPlayer(1).Value + panel.optPlayer(2).Value, 1);
-    for (const Control* control :
-         std::array<const Control*, 3>{&panel.labLogfile, &panel.txtLogfile, &panel.btnBrowselog}) {
-        ASSERT_EQ(control->Enabled, replay);
-    }
+    for (const Control* control : panel.labLogfile.parent()->children())
+        ASSERT_EQ(control->Enabled, replay || control == &panel.chkPlayback);
     const std::string paths[] = {state.GuiPlayerPath, state.ConsolePlayerPath, state.DosPlayerPath};
     ASSERT_EQ(panel.txtCmdlineP.Text(),
-              lead(panel.txtFnameP.Text) + "\"" + paths[player] + "\" " +
-                  stem(panel.txtFnameP.Text) + (debug ? " -d" : "") +
+              lead(panel.txtFnameP.Text) + "\"" + paths[panel.player()] + "\" " +
+                  stem(panel.txtFnameP.Text) + (panel.chkKbug.Value ? " -d" : "") +
                   (panel.chkTrace.Value ? " -t" : "") + (panel.chkSingle.Value ? " -s" : "") +
-                  (recording1 || recording2 ? " -L" : "") +
+                  (panel.optRecord(0).Value ? "" : " -L") +
                   (replay ? " < " + panel.txtLogfile.Text() : "") + "\r\n");
 }
 

@@ -138,36 +138,6 @@ std::string settingsOn(const std::map<std::string, FakeRuntime::File>& disk) {
     return desk.runtime.files[ini].text;
 }
 
-TEST_F(Settings, ASaveThatFailsLeavesWhatItShould) {
-    const std::string whole = lines(header + nothing);
-    const struct {
-        std::string operation, backup, left;
-    } fromTheLastCallOn[] = {{"vbaNameFile", "", whole},
-                             {"vbaNameFile", "", whole},
-                             {"rtcDir", "", whole},
-                             {"rtcKillFiles", "older", whole},
-                             {"rtcDir", "older", whole},
-                             {"vbaFileClose", "older", whole},
-                             {"vbaFileFlush", "older", whole.substr(0, whole.size() / 2)},
-                             {"vbaPrintFile", "older", ""}};
-    runtime.files = {{bkp, {"older"}}, {ini, {sample}}};
-    core::SaveSettings(program);
-    int calls = runtime.calls;
-    for (const auto& row : fromTheLastCallOn) {
-        runtime.files = {{bkp, {"older"}}, {ini, {sample}}};
-        runtime.failAt = runtime.calls + calls--;
-        core::SaveSettings(program);
-        EXPECT_TRUE(runtime.told(row.operation, FakeRuntime::exclamation)) << row.operation;
-        EXPECT_EQ(runtime.files[ini].text, sample) << row.operation;
-        EXPECT_EQ(runtime.files[bkp].text, row.backup) << row.operation;
-        EXPECT_EQ(runtime.files[tmp].text, row.left) << row.operation;
-    }
-    runtime.files = {{bkp, {"older"}}};
-    runtime.failAt = runtime.calls + 1;
-    core::SaveSettings(program);
-    EXPECT_EQ(runtime.files[bkp].text, "older") << "the only file there is";
-}
-
 /// A run of the whole program whose user confirms a dialog and turns to the tab Spelling. True if
 /// it could load.
 bool work(FakeRuntime& runtime) {

@@ -1,7 +1,6 @@
 #include <shlobj.h>
 
 #include <cstring>
-#include <random>
 
 #include "endurance.h"
 #include "forms/file_lists.h"
@@ -195,13 +194,11 @@ TEST_F(Windows, TabsTellTooltipsAndBoxesTakeDroppedFiles) {
 }
 
 /// A user, or a tool that works the windows for one, who does anything in whatever window is up.
-struct WindowsWalk : Windows {
-    std::size_t any(std::size_t count) { return random() % count; }
-
+struct WindowsWalk : Windows, endurance::Choices {
     void work(forms::Form& worked, int most) {
         for (const int end = actions + most; actions < end && !HasFatalFailure();) {
             SCOPED_TRACE("action " + std::to_string(++actions));
-            toolkit.fileChosen = names[any(names.size())];
+            toolkit.fileChosen = anyName();
             const int before = modals;
             const auto controls = worked.allControls();
             act(worked, *controls[any(controls.size())]);
@@ -277,11 +274,6 @@ struct WindowsWalk : Windows {
     }
 
     static inline WindowsWalk* up = nullptr;
-    const int seed = endurance::setting("NWBW_SEED", 1);
-    std::mt19937 random{static_cast<unsigned>(seed)};
-    const std::vector<std::string> names{
-        "",           "c:\\games\\cave.kel", "d:\\tool.exe", "d:quest.kelm",
-        "a,b\"c.log", "much too long.kel"};
     const std::vector<WPARAM> keys{VK_UP,    VK_DOWN, VK_LEFT,   VK_RIGHT,
                                    VK_SPACE, VK_HOME, VK_RETURN, VK_ESCAPE};
     forms::Form* worked = nullptr;

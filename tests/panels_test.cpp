@@ -1,0 +1,290 @@
+#include <random>
+
+#include "rules.h"
+
+using namespace fakes;
+
+namespace {
+
+const std::string kelm = R"(c:\kelm\programs\kelm.exe)";
+const std::string klex = R"(c:\kelm\programs\klex.exe)";
+const std::string pfe = R"(C:\Program Files\PFE\PFE32.exe)";
+const std::string word = R"(C:\Program Files\Microsoft Office\Office\Winword.exe)";
+const std::string tool = '"' + kelm + "\" ";
+const std::string script = R"(c:\nwb\~kelmcon.bat)";
+
+struct Panels : testing::Test, Desk {
+    console::frmConsole& form = [this]() -> console::frmConsole& {
+        state.CompilerPath = kelm;
+        state.ExtractorPath = klex;
+        state.EditorPath = pfe;
+        state.WordProcessorPath = word;
+        state.PlayerChoice = 0;
+        return open();
+    }();
+    tools::EditPanel& edit = form.edit;
+    tools::CompilePanel& compile = form.compile;
+    tools::PlayPanel& play = form.play;
+    tools::SpellingPanel& spelling = form.spelling;
+
+    /// True if a click shows one box, which begins so.
+    bool refuses(forms::Button& button, const std::string& start, int flags = 0,
+                 const std::string& title = "") {
+        button.click();
+        return runtime.told(start, flags, title);
+    }
+    /// The state of the Play panel as its four choices: player, recording, replay and debugger.
+    std::array<int, 4> choices() {
+        return {play.player(), play.optRecord(1).Value + 2 * play.optRecord(2).Value,
+                play.chkPlayback.Value, play.chkKbug.Value};
+    }
+};
+
+TEST_F(Panels, TheFileNameMakesTheCommands) {
+    runtime.shortNames[R"(c:\my games\wizardquest.kel)"] = R"(c:\MYGAME~1\WIZARD~1.KEL)";
+    runtime.shortNames[R"(c:\games\epistle99.kelm)"] = R"(c:\games\EPISTL~1.KEL)";
+    runtime.shortNames["c:ninechars.kel"] = "c:NINECH~1.KEL";
+    runtime.shortNames[R"(c:\data\nine chars.kel)"] = R"(c:\data\nine chars.kel)";
+    for (const int length : {254, 255}) {
+        const std::string name = std::to_string(length) + "characters";
+        runtime.shortNames[name] =
+            std::string(length - 13, 'x') + '\\' + name.substr(0, 8) + ".KEL";
+    }
+    const struct {
+        std::string typed, lead, stem;
+    } cases[] = {
+        {"c:/gam/my.kel", "c:|", "/gam/my"},
+        {R"(é:\x.kel)", R"(é:|cd "\"|)", "x"},
+        {"éééééééé.kel", "", "éééééééé"},
+        {"ninechars.kel", "", ""},
+        {"c:ninechars.kel", "c:|", "NINECH~1"},
+        {R"(c:\data\nine chars.kel)", R"(c:|cd "\data\"|)", "nine chars"},
+        {"254characters", "", "254chara"},
+        {"255characters", "", ""},
+        {"my game.kel", "", "my game"},
+        {R"(c:\my games\wizardquest.kel)", R"(c:|cd "\my games\"|)", "WIZARD~1"},
+        {R"(c:\my games\wizardquest)", R"(c:|cd "\my games\"|)", "WIZARD~1"},
+        {R"(c:\games\epistle99.txt)", R"(c:|cd "\games\"|)", "EPISTL~1"},
+    };
+    form.tbsOptions.pick(2);
+    for (const auto& c : cases) {
+        compile.txtFname.type(c.typed);
+        EXPECT_EQ(
+            compile.txtCmdline.Text(),
+            lines(c.lead + tool + c.stem + " -List -Height 0|notepad " + c.stem + ".lis|exit"))
+            << c.typed;
+    }
+}
+
+TEST_F(Panels, APressOfCompileWritesAndStartsTheScript) {
+    form.tbsOptions.pick(2);
+    compile.lstInclude.AddItem(R"(c:\kelm\standard library)");
+    compile.lstInclude.AddItem(R"(d:\shared things)");
+    runtime.shortNames[R"(c:\kelm\standard library)"] = R"(c:\kelm\STANDA~1)";
+    runtime.shortNames[R"(d:\shared things)"] = R"(D:\SHARED~1)";
+    runtime.files[R"(c:\my games\cave.kel)"];
+    runtime.files[state.CompilerPath];
+    compile.txtFname.type(R"(c:\my games\cave.kel)");
+    compile.optFormat(2).click();
+    compile.chkDebug.click();
+    compile.chkFullsource.click();
+    compile.optCharset(1).click();
+    compile.optEditor(1).click();
+    runtime.files[state.EditorPath = "other.exe"];  // the viewer keeps the path of its click
+    play.txtFnameP.Text = R"(d:\other.kcd)";        // leaves its stem with the script
+    for (const auto& viewer : {pfe, state.EditorPath}) {
+        EXPECT_TRUE(form.pressDefault());
+        EXPECT_EQ(runtime.files[script].text,
+                  lines(R"(c:|cd "\my games\"|)" + tool +
+                        R"(-Include "c:\kelm\STANDA~1" -Include "D:\SHARED~1" cave -Pack -Debug )"
+                        R"(-Full -CharSet ISO -List -Height 0|")" +
+                        viewer + "\" cave.lis|exit|||pause|||exit|"));
+        compile.optEditor(1).click();
+    }
+    EXPECT_EQ(runtime.shells, std::vector(2, FakeRuntime::Shell{1, "\"" + script + "\""}));
+    EXPECT_TRUE(runtime.boxes.empty());
+}
+
+TEST_F(Panels, CompileChecksInOrder) {
+    const std::string base = R"(c:\games\longername)";
+    auto& button = compile.btnCompile;
+    form.tbsOptions.pick(2);
+    compile.txtFname.type(base + ".txt");
+    compile.optEditor(1).click();
+    EXPECT_TRUE(refuses(button, "Kelm source code file \"" + base + ".kel(m)\" not found"));
+    runtime.files[base + ".kelm"].changed = 10;
+    runtime.files[base + ".kcd"].changed = 11;
+    runtime.answer = core::Runtime::Answer::No;
+    EXPECT_TRUE(refuses(button, "The current compiled game is newer", 4, "Game newer than Source"));
+    runtime.files[base + ".kel"].changed = 11;  // the first of the two sources counts
+    EXPECT_TRUE(refuses(button, "Text Editor program " + state.EditorPath + " not found"));
+    state.EditorPath.clear();
+    EXPECT_TRUE(refuses(button, "Text Editor program  not found"));
+    compile.optEditor(3).click();
+    EXPECT_TRUE(refuses(button, "Kelm compiler program " + state.CompilerPath + " not found"));
+    state.CompilerPath.clear();
+    EXPECT_TRUE(refuses(button, "Kelm compiler program  not found"));
+    compile.txtFname.type("");
+    EXPECT_TRUE(refuses(button, "Kelm source code file \".kel(m)\" not found"));
+
+    runtime.files[state.CompilerPath = "k.exe"];
+    compile.txtFname.type(base + ".kel");
+    EXPECT_TRUE(
+        refuses(button, "The file \"" + base + ".kel\" cannot be given to the tool: its path", 48));
+    runtime.shortNames[base + ".kel"] = base + ".kel";  // its drive keeps no short names
+    runtime.files[base + ".kcd"].changed = 12;
+    runtime.answer = core::Runtime::Answer::Yes;
+    EXPECT_FALSE(runtime.files.contains(script));
+    compile.btnCompile.click();
+    EXPECT_EQ(runtime.shells.size(), 1u) << "Yes goes on";
+}
+
+// The twelve states, and the state that each action leads to, counted from 1: the three players,
+// the three recordings, the debugger, the replay. An action that cannot be taken changes nothing.
+const struct {
+    std::array<int, 4> choices;
+    int next[8];
+} table[] = {
+    {{0, 0, 0, 0}, {1, 3, 5, 1, 9, 11, 2, 7}},     {{0, 0, 0, 1}, {2, 4, 6, 2, 2, 12, 1, 7}},
+    {{1, 0, 0, 0}, {1, 3, 5, 3, 9, 11, 4, 7}},     {{1, 0, 0, 1}, {2, 4, 6, 4, 4, 12, 3, 7}},
+    {{2, 0, 0, 0}, {1, 3, 5, 5, 9, 11, 6, 8}},     {{2, 0, 0, 1}, {2, 4, 6, 6, 6, 12, 5, 8}},
+    {{1, 0, 1, 0}, {7, 7, 8, 7, 10, 7, 7, 3}},     {{2, 0, 1, 0}, {8, 7, 8, 8, 10, 8, 8, 5}},
+    {{1, 1, 0, 0}, {9, 9, 9, 3, 9, 11, 4, 10}},    {{1, 1, 1, 0}, {10, 10, 10, 7, 10, 10, 10, 9}},
+    {{2, 2, 0, 0}, {11, 11, 11, 5, 9, 11, 12, 8}}, {{2, 2, 0, 1}, {12, 12, 12, 6, 12, 12, 11, 8}}};
+
+TEST_F(Panels, EveryActionOnPlayFromEveryStateLeadsWhereTheTableSays) {
+    form.tbsOptions.pick(3);
+    forms::Control* actions[] = {&play.optPlayer(0), &play.optPlayer(1), &play.optPlayer(2),
+                                 &play.optRecord(0), &play.optRecord(1), &play.optRecord(2),
+                                 &play.chkKbug,      &play.chkPlayback};
+    // Goes from state to state until every action has been taken from every state.
+    std::mt19937 random(7);
+    std::set<std::pair<int, int>> taken;
+    int now = 1;
+    for (int step = 0; taken.size() < 12 * 8 && step < 20000; ++step) {
+        const int action = static_cast<int>(random() % 8);
+        actions[action]->click();
+        taken.emplace(now, action);
+        const int next = table[now - 1].next[action];
+        ASSERT_EQ(choices(), table[next - 1].choices) << "S" << now << " by action " << action;
+        rules::expectPlay(play, state);
+        now = next;
+    }
+    EXPECT_EQ(taken.size(), 12u * 8u);
+}
+
+TEST_F(Panels, PlayChecksThePlayerThenTheGame) {
+    auto& button = play.btnPlay;
+    form.tbsOptions.pick(3);
+    const std::string tale = R"(d:\my games\adventure)";
+    const std::string game = tale + ".kcd";
+    runtime.shortNames[game] = R"(d:\MYGAME~1\ADVENT~1.KCD)";
+    play.txtFnameP.type(tale);
+    play.optPlayer(1).click();
+    play.chkPlayback.click();  // the name of its file is there to begin with
+    const struct {
+        std::string name;
+        int style;
+        std::string core::AppState::*path;
+        std::string options;
+    } players[] = {{"MSDOS player ", 3, &core::AppState::DosPlayerPath, " < mygame12.log"},
+                   {"Windows Console player ", 3, &core::AppState::ConsolePlayerPath, ""},
+                   {"Windows GUI player ", 1, &core::AppState::GuiPlayerPath, ""}};
+    for (int i = 0; i < 3; ++i) {
+        const auto& player = players[i];
+        play.optPlayer(2 - i).click();
+        for (const std::string path : {"", "gone.exe"}) {
+            state.*player.path = path;
+            EXPECT_TRUE(refuses(button, player.name + "program " + path + " not found"));
+        }
+        runtime.files[state.*player.path = "krun.exe"];
+        compile.txtFname.Text = std::to_string(i);  // leaves its stem with the script
+        EXPECT_TRUE(refuses(button, "Kelm game file \"" + game + "\" not found"));
+        runtime.files[game];
+        EXPECT_TRUE(form.pressDefault());
+        EXPECT_EQ(runtime.shells.back(), (FakeRuntime::Shell{player.style, "\"" + script + "\""}));
+        EXPECT_EQ(runtime.files[script].text,
+                  lines(R"(d:|cd "\my games\"|"krun.exe" ADVENT~1)" + player.options + "|"));
+        runtime.files.clear();
+        if (i == 0) play.chkPlayback.click();
+    }
+    runtime.files["krun.exe"];
+    runtime.files[runtime.shortNames["d:\\long tale.kcd"] = "d:\\long tale.kcd"];
+    play.txtFnameP.type("d:\\long tale.kcd");
+    EXPECT_TRUE(refuses(button, R"(The file "d:\long tale.kcd" cannot be )", 48));
+    EXPECT_EQ(runtime.shells.size(), 3u);
+}
+
+TEST_F(Panels, TheNameOfTheOutputIsOnesOwnOrTheSources) {
+    form.tbsOptions.pick(4);
+    spelling.txtFnameS.type("quest.kel");
+    compile.txtFname.Text = "other.kel";
+    spelling.chkOutputfile.click();
+    EXPECT_EQ(spelling.txtFnameO.Text(), "quest.txt") << "whatever panel was rebuilt last";
+    spelling.txtFnameO.type("mine.txt");
+    compile.txtFname.Text = "another.kel";
+    spelling.chkOutputfile.click();
+    EXPECT_EQ(spelling.lblDefname.Caption(), "(Default= quest.txt)");
+    spelling.txtFnameS.type("my.game.kel");
+    EXPECT_EQ(spelling.lblDefname.Caption(), "(Default= my.game.txt)");
+    spelling.chkOutputfile.click();
+    EXPECT_EQ(spelling.txtFnameO.Text(), "mine.txt") << "an earlier name stays";
+}
+
+TEST_F(Panels, SpellingChecksInOrder) {
+    auto& button = spelling.btnExtract;
+    form.tbsOptions.pick(4);
+    std::string& shortPath = runtime.shortNames[R"(c:\g\longer name.kelm)"];
+    shortPath = R"(c:\g\LONGER~1.KEL)";
+    spelling.txtFnameS.type(R"(c:\g\longer name.kelm)");
+    EXPECT_TRUE(refuses(button, "KLex program " + klex + " not"));
+    state.ExtractorPath.clear();
+    EXPECT_TRUE(refuses(button, "KLex program  not found"));
+    runtime.files[state.ExtractorPath = klex];
+    EXPECT_TRUE(refuses(button, "Wordprocessing program " + word + " not"));
+    spelling.chkAutoOpen.click();
+    compile.txtFname.Text = R"(d:\other.kel)";  // leaves its stem with the script
+    EXPECT_TRUE(refuses(button, R"x(Kelm source code file "c:\g\longer name.kel(m)" not)x"));
+    for (const char* file : {R"(c:\g\longer name.kelm)", R"(c:\g\longer name.txt)", "mine.txt"})
+        runtime.files[file];
+    EXPECT_TRUE(refuses(button, R"(Output file "c:\g\longer name.txt" exists)"));
+    spelling.chkOutputfile.click();
+    spelling.txtFnameO.type("mine.txt");
+    EXPECT_TRUE(refuses(button, "Output file \"mine.txt\" exists"));
+    spelling.txtFnameO.type("");
+    button.click();  // an empty name is no file
+    spelling.txtFnameO.type("mine.txt");
+    spelling.chkOverwrite.click();
+    button.click();
+    EXPECT_EQ(runtime.shells, std::vector(2, FakeRuntime::Shell{1, "\"" + script + "\""}));
+    EXPECT_EQ(runtime.files[script].text,
+              lines(R"(c:|cd "\g\"|")" + klex + "\" LONGER~1 -OO -FF -PC  -OFmine.txt|"));
+    shortPath = R"(c:\g\longer name.kelm)";  // its drive keeps no short names
+    button.click();
+    EXPECT_TRUE(runtime.told(
+        R"(The file "c:\g\longer name.kelm" cannot be given to the tool: its drive keeps no)", 48));
+    EXPECT_EQ(runtime.shells.size(), 2u);
+}
+
+TEST_F(Panels, TheEditorIsStartedDirectly) {
+    state.EditorPath.clear();
+    form.tbsOptions.pick(1);
+    edit.txtFnameE.type(R"(c:\my games\cave.kel)");
+    edit.btnEdit.click();  // without an editor Notepad serves
+    state.EditorPath = pfe;
+    edit.optEditWith(0).click();
+    EXPECT_TRUE(edit.optEditWith(1).Value) << "the editor counts when the tab is next selected";
+    form.tbsOptions.pick(1);
+    edit.optEditWith(0).click();
+    EXPECT_TRUE(refuses(edit.btnEdit, "Text Editor program " + pfe + " not found"));
+    runtime.files[pfe];
+    EXPECT_TRUE(form.pressDefault());
+    EXPECT_EQ(runtime.shells,
+              (std::vector<FakeRuntime::Shell>{{1, R"(notepad c:\my games\cave.kel)"},
+                                               {1, "\"" + pfe + R"(" "c:\my games\cave.kel")"}}));
+    state.EditorPath.clear();
+    EXPECT_TRUE(refuses(edit.btnEdit, "Text Editor program  not found"));
+    EXPECT_FALSE(runtime.files.contains(script));
+}
+
+}  // namespace
