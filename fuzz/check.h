@@ -6,14 +6,14 @@
 
 namespace fuzz {
 
-/// Ends the run, and so keeps the input, where a property does not hold.
+/// Aborts the run if a property does not hold, so that the input is kept.
 inline void check(bool holds, std::string_view property) {
     if (holds) return;
     std::fprintf(stderr, "\nBroken: %.*s\n", static_cast<int>(property.size()), property.data());
     std::abort();
 }
 
-/// Takes the first byte off the input, to choose by; 0 if there is none.
+/// Removes and returns the first byte of the input, or 0 if it is empty.
 inline unsigned choice(std::string_view& input) {
     if (input.empty()) return 0;
     const auto byte = static_cast<unsigned char>(input.front());
@@ -21,7 +21,7 @@ inline unsigned choice(std::string_view& input) {
     return byte;
 }
 
-/// The pieces of a text between the marks.
+/// Passes on the pieces of the text between the marks.
 template <typename Take>
 void forEachPiece(std::string_view text, char mark, Take take) {
     while (!text.empty()) {

@@ -14,11 +14,11 @@ namespace fuzz {
 
 namespace fs = std::filesystem;
 
-/// Drives c: and d: in a folder of their own, in memory where the system has such a place. The
+/// Drives c: and d: in a temporary folder, in memory if possible. The
 /// current folder is c:\My Games.
 class Disk {
   public:
-    /// Makes the files, each a program, in drive_c, in drive_d or beside them.
+    /// Creates the files, each a program, in drive_c, in drive_d or beside them.
     explicit Disk(const std::vector<const char*>& files)
         : home(filled(files)), disk(platform::Drives(home)) {
         for (const char* name :
@@ -53,7 +53,7 @@ class Disk {
             std::ofstream(home / file) << "#!/bin/sh\n";
             fs::permissions(home / file, fs::perms::owner_all);
         }
-        // Only of a folder that has been left alone for a while is the listing kept.
+        // The listing of a folder is cached only if it has not changed for a while.
         const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
         for (const auto& entry : fs::recursive_directory_iterator(home))
             if (entry.is_directory()) fs::last_write_time(entry, longAgo);

@@ -1,5 +1,5 @@
-// Any settings file gives usable settings, and saved settings that are read give the same file
-// again.
+// Any settings file gives usable settings, and a save that is loaded and saved again gives the same
+// file.
 
 #include <map>
 #include <string>

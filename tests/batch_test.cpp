@@ -197,7 +197,7 @@ TEST_F(Batch, GivesEachTerminalItsWords) {
             EXPECT_EQ(inTerminal(command, true).words, expected) << name;
         }
     }
-    // Debian's alternative leads to a wrapper that knows the options of xterm alone.
+    // Debian's alternative is a wrapper that knows only xterm's options.
     unsetenv("TERMINAL");
     program(home / "bin/mate-terminal.wrapper");
     fs::create_symlink("mate-terminal.wrapper", home / "bin/x-terminal-emulator");

@@ -1,6 +1,6 @@
-// Adds what it was started with to the file that NWBW_ECHO names: the folder, the words, and the
-// input unless that is a keyboard. On Windows it adds nothing without the variable that keeps the
-// interpreter from starting programs of the current folder.
+// Appends a line to the file named by NWBW_ECHO: the current folder, the arguments, and the
+// standard input unless it is a terminal. On Windows it appends nothing unless the variable is set
+// that keeps the command interpreter from starting programs of the current folder.
 
 #include <cstdlib>
 #include <iostream>

@@ -9,16 +9,16 @@
 #include <malloc.h>
 #endif
 
-/// How long a random walk goes on, and whether the program's memory grows on the way.
+/// What the random walks share: their length, their choices, and the memory in use.
 namespace endurance {
 
-/// The number that the environment variable holds, else that of a brief run.
+/// Returns the number in the environment variable, or else `brief`.
 inline int setting(const char* variable, int brief) {
     const char* wanted = std::getenv(variable);
     return wanted ? std::stoi(wanted) : brief;
 }
 
-/// What a random walk chooses from.
+/// The source of random choices.
 struct Choices {
     std::size_t any(std::size_t count) { return random() % count; }
     const std::string& anyName() { return names[any(names.size())]; }

@@ -17,13 +17,13 @@ inline std::string contentOf(const fs::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// The path in UTF-8.
+/// Returns the path in UTF-8.
 inline std::string textOf(const fs::path& path) {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};
 }
 
-/// Makes a file, and the folders above it.
+/// Creates a file and its folders.
 inline void write(const fs::path& file, const std::string& text = "") {
     fs::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << text;
@@ -35,7 +35,7 @@ inline void await(const std::function<bool()>& condition) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }
 
-/// The text of the error that the operation ends in; empty if it succeeds.
+/// Returns the text of the operation's RuntimeError, or an empty string.
 inline std::string errorOf(const std::function<void()>& operation) {
     try {
         operation();

@@ -9,11 +9,11 @@
 
 #include "helpers.h"
 
-/// A user's home of its own with drives c:, d: and z:; the current folder is the root of c:.
+/// A temporary home with drives c:, d: and z:. The current folder is the root of c:.
 class LinuxDesktop : public testing::Test {
   protected:
     LinuxDesktop() {
-        // Children that read their input find its end at once, also where it is a terminal.
+        // Children that read standard input get end of input, also when it is a terminal.
         if (std::freopen("/dev/null", "r", stdin) == nullptr) ADD_FAILURE() << "no /dev/null";
         fs::create_directories(links);
         fs::create_directories(c);

@@ -16,7 +16,7 @@ std::vector<std::string> all(const std::string& text, const std::string& pattern
 
 bool explains(const std::string& message) {
     static const auto messages = [] {
-        // Each message as a regular expression that allows any text for a variable.
+        // Turns each message into a regular expression that matches any text for a variable.
         const std::pair<const char*, const char*> steps[] = {{R"([.()?*+\[\]\\{}|^$])", R"(\$&)"},
                                                              {"<br>", "\r\n"},
                                                              {"<var>[^<]*</var>", ".*"},

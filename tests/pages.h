@@ -5,16 +5,15 @@
 
 #include "helpers.h"
 
-/// The pages of the documentation.
+/// The Help pages.
 namespace pages {
 
 inline const fs::path folder = NWBW_PAGES;
 
-/// All first groups of the pattern in the text.
+/// Returns the first group of each match of the pattern.
 std::vector<std::string> all(const std::string& text, const std::string& pattern);
 
-/// True if the message is one of those that the documentation explains, whatever stands in it where
-/// the documentation has a variable.
+/// True if the pages explain the message. A variable in the pages matches any text.
 bool explains(const std::string& message);
 
 }  // namespace pages

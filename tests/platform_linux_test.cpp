@@ -9,16 +9,16 @@
 using namespace platform;
 using core::Runtime;
 
-/// How much of the last file was written when it was to be brought to the disk.
+/// Size of the last file when it was flushed to disk.
 static off_t flushed = 0;
 
-/// In place of the system's, which would wait for the disk.
+/// Replaces the system's, which would wait for the disk.
 extern "C" int fsync(int handle) {
     flushed = lseek(handle, 0, SEEK_CUR);
     return 0;
 }
 
-/// In place of the system's: as on a file system that cannot rename and look in one step.
+/// Replaces the system's: behaves like a file system without RENAME_NOREPLACE.
 extern "C" int renameat2(int, const char*, int, const char*, unsigned) noexcept {
     errno = EINVAL;
     return -1;
@@ -103,7 +103,7 @@ TEST_F(Disk, SeesEveryChangeOfAKeptFolder) {
     const fs::path source = c / "games/wizardquest.kel";
     for (int round = 0; round < 3; ++round) {
         write(source);
-        // A folder that looks unchanged for long has its listing kept.
+        // The listing of a folder that has not changed for a while is cached.
         fs::last_write_time(c / "games", fs::file_time_type::clock::now() - std::chrono::hours(1));
         for (const char* shortPath : {"c:\\games\\WIZARD~1.KEL", "c:\\games\\WIZARD~1.KEL", ""}) {
             if (*shortPath == '\0') fs::remove(source);

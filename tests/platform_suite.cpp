@@ -1,4 +1,4 @@
-// What the program relies on from each operation of its platform, the same on every system.
+// What the program expects of each operation of its platform, on every system.
 
 #ifdef _WIN32
 #include "platform_suite_win32.h"
@@ -18,17 +18,17 @@ using namespace std::literals;
 
 class Platform : public System {
   protected:
-    /// The path of what lies in the place.
+    /// Returns the path of a file or folder in `place`.
     [[nodiscard]] std::string in(const std::string& name) const { return folder + '\\' + name; }
 
-    /// What the child programs have echoed, once a whole line is there.
+    /// Waits for a whole line from the echo children, and returns what they wrote.
     [[nodiscard]] std::string echoed() const {
         std::string echo;
         await([&] { return (echo = contentOf(place / "echo")).ends_with('\n'); });
         fs::remove(place / "echo");
         return echo;
     }
-    /// Puts the echo child in a folder that is the search path; gives its path.
+    /// Copies the echo child to the only folder of the search path, and returns its path.
     [[nodiscard]] std::string echoChild() const {
         setVariable("NWBW_ECHO", place / "echo");
         setSearchPath(place / "tools");
@@ -77,7 +77,7 @@ TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {
     runtime.vbaFileOpen(in("x.tmp"), Runtime::OpenMode::Output);
     runtime.vbaPrintFile("c:\\märchen, \"2\"");
     runtime.vbaPrintFile("");
-    EXPECT_EQ(contentOf(place / "x.tmp"), "") << "a save that is cut off";
+    EXPECT_EQ(contentOf(place / "x.tmp"), "") << "nothing is written before the flush";
     runtime.vbaFileFlush();
     runtime.vbaFileOpen(in("X.TMP"), Runtime::OpenMode::Input);
     EXPECT_EQ(contentOf(place / "x.tmp"), "c:\\märchen, \"2\"\r\n\r\n");

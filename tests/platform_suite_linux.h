@@ -7,7 +7,7 @@
 #include "linux_desktop.h"
 #include "platform/linux/linux_runtime.h"
 
-/// Linux under the suite: the place is a folder of drive c:, and scripts run without a terminal.
+/// Linux for the suite: `place` is a folder on drive c:, and scripts run without a terminal.
 class System : public LinuxDesktop {
   protected:
     using Runtime = platform::LinuxRuntime;
@@ -22,11 +22,11 @@ class System : public LinuxDesktop {
     static void setVariable(const char* name, const std::string& value) {
         setenv(name, value.c_str(), 1);
     }
-    /// Sets the search path to the folder, and others that must not count.
+    /// Sets the search path to the folder and to entries that must be ignored.
     static void setSearchPath(const fs::path& folder) {
         setVariable("PATH", ".::" + folder.string());
     }
-    /// The program lies in a folder with a name of every kind of character.
+    /// The program is in a folder whose name has special characters of all kinds.
     Runtime makeRuntime(const Runtime::MessageBox& box) const {
         const fs::path programs = home / "nwb's $(x);&`y`/bin";
         fs::create_directories(programs);
@@ -35,13 +35,13 @@ class System : public LinuxDesktop {
         return Runtime(box, programs);
     }
 
-    /// Nobody can keep a file from being renamed here.
+    /// Does nothing: an open file can be renamed here.
     static std::jthread hold(const fs::path&) { return {}; }
     std::string commandOf(const fs::path& program) const {
         return core::quoted(folder + '\\' + program.filename().string());
     }
 
-    // Any name of a game may exist, and the tools are given the host's own.
+    // A game may have any name; the tools get the host's names.
     static inline const std::string ordinaryNames[] = {
         "été",     "a&ed", "a;ed",         "a|ed",        "$(ed)",
         "`ed`",    "a>b",  "a<b",          "$HOME",       "%PATH%",
@@ -55,18 +55,18 @@ class System : public LinuxDesktop {
     static std::string asTyped(Runtime& runtime, const fs::path& file) {
         return runtime.disk().toWindows(file);
     }
-    /// How the compiler is given the game, and Notepad, but for the extension.
+    /// Returns the names of the game that the compiler and Notepad get, without extension.
     static std::pair<std::string, std::string> wordsFor(Runtime&, const fs::path& game) {
         return {game.filename(), game};
     }
 
-    /// A hidden file's name begins with a dot here.
+    /// Hides the file by a dot before its name.
     static std::string hide(const fs::path& file) {
         const std::string name = '.' + file.filename().string();
         fs::rename(file, file.parent_path() / name);
         return name;
     }
-    /// Files are UTF-8 here, and what is not stays as it is.
+    /// Files are UTF-8; other bytes are kept.
     static constexpr const char* oldText = "m\xe4rchen";
 
     const fs::path place = c / "suite";

@@ -12,7 +12,7 @@
 #include "platform/windows/windows_api.h"
 #include "platform/windows/windows_runtime.h"
 
-/// Windows under the suite: the place is a folder among the user's temporary ones.
+/// Windows for the suite: `place` is a temporary folder.
 class System : public testing::Test {
   protected:
     using Runtime = platform::WindowsRuntime;
@@ -33,18 +33,18 @@ class System : public testing::Test {
     static void setVariable(const char* name, const fs::path& value) {
         SetEnvironmentVariableW(platform::wide(name).c_str(), value.wstring().c_str());
     }
-    /// Sets the search path to the folder, and others that must not count.
+    /// Sets the search path to the folder and to entries that must be ignored.
     static void setSearchPath(const fs::path& folder) {
         setVariable("PATH", L".;;games;\"" + folder.wstring() + L'"');
     }
     static Runtime makeRuntime(const Runtime::MessageBox& box) { return Runtime(box); }
 
-    /// A hidden file bears an attribute here.
+    /// Hides the file by its attribute.
     static std::string hide(const fs::path& file) {
         SetFileAttributesW(file.wstring().c_str(), FILE_ATTRIBUTE_HIDDEN);
         return platform::narrow(file.filename().wstring());
     }
-    /// Keeps the file from all others for a moment, as a virus scanner does.
+    /// Keeps the file open for a moment, as a virus scanner does.
     static std::jthread hold(const fs::path& file) {
         void* handle = CreateFileW(file.wstring().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
                                    FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -53,12 +53,12 @@ class System : public testing::Test {
             CloseHandle(handle);
         });
     }
-    /// A path that stands for the whole command needs no quotes here.
+    /// A path that is the whole command needs no quotes.
     static std::string commandOf(const fs::path& program) {
         return platform::narrow(program.wstring());
     }
 
-    // Some names of games hold what the interpreter takes for a command.
+    // Some names contain characters that are special to the command interpreter.
     static inline const std::string ordinaryNames[] = {
         "été", "a;ed", "$(ed)", "`ed`", "$HOME", "-rf", "--help", "[a]",         "{a,b}",
         "~",   "a'b",  "a=b,c", "a!b",  "a)(b",  "#x",  "exit",   "pause x & ed"};
@@ -68,8 +68,8 @@ class System : public testing::Test {
     static std::string asTyped(Runtime&, const fs::path& file) {
         return platform::narrow(file.wstring());
     }
-    /// How the compiler is given the game, and Notepad, but for the extension: the long name in
-    /// its short form.
+    /// Returns the names of the game that the compiler and Notepad get, without extension; a
+    /// long name in its short form.
     static std::pair<std::string, std::string> wordsFor(Runtime& runtime, const fs::path& game) {
         std::string stem = platform::narrow(game.filename().wstring());
         if (core::length(stem) > 8) {
@@ -80,8 +80,8 @@ class System : public testing::Test {
         return {stem, stem};
     }
 
-    /// A file that is not UTF-8 is taken to be in the code page of the system's language, which
-    /// is a Western one where the suite runs.
+    /// A file that is not UTF-8 is read in the system's code page, which is a Western one where
+    /// the suite runs.
     static constexpr const char* oldText = "märchen";
 
     const fs::path place =

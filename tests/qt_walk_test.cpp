@@ -12,7 +12,7 @@
 
 namespace {
 
-/// What a control holds beyond its caption, as its widget's own property would tell it.
+/// Returns a control's value as its widget's user property shows it; `otherwise` if it has none.
 std::string held(const forms::Control& control, const std::string& otherwise) {
     if (const auto* box = dynamic_cast<const forms::CheckBox*>(&control))
         return box->Value ? "true" : "false";
@@ -24,9 +24,9 @@ std::string held(const forms::Control& control, const std::string& otherwise) {
     return list && list->ListIndex >= 0 ? std::to_string(list->ListIndex) : otherwise;
 }
 
-/// A user who strikes any key and clicks anywhere, in whatever window is up.
+/// A user who presses any key and clicks anywhere, in the topmost window.
 struct WindowWalk : testing::Test, endurance::Choices {
-    /// Acts on the window, and on those that come up above it, until it goes or for a while.
+    /// Acts on the window and on those that open above it, until it closes or `most` times.
     void work(QWidget& window, int most) {
         const QPointer<QWidget> open(&window);
         const QPointer<QWidget> below = std::exchange(worked, open);
@@ -68,7 +68,7 @@ struct WindowWalk : testing::Test, endurance::Choices {
                           Qt::LeftButton, {}, at);
     }
 
-    /// Acts as assistive technology does, on any window, be it behind a modal one or disabled.
+    /// Acts as assistive technology does, also on disabled windows below a modal one.
     void assist() {
         const QWidgetList widgets = QApplication::allWidgets();
         QWidget* target = widgets[any(widgets.size())];
@@ -97,7 +97,7 @@ struct WindowWalk : testing::Test, endurance::Choices {
         }
     }
 
-    /// Works the modal windows that come up inside an action.
+    /// Works the modal windows that an action opens.
     void watch() {
         QTimer::singleShot(1, &timers, [this] { watch(); });
         QWidget* modal = QApplication::activeModalWidget();
@@ -139,7 +139,7 @@ TEST_F(WindowWalk, RandomKeysAndClicksKeepEveryRuleAndNoMemory) {
         console.Show();
         watch();
         work(dynamic_cast<qt::FormWindow&>(*console.window()).widget(), most);
-        // Qt's caches and the fields' histories of edits; a form or a window kept takes far more.
+        // Allows for Qt's caches and the undo histories; a leaked form or window takes far more.
         EXPECT_LE(endurance::heapInUse(), settled + 2'000'000);
         console.close();
     });
@@ -147,7 +147,7 @@ TEST_F(WindowWalk, RandomKeysAndClicksKeepEveryRuleAndNoMemory) {
     EXPECT_GT(modals, most / 50);
 }
 
-/// Asks for the program's end while a dialog, a file dialog and a box are open.
+/// Requests the program's end while a dialog, a file dialog and a message box are open.
 struct End : WindowWalk {
     void expectSavedAfter(const std::function<void()>& request) {
         const qt::EndRequest endRequest(application);

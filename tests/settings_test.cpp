@@ -13,7 +13,7 @@ const std::string beta3 = R"(c:\nwb\kelmcons.ini)";
 const std::string header = "'1.0 Norvane Workbench'|";
 const std::string beta3Header =
     "'Norvane Development Workbench' settings file (format version: 0.4.0)|";
-// No two fields are alike, but for the hide flags, of which one alone is set at a time.
+// All fields differ, except the hide flags, of which only one is set at a time.
 const std::string texts =
     "compiler.exe|gui.exe|console.exe||extractor.exe|editor.exe|word.exe|"
     "manual.html|manual.pdf|"
@@ -30,7 +30,7 @@ const std::string defaults =
 const std::string nothing = "|||||||||||||||||||| 1 | 1 ";
 const std::string unknown = "The format of your NWB/w settings file is unknown.";
 
-/// All fields in the order of the file, as it would hold them behind its header.
+/// Returns all fields in file order, as the file has them after its header.
 std::string fields(const AppState& state) {
     std::string all;
     for (const auto& text :
@@ -49,7 +49,7 @@ std::string fields(const AppState& state) {
 }
 
 struct Settings : testing::Test, Desk {
-    /// Loads the file; gives the fields that it sets.
+    /// Loads the file and returns the fields.
     std::string load(const std::string& path, const std::string& text) {
         runtime.files[path].text = text;
         core::LoadSettings(program);
@@ -72,13 +72,13 @@ TEST_F(Settings, EachLineIsTheFieldThatItShouldBe) {
 
 TEST_F(Settings, TheOlderFormatIsReadAndLeftAlone) {
     const std::string old = lines(beta3Header + texts + "lib");
-    runtime.files[tmp].text = sample;  // not cut off between the renames: there is no backup
+    runtime.files[tmp].text = sample;  // not an interrupted save: there is no backup
     EXPECT_EQ(load(beta3, old), texts + "|||| 1 | 1 |lib") << "an empty path stays empty";
     EXPECT_TRUE(runtime.told("Your NWB/w settings file is for Beta Release 3."));
     core::SaveSettings(program);
     EXPECT_EQ(runtime.files[beta3].text, old);
     EXPECT_EQ(runtime.files[ini].text, lines(header + texts + "|||| 1 | 1 |lib"))
-        << "flags that nothing has set are empty lines";
+        << "flags that were never set are empty lines";
 }
 
 TEST_F(Settings, WithoutAGoodFileTheDefaultsServe) {
@@ -87,7 +87,7 @@ TEST_F(Settings, WithoutAGoodFileTheDefaultsServe) {
     EXPECT_TRUE(runtime.told("Settings file not found"));
     EXPECT_EQ(load(beta3, lines("'norvane" + beta3Header.substr(8) + texts)), defaults);
     EXPECT_TRUE(runtime.told(unknown));
-    runtime.files[beta3].text = lines(beta3Header + texts);  // is not looked at
+    runtime.files[beta3].text = lines(beta3Header + texts);  // is ignored
     for (const char* wrong : {"'1.0 NORVANE Workbench'\r\nx", "", "rubbish\r\n1\r\n2"}) {
         EXPECT_EQ(load(ini, wrong), defaults) << wrong;
         EXPECT_TRUE(runtime.told(unknown));
@@ -129,7 +129,7 @@ TEST_F(Settings, ATextKeepsWhatItsLineCanHold) {
     }
 }
 
-/// The settings that a start from the disk comes up with, as a file.
+/// Returns the settings file that a start with these files leads to.
 std::string settingsOn(const std::map<std::string, FakeRuntime::File>& disk) {
     Desk desk;
     desk.runtime.files = disk;
@@ -138,8 +138,8 @@ std::string settingsOn(const std::map<std::string, FakeRuntime::File>& disk) {
     return desk.runtime.files[ini].text;
 }
 
-/// A run of the whole program whose user confirms a dialog and turns to the tab Spelling. True if
-/// it could load.
+/// Runs the whole program; the user confirms a dialog and selects the tab Spelling. True if the
+/// settings could be loaded.
 bool work(FakeRuntime& runtime) {
     FakeToolkit toolkit;
     toolkit.anyUser = [](forms::Form& dialog) { dialog.pressDefault(); };
@@ -161,8 +161,8 @@ TEST_F(Settings, AFailureOrKillAtAnyCallOfARunLosesNothing) {
     const FakeRuntime::File older{lines(beta3Header + texts + "lib")};
     const std::map<std::string, FakeRuntime::File> disks[] = {
         {{ini, {sample}}, {bkp, older}},
-        {{tmp, {sample}}, {bkp, older}},  // a save was cut off
-        {{beta3, older}, {bkp, older}},   // the settings file was taken away
+        {{tmp, {sample}}, {bkp, older}},  // an interrupted save
+        {{beta3, older}, {bkp, older}},   // the settings file was removed
         {}};
     FakeRuntime bare;
     bare.failAt = 1;
@@ -192,14 +192,14 @@ TEST_F(Settings, AFailureOrKillAtAnyCallOfARunLosesNothing) {
             const bool loaded = work(runtime);
             ASSERT_EQ(boxes([](const auto& box) { return box.flags == 48; }), 1) << call;
             EXPECT_TRUE(runtime.files.contains(ini) || !disk.contains(ini)) << call;
-            EXPECT_TRUE(loaded || runtime.files[ini].text == bare.files[ini].text) << "no half";
-            runtime.failAt = runtime.calls + 50;  // while a later save writes
+            EXPECT_TRUE(loaded || runtime.files[ini].text == bare.files[ini].text) << "not half";
+            runtime.failAt = runtime.calls + 50;  // during a later save
             work(runtime);
             const std::string now = settingsOn(runtime.files);
             EXPECT_TRUE(now == after || (loaded ? now == before : now == bare.files[ini].text))
                 << call;
             work(runtime);
-            // What could not be read is under a name that the user has been told, once.
+            // An unread file is kept under a name that one message gave.
             std::set<std::string> kept;
             for (const auto& [path, file] : runtime.files)
                 if (file.text == sample || file.text == older.text) kept.insert(path);

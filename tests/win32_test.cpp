@@ -25,7 +25,7 @@ std::string textOf(HWND window) {
     return platform::narrow(text);
 }
 
-/// What the control holds, and the same as its window shows it.
+/// Returns the value of the control, and the value that its window shows.
 std::pair<std::string, std::string> contents(const forms::Control& control, HWND window) {
     using std::to_string;
     if (const auto* box = dynamic_cast<const forms::CheckBox*>(&control))
@@ -43,7 +43,7 @@ std::pair<std::string, std::string> contents(const forms::Control& control, HWND
     return {list->Drive, list->drives().at(ask(window, CB_GETCURSEL))};
 }
 
-/// Holds the window to what the control is, and to one stop of Tab in each group of options.
+/// Expects the window to match its control, and each group of options to have one tab stop.
 void expectShown(const forms::Control& control, HWND window) {
     const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
     ASSERT_EQ(control.Enabled, !(style & WS_DISABLED)) << control.fullName();
@@ -90,7 +90,7 @@ struct Windows : testing::Test {
         });
         auto& splash = dynamic_cast<docs::frmSplash&>(application.Forms(0));
         const HWND button = windowOf(splash.Command1);
-        ask(button, BM_CLICK);  // the button ends while it handles the message
+        ask(button, BM_CLICK);  // the button is destroyed while it handles the message
         EXPECT_FALSE(IsWindow(button));
     }
     ~Windows() override {
@@ -98,7 +98,8 @@ struct Windows : testing::Test {
         PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     }
 
-    /// A message for the window with the focus, and all that follows, with the modifier down.
+    /// Posts a key message to the focused window, with the modifier down, and runs the message
+    /// loop.
     static void press(UINT message, WPARAM key, int modifier = 0) {
         BYTE keys[256] = {};
         if (modifier) keys[modifier] = 0x80;
@@ -128,7 +129,7 @@ TEST_F(Windows, KeysReachTheModel) {
     EXPECT_EQ(form->play.chkPlayback.Value, 1);
     SetFocus(windowOf(form->play.optPlayer(1)));
     press(WM_KEYDOWN, VK_UP);
-    EXPECT_EQ(form->play.player(), 2) << "round, past an option that is disabled";
+    EXPECT_EQ(form->play.player(), 2) << "wraps around and skips a disabled option";
 }
 
 TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
@@ -139,7 +140,7 @@ TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
     runtime.whileBoxIsOpen = [this] {
         EXPECT_EQ(ask(window(), WM_QUERYENDSESSION), TRUE);
         ask(window(), WM_ENDSESSION);
-        EXPECT_FALSE(form->unloaded()) << "the session goes on";
+        EXPECT_FALSE(form->unloaded()) << "the session continues";
         SendMessageW(window(), WM_ENDSESSION, TRUE, 0);
     };
     press(WM_KEYDOWN, VK_RETURN);
@@ -193,7 +194,7 @@ TEST_F(Windows, TabsTellTooltipsAndBoxesTakeDroppedFiles) {
     EXPECT_EQ(form->play.txtFnameP.Text(), "");
 }
 
-/// A user, or a tool that works the windows for one, who does anything in whatever window is up.
+/// A user, or an automation tool, who does anything at random in the topmost window.
 struct WindowsWalk : Windows, endurance::Choices {
     void work(forms::Form& worked, int most) {
         for (const int end = actions + most; actions < end && !HasFatalFailure();) {
@@ -243,7 +244,7 @@ struct WindowsWalk : Windows, endurance::Choices {
         }
     }
 
-    /// What tools send to windows on behalf of their users. A kind of window heeds its own alone.
+    /// Sends what automation tools send. Each kind of window handles only its own messages.
     void touch(forms::Control& control, HWND window) {
         constexpr UINT messages[] = {BM_CLICK,     BM_SETCHECK,   LB_SETCURSEL,
                                      CB_SETCURSEL, TCM_SETCURSEL, TCM_SETCURFOCUS};
@@ -253,7 +254,7 @@ struct WindowsWalk : Windows, endurance::Choices {
             SendMessageW(window, messages[any(std::size(messages))], any(4), 0);
     }
 
-    /// All that the program holds.
+    /// Returns the values of all controls.
     std::string held() {
         std::string held;
         for (int open = 0; open < application.Count(); ++open) {
@@ -263,7 +264,7 @@ struct WindowsWalk : Windows, endurance::Choices {
         return held;
     }
 
-    /// Works the modal forms that come up inside an action.
+    /// Works the modal forms that an action opens.
     static void CALLBACK watch(HWND, UINT, UINT_PTR, DWORD) {
         forms::Form& top = up->application.Forms(up->application.Count() - 1);
         if (&top == up->worked || &top == up->form) return;
