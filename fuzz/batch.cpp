@@ -1,6 +1,7 @@
-// Any batch script is split into the lines of its text, and only "exit", "pause", a drive and "cd"
-// are not program names.
+// Any batch script is parsed into its lines; only "exit", "pause", a drive and "cd" are not names
+// of programs.
 
+#include <algorithm>
 #include <map>
 #include <string>
 
@@ -47,11 +48,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         again += line.text + "\r\n";
     }
     const std::vector<BatchLine> parsed = platform::parseBatch(again);
-    fuzz::check(parsed.size() == lines.size(), "a script of these lines has as many");
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        fuzz::check(parsed[i].text == lines[i].text && parsed[i].kind == lines[i].kind &&
-                        parsed[i].folder == lines[i].folder,
-                    "a script of these lines says the same");
-    }
+    const auto same = [](const BatchLine& one, const BatchLine& other) {
+        return one.text == other.text && one.kind == other.kind && one.folder == other.folder;
+    };
+    fuzz::check(std::equal(lines.begin(), lines.end(), parsed.begin(), parsed.end(), same),
+                "a script of these lines says the same");
     return 0;
 }

@@ -22,40 +22,42 @@ struct Dialogs : testing::Test, Desk {
     }
 };
 
-/// The lines of wording.txt on the form: the caption of each control and its tooltip.
+/// Returns the form's lines of wording.txt: each control's caption and tooltip, and its accessible
+/// name and font where it defines them.
 std::string wording(forms::Form& form) {
     std::string lines = form.name + "|" + form.Caption() + "|\n";
-    const auto add = [&](const std::string& name, const std::string& caption,
-                         const std::string& tooltip) {
-        if (name != "lblVersion" && (!caption.empty() || !tooltip.empty()))
-            lines += name + "|" + caption + "|" + tooltip + "|\n";
-    };
-    for (forms::Control* control : form.allControls()) {
-        add(control->fullName(), control->Caption, control->tooltip);
-        if (const auto* tabs = dynamic_cast<forms::TabStrip*>(control))
+    for (const forms::Control* control : form.allControls()) {
+        const std::string words = control->Caption() + "|" + control->tooltip + "|" +
+                                  control->definedAccessibleName + "|" + control->font.family;
+        if (control->name != "lblVersion" && words != "|||")
+            lines += control->fullName() + "|" + words + "|\n";
+        if (const auto* tabs = dynamic_cast<const forms::TabStrip*>(control))
             for (const auto& tab : tabs->Tabs)
-                add("tab", tab.caption, tab.tooltip);
+                lines += "tab|" + tab.caption + "|" + tab.tooltip + "|\n";
     }
     return lines + "\n";
 }
 
-/// Presses each Browse button of the form that can be used. Gives the lines of wording.txt on them:
-/// the box that takes the name, and the title and filter of the dialog that asks for it.
+/// Presses each usable Browse button of the form. Returns their lines of wording.txt: the box that
+/// gets the name, and the title and filter of the file dialog.
 std::string browse(forms::Form& form, FakeToolkit& toolkit) {
+    std::vector<forms::TextBox*> boxes;
+    for (forms::Control* control : form.allControls()) {
+        auto* box = dynamic_cast<forms::TextBox*>(control);
+        if (box && !box->readOnly) boxes.push_back(box);
+    }
     std::string lines;
     for (forms::Control* button : form.allControls()) {
         if (!button->name.starts_with("btnBrowse") || !button->usable()) continue;
         std::string filled;
         for (const std::string chosen : {"", "d:\\new file.x"}) {
-            for (forms::Control* control : form.allControls())
-                if (auto* box = dynamic_cast<forms::TextBox*>(control)) box->Text = box->fullName();
+            for (auto* box : boxes)
+                box->Text = box->fullName();
             toolkit.fileChosen = chosen;
             button->click();
-            for (forms::Control* control : form.allControls()) {
-                const auto* box = dynamic_cast<forms::TextBox*>(control);
-                if (box && !box->readOnly && box->Text() != box->fullName())
+            for (const auto* box : boxes)
+                if (box->Text() != box->fullName())
                     filled += box->fullName() + (box->Text() == chosen ? "" : " is wrong");
-            }
         }
         EXPECT_EQ(toolkit.fileAsked.name, filled);
         lines += button->fullName() + "|" + filled + "|" + toolkit.fileAsked.title + "|" +
@@ -64,17 +66,17 @@ std::string browse(forms::Form& form, FakeToolkit& toolkit) {
     return lines;
 }
 
-/// What is in sight lies within its container as defined, and no two siblings overlap.
+/// Expects that every control in sight lies within its container and that no two siblings overlap.
 void expectLaidOut(const forms::Container& container) {
     const auto* form = dynamic_cast<const forms::Form*>(&container);
     const forms::Place defined = form ? form->style.place : forms::Place();
-    const int width = std::max(container.Width(), defined.width);  // whatever its user made of it
+    const int width = std::max(container.Width(), defined.width);  // the user may have resized it
     const int height = std::max(container.Height(), defined.height);
     std::vector<const forms::Control*> before;
     for (const forms::Control* control : container.children()) {
         if (const auto* inner = dynamic_cast<const forms::Container*>(control))
             expectLaidOut(*inner);
-        // Panels lie on their tabs, and words on a picture.
+        // Panels lie on their tabs, and labels on a picture.
         if (!control->inSight() || dynamic_cast<const forms::TabStrip*>(control) ||
             dynamic_cast<const forms::Image*>(control))
             continue;
@@ -202,7 +204,7 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
     form.compile.btnModifyIncludes.click();
     EXPECT_EQ((Names(state.IncludeFolders.begin(), state.IncludeFolders.begin() + 5)),
               (Names{"changed", "c:\\n w", "", "d", "e"}))
-        << "only the end is marked";
+        << "only the entry after the last is emptied";
     EXPECT_TRUE(runtime.files[ini].text.ends_with(lines("|changed|c:\\n w")));
     EXPECT_EQ(entries(form.compile.lstInclude), (Names{"changed", "c:\\n w"}));
     EXPECT_NE(form.compile.txtCmdline.Text().find("\"\" -Include \"\" -Include \"\" "),
@@ -240,7 +242,7 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
     };
     const struct {
         std::string current, folder, path, text;
-        std::size_t told = 0;  // how often the folder is said to be missing
+        std::size_t told = 0;  // how often the box for a missing folder appears
     } cases[] = {
         {nwb, "", nwb, ""},
         {R"(\\host\share)", "", R"(c:\)", ""},
@@ -281,7 +283,7 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
         add.txtFolder.type("typed");
         add.Drive1.Drive = "D:";
         add.Dir1.Path = R"(d:\)";
-        EXPECT_EQ(add.txtFolder.Text(), "typed") << "what is there already raises nothing";
+        EXPECT_EQ(add.txtFolder.Text(), "typed") << "an unchanged value raises no event";
     });
     runtime.tree.erase(R"(c:\)");
     edit(R"(d:\nosuch)", [](Add&) {});
@@ -308,7 +310,7 @@ TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
         if (path) {
             state.*path = document;
             form.tbsOptions.pick(2);
-            EXPECT_FALSE(item->usable()) << "only from the next start on";
+            EXPECT_FALSE(item->usable()) << "enabled from the next start";
             help.fitToPaths();
         }
         const bool pdf = document == "m.pdf";
@@ -350,12 +352,10 @@ TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
     path["PATH"] = {1, R"(c:\info.exe)"};
     expectStarted(R"(c:\info.exe)");
     runtime.failAt = runtime.calls + 1;
-    expectStarted("");  // a start that fails is told in the same words
+    expectStarted("");  // a failed start shows the same message
 
     path["PATH"] = {4, std::string("\x05\x1a\x00\x00", 4)};
     expectStarted("&h1A5");
-    path["PATH"] = {3, "bytes"};
-    expectStarted("");
 }
 
 }  // namespace

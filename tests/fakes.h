@@ -21,10 +21,10 @@
 #include "forms/form.h"
 #include "pages.h"
 
-/// The program without a window and without a disk, for the tests.
+/// Stand-ins for the platform and its windows.
 namespace fakes {
 
-/// A platform held in memory. Keeps what the program did, answers as it is told, and can fail.
+/// A platform in memory. Records what the program does, gives preset answers, and can fail.
 class FakeRuntime : public core::Runtime {
   public:
     struct File {
@@ -43,14 +43,12 @@ class FakeRuntime : public core::Runtime {
         bool operator==(const Shell&) const = default;
     };
     struct Killed {};
-    /// How a box with an exclamation mark begins: as a failure of the platform, or as one of the
-    /// program's own two. A bug tells no box.
+    /// How the text of an exclamation box starts: with a failed operation, or with one of the
+    /// program's own two failures. A bug shows no box.
     static inline const std::regex failures{
-        "^((rtc|vba)[A-Za-z]+ failed|File already exists$|File not "
-        "found$|Permission denied$|"
-        "The file is open$|Cannot open |There is no drive |"
-        "The file \".*\" cannot be given to the tool|NWB/w cannot write to its "
-        "folder )"};
+        "^((rtc|vba)[A-Za-z]+ failed|File (already exists|not found)$|Permission denied$|"
+        "Cannot open |There is no drive |The file \".*\" cannot be given to the tool|"
+        "NWB/w cannot write to its folder )"};
 
     std::map<std::string, File> files;
     std::map<std::string, std::string> shortNames;  ///< of paths that exist
@@ -64,13 +62,13 @@ class FakeRuntime : public core::Runtime {
     Answer answer = Answer::Yes;
     std::function<void()> whileBoxIsOpen;
     int calls = 0;          ///< file operations so far
-    bool readOnly = false;  ///< nothing can be written beside the program
+    bool readOnly = false;  ///< the program's folder
     int failAt = -1;        ///< the call of this number fails, counted from 1
     int killAt = -1;        ///< before the call of this number the process ends
 
-    /// The boxes shown since the last call.
+    /// Returns the boxes shown since the last call.
     std::vector<Box> newBoxes() { return std::exchange(boxes, {}); }
-    /// True if that is one box, which begins so. The pages hold the texts to the letter.
+    /// True if exactly one new box was shown, whose text starts so. The pages have the whole texts.
     bool told(const std::string& start, int flags = okOnly, const std::string& title = "") {
         const auto shown = newBoxes();
         return shown.size() == 1 && shown[0].text.starts_with(start) && shown[0].flags == flags &&
@@ -110,7 +108,7 @@ class FakeRuntime : public core::Runtime {
         step("vbaPrintFile");
         printed_ += text + "\r\n";
     }
-    /// What is printed comes to the disk only here; the half of it where this is cut short.
+    /// Printed text reaches the disk only here, and only half of it if this call fails.
     void vbaFileFlush() override {
         const std::string text = std::exchange(printed_, "");
         files[open_].text += text.substr(0, text.size() / 2);
@@ -126,7 +124,7 @@ class FakeRuntime : public core::Runtime {
         step("vbaNameFile");
         if (files.contains(to)) throw core::RuntimeError("File already exists");
         EXPECT_NE(from, open_) << "no open file can be renamed on Windows";
-        EXPECT_NE(from, unflushed_) << "a power cut could leave nothing behind the new name";
+        EXPECT_NE(from, unflushed_) << "after a power loss the renamed file could be empty";
         files[to] = file(from);
         files.erase(from);
     }
@@ -192,15 +190,16 @@ class FakeRuntime : public core::Runtime {
     core::FieldReader reader_{""};
 };
 
-/// Windows that exist only by name. A modal form is worked by the next of the scripted users.
+/// A toolkit without windows. The next of `users` works each modal form.
 class FakeToolkit : public forms::Toolkit {
   public:
     std::deque<std::function<void(forms::Form&)>> users;
-    std::function<void(forms::Form&)> anyUser;  ///< works every modal form behind those
+    std::function<void(forms::Form&)> anyUser;  ///< works the modal forms after those
     std::string fileChosen;
     forms::FileQuestion fileAsked;
     bool ended = false;
-    std::string focused;  ///< name of the control that a handler gave the focus
+    std::vector<std::string> shown;  ///< names of the forms, in order
+    std::string focused;             ///< name of the control that a handler gave the focus
 
     void build(forms::Form& form) override {
         form.attachWindow(std::make_unique<Window>(*this, form));
@@ -215,7 +214,10 @@ class FakeToolkit : public forms::Toolkit {
     class Window : public forms::WindowPeer {
       public:
         Window(FakeToolkit& toolkit, forms::Form& form) : toolkit_(toolkit), form_(form) {}
-        void show() override { form_.activate(); }
+        void show() override {
+            toolkit_.shown.push_back(form_.name);
+            form_.activate();
+        }
         void showModal(forms::Form&) override {
             form_.activate();
             if (!toolkit_.users.empty()) {
@@ -238,7 +240,7 @@ class FakeToolkit : public forms::Toolkit {
     };
 };
 
-/// The program with its console open, on the state that the test sets beforehand.
+/// The program, with a console that opens on the state set by the test.
 struct Desk {
     FakeRuntime runtime;
     FakeToolkit toolkit;
@@ -271,7 +273,7 @@ inline std::vector<forms::Form*> everyForm(core::Program& program) {
             &application.load<dialogs::frmIncludeAdd>(program, list)};
 }
 
-/// A text of several lines, each ended by CRLF, from one with "|" between the lines.
+/// Returns the lines that "|" separates, each ended by CRLF.
 inline std::string lines(const std::string& texts) {
     return std::regex_replace(texts, std::regex("\\|"), "\r\n") + "\r\n";
 }

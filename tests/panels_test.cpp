@@ -27,13 +27,13 @@ struct Panels : testing::Test, Desk {
     tools::PlayPanel& play = form.play;
     tools::SpellingPanel& spelling = form.spelling;
 
-    /// True if a click shows one box, which begins so.
+    /// True if a click shows exactly one box, whose text starts so.
     bool refuses(forms::Button& button, const std::string& start, int flags = 0,
                  const std::string& title = "") {
         button.click();
         return runtime.told(start, flags, title);
     }
-    /// The state of the Play panel as its four choices: player, recording, replay and debugger.
+    /// Returns the choices on the Play panel: player, recording, replay, debugger.
     std::array<int, 4> choices() {
         return {play.player(), play.optRecord(1).Value + 2 * play.optRecord(2).Value,
                 play.chkPlayback.Value, play.chkKbug.Value};
@@ -61,7 +61,6 @@ TEST_F(Panels, TheFileNameMakesTheCommands) {
         {R"(c:\data\nine chars.kel)", R"(c:|cd "\data\"|)", "nine chars"},
         {"254characters", "", "254chara"},
         {"255characters", "", ""},
-        {"my game.kel", "", "my game"},
         {R"(c:\my games\wizardquest.kel)", R"(c:|cd "\my games\"|)", "WIZARD~1"},
         {R"(c:\my games\wizardquest)", R"(c:|cd "\my games\"|)", "WIZARD~1"},
         {R"(c:\games\epistle99.txt)", R"(c:|cd "\games\"|)", "EPISTL~1"},
@@ -90,8 +89,9 @@ TEST_F(Panels, APressOfCompileWritesAndStartsTheScript) {
     compile.chkFullsource.click();
     compile.optCharset(1).click();
     compile.optEditor(1).click();
-    runtime.files[state.EditorPath = "other.exe"];  // the viewer keeps the path of its click
-    play.txtFnameP.Text = R"(d:\other.kcd)";        // leaves its stem with the script
+    runtime.files[state.EditorPath =
+                      "other.exe"];           // the viewer keeps the path that it had when chosen
+    play.txtFnameP.Text = R"(d:\other.kcd)";  // changes the stem that the panels share
     for (const auto& viewer : {pfe, state.EditorPath}) {
         EXPECT_TRUE(form.pressDefault());
         EXPECT_EQ(runtime.files[script].text,
@@ -131,16 +131,17 @@ TEST_F(Panels, CompileChecksInOrder) {
     compile.txtFname.type(base + ".kel");
     EXPECT_TRUE(
         refuses(button, "The file \"" + base + ".kel\" cannot be given to the tool: its path", 48));
-    runtime.shortNames[base + ".kel"] = base + ".kel";  // its drive keeps no short names
+    runtime.shortNames[base + ".kel"] = base + ".kel";  // a drive without short names
     runtime.files[base + ".kcd"].changed = 12;
     runtime.answer = core::Runtime::Answer::Yes;
     EXPECT_FALSE(runtime.files.contains(script));
     compile.btnCompile.click();
-    EXPECT_EQ(runtime.shells.size(), 1u) << "Yes goes on";
+    EXPECT_EQ(runtime.shells.size(), 1u) << "Yes continues";
 }
 
-// The twelve states, and the state that each action leads to, counted from 1: the three players,
-// the three recordings, the debugger, the replay. An action that cannot be taken changes nothing.
+// The twelve states, and for each action the number of the next state, counted from 1. The actions
+// are the three players, the three recordings, the debugger and the replay. A disabled one changes
+// nothing.
 const struct {
     std::array<int, 4> choices;
     int next[8];
@@ -157,7 +158,7 @@ TEST_F(Panels, EveryActionOnPlayFromEveryStateLeadsWhereTheTableSays) {
     forms::Control* actions[] = {&play.optPlayer(0), &play.optPlayer(1), &play.optPlayer(2),
                                  &play.optRecord(0), &play.optRecord(1), &play.optRecord(2),
                                  &play.chkKbug,      &play.chkPlayback};
-    // Goes from state to state until every action has been taken from every state.
+    // Walks at random until every action has been taken in every state.
     std::mt19937 random(7);
     std::set<std::pair<int, int>> taken;
     int now = 1;
@@ -181,7 +182,7 @@ TEST_F(Panels, PlayChecksThePlayerThenTheGame) {
     runtime.shortNames[game] = R"(d:\MYGAME~1\ADVENT~1.KCD)";
     play.txtFnameP.type(tale);
     play.optPlayer(1).click();
-    play.chkPlayback.click();  // the name of its file is there to begin with
+    play.chkPlayback.click();  // its file has a default name
     const struct {
         std::string name;
         int style;
@@ -198,7 +199,7 @@ TEST_F(Panels, PlayChecksThePlayerThenTheGame) {
             EXPECT_TRUE(refuses(button, player.name + "program " + path + " not found"));
         }
         runtime.files[state.*player.path = "krun.exe"];
-        compile.txtFname.Text = std::to_string(i);  // leaves its stem with the script
+        compile.txtFname.Text = std::to_string(i);  // changes the stem that the panels share
         EXPECT_TRUE(refuses(button, "Kelm game file \"" + game + "\" not found"));
         runtime.files[game];
         EXPECT_TRUE(form.pressDefault());
@@ -220,7 +221,7 @@ TEST_F(Panels, TheNameOfTheOutputIsOnesOwnOrTheSources) {
     spelling.txtFnameS.type("quest.kel");
     compile.txtFname.Text = "other.kel";
     spelling.chkOutputfile.click();
-    EXPECT_EQ(spelling.txtFnameO.Text(), "quest.txt") << "whatever panel was rebuilt last";
+    EXPECT_EQ(spelling.txtFnameO.Text(), "quest.txt") << "not another panel's stem";
     spelling.txtFnameO.type("mine.txt");
     compile.txtFname.Text = "another.kel";
     spelling.chkOutputfile.click();
@@ -228,7 +229,7 @@ TEST_F(Panels, TheNameOfTheOutputIsOnesOwnOrTheSources) {
     spelling.txtFnameS.type("my.game.kel");
     EXPECT_EQ(spelling.lblDefname.Caption(), "(Default= my.game.txt)");
     spelling.chkOutputfile.click();
-    EXPECT_EQ(spelling.txtFnameO.Text(), "mine.txt") << "an earlier name stays";
+    EXPECT_EQ(spelling.txtFnameO.Text(), "mine.txt") << "an entered name stays";
 }
 
 TEST_F(Panels, SpellingChecksInOrder) {
@@ -243,7 +244,7 @@ TEST_F(Panels, SpellingChecksInOrder) {
     runtime.files[state.ExtractorPath = klex];
     EXPECT_TRUE(refuses(button, "Wordprocessing program " + word + " not"));
     spelling.chkAutoOpen.click();
-    compile.txtFname.Text = R"(d:\other.kel)";  // leaves its stem with the script
+    compile.txtFname.Text = R"(d:\other.kel)";  // changes the stem that the panels share
     EXPECT_TRUE(refuses(button, R"x(Kelm source code file "c:\g\longer name.kel(m)" not)x"));
     for (const char* file : {R"(c:\g\longer name.kelm)", R"(c:\g\longer name.txt)", "mine.txt"})
         runtime.files[file];
@@ -252,14 +253,14 @@ TEST_F(Panels, SpellingChecksInOrder) {
     spelling.txtFnameO.type("mine.txt");
     EXPECT_TRUE(refuses(button, "Output file \"mine.txt\" exists"));
     spelling.txtFnameO.type("");
-    button.click();  // an empty name is no file
+    button.click();  // an empty name is not an existing file
     spelling.txtFnameO.type("mine.txt");
     spelling.chkOverwrite.click();
     button.click();
     EXPECT_EQ(runtime.shells, std::vector(2, FakeRuntime::Shell{1, "\"" + script + "\""}));
     EXPECT_EQ(runtime.files[script].text,
               lines(R"(c:|cd "\g\"|")" + klex + "\" LONGER~1 -OO -FF -PC  -OFmine.txt|"));
-    shortPath = R"(c:\g\longer name.kelm)";  // its drive keeps no short names
+    shortPath = R"(c:\g\longer name.kelm)";  // a drive without short names
     button.click();
     EXPECT_TRUE(runtime.told(
         R"(The file "c:\g\longer name.kelm" cannot be given to the tool: its drive keeps no)", 48));
@@ -270,10 +271,10 @@ TEST_F(Panels, TheEditorIsStartedDirectly) {
     state.EditorPath.clear();
     form.tbsOptions.pick(1);
     edit.txtFnameE.type(R"(c:\my games\cave.kel)");
-    edit.btnEdit.click();  // without an editor Notepad serves
+    edit.btnEdit.click();  // Notepad, because no editor is set
     state.EditorPath = pfe;
     edit.optEditWith(0).click();
-    EXPECT_TRUE(edit.optEditWith(1).Value) << "the editor counts when the tab is next selected";
+    EXPECT_TRUE(edit.optEditWith(1).Value) << "enabled when the tab is selected again";
     form.tbsOptions.pick(1);
     edit.optEditWith(0).click();
     EXPECT_TRUE(refuses(edit.btnEdit, "Text Editor program " + pfe + " not found"));

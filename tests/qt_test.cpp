@@ -23,8 +23,8 @@ QMainWindow& windowOf(Form& form) {
     return dynamic_cast<qt::FormWindow&>(*form.window()).widget();
 }
 
-/// The console in its window. Only its tabs and hide boxes do anything; of all other controls the
-/// handlers that run are noted.
+/// The console in its window. The handlers of all controls except the tabs and the hide boxes are
+/// replaced by ones that log the control's name.
 struct Windows : testing::Test {
     std::string told;
     std::string heard;
@@ -48,7 +48,7 @@ struct Windows : testing::Test {
         window = &windowOf(*form);
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     }
-    /// Sets the user's font; windows made from now on follow it.
+    /// Sets the user's font for windows that are created from now on.
     static void setUserFont(int points) {
         QFont font = QApplication::font();
         font.setPointSize(points);
@@ -66,7 +66,7 @@ struct Windows : testing::Test {
     Kind& widget(const Control& control) {
         return *window->findChild<Kind*>(name(control.fullName()));
     }
-    /// Strikes a key where the focus is; gives the handlers heard and the control then in focus.
+    /// Presses a key. Returns the handlers that ran, and the focused control after "@".
     std::string strike(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QWidget* focused = window->focusWidget();
         QTest::keyClick(focused ? focused : window, key, modifiers);
@@ -90,12 +90,10 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         {text, Qt::Key_Escape, {}, "@txtFname"},
         {panel.btnBrowse, Qt::Key_Enter, {}, "btnBrowse @btnBrowse"},
         {panel.btnBrowse, Qt::Key_Space, {}, "btnBrowse @btnBrowse"},
-        {text, Qt::Key_C, Qt::AltModifier, "btnCompile @btnCompile"},
         {text, Qt::Key_D, Qt::AltModifier, "chkDebug @chkDebug"},
         {text, Qt::Key_P, Qt::AltModifier, "optFormat(2) @optFormat(2)"},
         {panel.optFormat(2), Qt::Key_Up, {}, "optFormat(0) @optFormat(0)"},
         {text, Qt::Key_R, Qt::AltModifier, "@txtFname"},  // on another tab
-        {text, Qt::Key_I, Qt::AltModifier, "@chkHideC"},
         {text, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameP"},
         {form->play.txtFnameP, Qt::Key_Return, {}, "btnPlay @txtFnameP"},
     };
@@ -111,7 +109,7 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     auto& panel = form->compile;
     auto& second = widget<QRadioButton>(panel.optFormat(2));
     QTest::mouseClick(&second, Qt::LeftButton, {}, {8, second.height() / 2});
-    QTest::keyClick(&second, Qt::Key_Space);  // counts also where it is selected already
+    QTest::keyClick(&second, Qt::Key_Space);  // runs the handler again
     EXPECT_EQ(std::exchange(heard, ""), "optFormat(2) optFormat(2) ");
     panel.optFormat(2).Value = false;
     EXPECT_FALSE(second.isChecked());
@@ -134,15 +132,15 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     heard.clear();
     EXPECT_EQ(strike(Qt::Key_Down), "lstInclude @lstInclude");
     auto& list = widget<QListWidget>(panel.lstInclude);
-    list.clearSelection();  // a user may do so; the model always keeps one
+    list.clearSelection();  // Qt allows it, the model does not
     EXPECT_EQ(list.selectedItems().size(), 1);
     for (QWidget* next : {&widget(panel.btnCompile), &widget(panel.btnBrowse)})
         next->setFocus();
-    EXPECT_TRUE(widget<QPushButton>(panel.btnCompile).isDefault()) << "after the focus has left it";
+    EXPECT_TRUE(widget<QPushButton>(panel.btnCompile).isDefault()) << "after it has lost the focus";
 
     program.state.EditorPath = "editor.exe";
     QTabBar* bar = widget<QTabWidget>(form->tbsOptions).tabBar();
-    for (const int tab : {1, 2}) {  // the first is selected already
+    for (const int tab : {1, 2}) {  // the first one is selected already
         QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab).center());
         EXPECT_EQ(form->tbsOptions.SelectedItem, tab + 1);
         EXPECT_TRUE(panel.optEditor(1).Enabled);
@@ -153,19 +151,6 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     auto& frame = widget(form->play.fraPlayback);
     QTest::mouseClick(&frame, Qt::LeftButton, {}, {5, frame.height() - 5});
     EXPECT_EQ(heard, "fraPlayback ");
-}
-
-TEST_F(Windows, AFormMayEndInsideItsOwnEvents) {
-    for (const bool byKey : {true, false}) {
-        auto& splash = application.load<docs::frmSplash>([] {});
-        splash.Show();
-        const QPointer<QWidget> gone = &windowOf(splash);
-        auto* button = gone->findChild<QPushButton*>("Command1");
-        byKey ? QTest::keyClick(button, Qt::Key_A) : button->click();
-        EXPECT_EQ(application.Count(), 1);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_FALSE(gone);
-    }
 }
 
 TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
@@ -214,7 +199,7 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
     }
     line.clear();
     QTest::keyClicks(&line, name(file));
-    EXPECT_EQ(form->compile.txtFname.Text(), file) << "typed by hand";
+    EXPECT_EQ(form->compile.txtFname.Text(), file) << "typed texts stay as they are";
     for (QWidget* place : QWidgetList{window, &line, &widget(form->tbsOptions)}) {
         for (const int files : {2, 1}) {
             line.setText("old");
@@ -244,7 +229,7 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
             EXPECT_EQ(dialog->windowTitle(), "Select");
             EXPECT_EQ(dialog->nameFilters(),
                       (QStringList{"Source (*.kel) (*.[kK][eE][lL])", "All Files (*.*) (*)"}));
-            EXPECT_EQ(dialog->directory(), QDir(folder.path() + "/games"));  // stays the last one
+            EXPECT_EQ(dialog->directory(), QDir(folder.path() + "/games"));  // the last one used
             edit->setText(shown.isEmpty() ? "c:/games/other.kel" : "other.kel");
             QTest::keyClick(edit, Qt::Key_Return);
         });
@@ -252,6 +237,25 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
                       *form, {"Select", "Source (*.kel)|*.kel|All Files (*.*)|*.*", offered}),
                   "c:" + host + "/games/other.kel");
     }
+}
+
+TEST_F(Windows, AFolderIsOpenedByItsRow) {
+    auto& dialog = dynamic_cast<dialogs::frmIncludeAdd&>(*fakes::everyForm(program).back());
+    dialog.Show();
+    window = &windowOf(dialog);
+    auto& rows = widget<QTreeWidget>(dialog.Dir1);
+    QTest::keyClick(&rows, Qt::Key_Up);
+    QTest::keyClick(&rows, Qt::Key_Return);
+    EXPECT_EQ(dialog.Dir1.Path(), "c:\\");
+    const QPoint nwb = rows.visualItemRect(rows.topLevelItem(0)->child(0)).center();
+    QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, nwb);
+    EXPECT_EQ(dialog.Dir1.Path(), "c:\\");
+    QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, nwb);
+    EXPECT_EQ(dialog.Dir1.Path(), "c:\\nwb");
+    auto& drives = widget<QComboBox>(dialog.Drive1);
+    QTest::keyClick(&drives, Qt::Key_Down);
+    EXPECT_EQ(told, "Cannot open d:\\");
+    EXPECT_EQ(drives.currentText(), "c:");
 }
 
 TEST_F(Windows, AMessageBoxAnswers) {
@@ -266,6 +270,7 @@ TEST_F(Windows, AMessageBoxAnswers) {
         QTimer::singleShot(0, [&, key = key, flags = flags] {
             auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
             EXPECT_EQ(box->parentWidget(), window);
+            EXPECT_EQ(box->text().remove(QChar(0x200b)).toStdString(), path + " not found");
             EXPECT_LT(box->width(), 800);
             EXPECT_EQ(box->icon() == QMessageBox::Warning, flags == Runtime::exclamation);
             QTest::keyClick(box, key);
@@ -274,8 +279,7 @@ TEST_F(Windows, AMessageBoxAnswers) {
     }
 }
 
-/// True if nothing of the widget's caption is cut off or left out, and a mark before it is in
-/// proportion.
+/// True if the widget shows its whole caption, and a mark before it is in proportion.
 bool captionFits(const QWidget& widget, const std::string& caption) {
     if (caption.empty()) return true;
     const QString text = name(withoutMnemonic(caption));
@@ -301,10 +305,11 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         for (int i = 1; i < application.Count(); ++i)
             application.Forms(i).Show();
         const QMainWindow& shown = windowOf(console);
-        EXPECT_FALSE(shown.findChild<QWidget*>("btnPlay"));  // made when first seen
         for (int tab = 1; tab <= 4; ++tab)
             console.tbsOptions.SelectedItem = tab;
-        // Entries of the menu without a path are greyed; the status bar shows date and time.
+        const QMainWindow& splash = windowOf(application.Forms(2));
+        EXPECT_TRUE(splash.findChild<QLabel*>("imgLogo")->hasScaledContents());
+        // Menu items without a path are disabled; the status bar shows date and time.
         EXPECT_FALSE(shown.findChild<QAction*>("mnuHelpManual")->isEnabled());
         EXPECT_TRUE(shown.findChild<QAction*>("mnuHelpAbout")->isEnabled());
         const auto panels = shown.statusBar()->findChildren<QLabel*>();
@@ -320,7 +325,12 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
                 EXPECT_TRUE(captionFits(*drawn, control->Caption))
                     << last.name << " " << control->fullName();
                 EXPECT_LE(control->font.points ? 0 : drawn->font().pointSizeF(), points);
-                EXPECT_EQ(drawn->toolTip(), qt::wrappingToolTip(control->tooltip));
+                EXPECT_EQ(QTextDocumentFragment::fromHtml(drawn->toolTip()).toPlainText(),
+                          name(control->tooltip));
+                // Qt names a combo box after its entry.
+                EXPECT_EQ(QAccessible::queryAccessibleInterface(drawn)->text(QAccessible::Name),
+                          name(control->name == "Drive1" ? "c:" : control->accessibleName()))
+                    << control->fullName();
             }
             last.Unload();
         }

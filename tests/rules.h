@@ -4,27 +4,25 @@
 
 #include "fakes.h"
 
-/// What must hold for the console after every action of a user, told from what the user sees.
+/// What must hold for the console after every user action, as seen by the user.
 namespace rules {
 
 using forms::Control;
 
+inline std::size_t driveSize(const std::string& fileText) {
+    return fileText.size() > 1 && fileText[1] == ':' ? 2 : 0;
+}
+
 inline std::string lead(const std::string& fileText) {
-    std::string lead;
-    std::string rest = fileText;
-    if (rest.size() > 1 && rest[1] == ':') {
-        lead += rest.substr(0, 2) + "\r\n";
-        rest = rest.substr(2);
-    }
-    const auto folder = rest.rfind('\\');
-    if (folder != std::string::npos) lead += "cd \"" + rest.substr(0, folder + 1) + "\"\r\n";
-    return lead;
+    const std::size_t drive = driveSize(fileText);
+    const std::size_t file = fileText.rfind('\\') + 1;  // 0 without a folder
+    return (drive ? fileText.substr(0, drive) + "\r\n" : "") +
+           (file > drive ? "cd \"" + fileText.substr(drive, file - drive) + "\"\r\n" : "");
 }
 
 /// The stem of a name that needs no short form.
 inline std::string stem(const std::string& fileText) {
-    std::string name = fileText.substr(fileText.size() > 1 && fileText[1] == ':' ? 2 : 0);
-    name = name.substr(name.rfind('\\') + 1);
+    std::string name = fileText.substr(std::max(driveSize(fileText), fileText.rfind('\\') + 1));
     name = name.substr(0, name.rfind('.'));
     return name.size() > 8 ? "" : name;
 }
@@ -101,7 +99,7 @@ inline void expectConsole(console::frmConsole& form) {
     }
 }
 
-/// Every rule above. Where the paths have been changed, they reach the texts with a rebuild.
+/// Checks every rule above. Changed paths reach the command texts only when these are rebuilt.
 inline void expectAll(console::frmConsole& form, const core::AppState& state, bool pathsChanged) {
     if (pathsChanged) {
         form.compile.UpdateCmdline();
