@@ -87,7 +87,8 @@ bool FileInput::paste(QLineEdit& edit, QClipboard::Mode mode) {
 bool FileInput::openMenu(QLineEdit& edit, const QPoint& place) {
     QMenu* menu = edit.createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (auto* action = menu->findChild<QAction*>("edit-paste")) {
+    for (QAction* action : menu->actions()) {
+        if (!action->text().startsWith(QLineEdit::tr("&Paste"))) continue;
         disconnect(action, nullptr, &edit, nullptr);
         connect(action, &QAction::triggered, &edit,
                 [this, &edit] { paste(edit, QClipboard::Clipboard); });
