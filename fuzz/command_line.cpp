@@ -1,5 +1,5 @@
-// A command is split into words at blanks outside quotes, and spawns the program that it names or
-// none.
+// A script is parsed into its lines. A command is split into words at blanks outside quotes, and
+// spawns the program that it names or none.
 
 #include "platform/posix/command_line.h"
 
@@ -9,12 +9,26 @@
 #include "core/runtime.h"
 #include "core/text.h"
 #include "disk.h"
+#include "platform/posix/batch_script.h"
 #include "platform/posix/launcher.h"
 
 namespace {
 
 using fuzz::check;
 using platform::CommandLine;
+
+void checkScript(std::string_view script) {
+    const auto lines = platform::parseBatch(script);
+    std::string again;
+    for (const auto& line : lines)
+        again += line.text + "\r\n";
+    const auto parsed = platform::parseBatch(again);
+    const auto same = [](const auto& one, const auto& other) {
+        return one.text == other.text && one.kind == other.kind && one.folder == other.folder;
+    };
+    check(std::equal(lines.begin(), lines.end(), parsed.begin(), parsed.end(), same),
+          "a script of these lines says the same");
+}
 
 struct Desk : fuzz::Disk {
     Desk()
@@ -69,6 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     static Desk desk;
     std::string_view input(reinterpret_cast<const char*>(data), size);
     const unsigned kind = fuzz::choice(input) % 4;
+    checkScript(input);
     const CommandLine line(input);
     checkWords(line, input);
 

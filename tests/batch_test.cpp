@@ -27,11 +27,12 @@ class Batch : public LinuxDesktop {
 
     bool run(const std::string& script) {
         fs::remove(home / "echo");
-        std::istringstream in;
+        std::istringstream in("\n");
         std::ostringstream out;
         WindowsDisk disk(Drives::ofUser());
         const bool done = BatchInterpreter(disk, in, out).run(script);
         shown = out.str();
+        paused = in.peek() == EOF;
         return done;
     }
     [[nodiscard]] std::string echoed() const { return contentOf(home / "echo"); }
@@ -41,6 +42,7 @@ class Batch : public LinuxDesktop {
 
     const std::string tool = "\"c:\\kelm\\tool.exe\" ";
     std::string shown;
+    bool paused = false;
 };
 
 }  // namespace
@@ -88,6 +90,9 @@ TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
     EXPECT_EQ(echoed(),
               (c / "my games").string() +
                   "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][A____X~1.KEL][-d]\n");
+    program(home / "bin/wine", "#!/bin/sh\necho $WINEPREFIX > $NWBW_ECHO\n");
+    EXPECT_TRUE(run(line));
+    EXPECT_EQ(echoed(), (home / "nwbw\n").string());
 }
 
 TEST_F(Batch, KeepsEachDrivesFolder) {
@@ -122,6 +127,7 @@ TEST_F(Batch, TellsWhatIsMissing) {
         {tool + "-OF\\\\s\\x", "tool.exe \\\\s\\x: there is no such place.", true},
         {"notepad \\\\s\\x", "Cannot start notepad \\\\s\\x: there is no such place", true},
         {tool + "x < none.log", "cannot read none.log: No such file or directory", true},
+        {tool + "x < q:\\y", "cannot read q:\\y: No such drive", true},
         {tool + "x <", "no file is named", true},
         {tool + "x < \\", "cannot read \\: It is no ordinary file", true},
         {tool + "x\0y"s, "a word holds a NUL byte", true},
@@ -165,6 +171,7 @@ TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
     };
     for (const auto& [script, message] : cases) {
         EXPECT_EQ(run(script), *message == '\0') << script;
+        EXPECT_EQ(paused, std::string(script).find("ause") != std::string::npos) << script;
         EXPECT_TRUE(shown.ends_with(message) && (*message != '\0' || !shown.ends_with(".\n")))
             << shown;
     }
@@ -225,9 +232,12 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
         await([&] { return echoed().ends_with('\n'); });
         return echoed();
     };
+    putEchoChild("xterm");
+    putEchoChild("editor");
+    EXPECT_EQ(openEditor(),
+              c.string() + "[-maximized][-e][" + (home / "bin/editor").string() + "]" + file);
     setenv("VISUAL", "ed -w", 1);
     putEchoChild("ed");
-    putEchoChild("xterm");
     EXPECT_EQ(openEditor(),
               c.string() + "[-maximized][-e][" + (home / "bin/ed").string() + "][-w]" + file);
     putEchoChild("kate");  // has a window of its own
@@ -245,6 +255,9 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
                         " ended with exit code 7. Name another one in the environment variable "
                         "TERMINAL.");
     fs::remove(xterm);
-    EXPECT_EQ(errorOf([&] { runtime.rtcShell("c:\\x.bat", 1); }).find("No terminal was found."),
-              0U);
+    const auto errorOfStart = [&](const std::string& command) {
+        return errorOf([&] { runtime.rtcShell(command, 1); });
+    };
+    EXPECT_TRUE(errorOfStart("c:\\x.bat").starts_with("No terminal was found."));
+    EXPECT_EQ(errorOfStart("c:\\none.bat"), "Cannot start c:\\none.bat: there is no such file");
 }

@@ -110,7 +110,10 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         form.play.txtFnameP.type("n\tew\x7f.kcd\nlost");
         form.play.chkHideP.click();
         form.play.optPlayer(0).click();
-        form.keyDown(9, ctrlMask);
+        const int shifts[] = {0, ctrlMask, ctrlMask, ctrlMask | shiftMask, altMask | shiftMask};
+        for (const int shift : shifts)
+            form.keyDown(9, shift);
+        form.keyDown('A', ctrlMask);
         form.moved({10, 20, 300, 400}, row.window);
         desk.application.load<docs::frmSplash>([] {});
         if (row.fails) desk.runtime.failAt = desk.runtime.calls + 1;

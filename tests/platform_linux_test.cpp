@@ -52,6 +52,7 @@ TEST_F(Disk, FollowsPathsAndShortensThem) {
         {"c:\\kelm\\..\\kelm", c / "kelm", "c:\\kelm\\..\\kelm"},
         {"c:\\", c, "c:\\"},
         {"z:\\", "/", "z:\\"},
+        {"z:\\USR\\bin", "/usr/bin", "z:\\usr\\bin"},
         {"c:new.kel", games / "new.kel", ""},
         {"caf\xea.kel", games / "caf\xea.kel", ""},
         {"WIZARD~1.kcd", games / "Wizardquest.kcd", ""},

@@ -92,6 +92,12 @@ struct WindowWalk : testing::Test, endurance::Choices {
             const QWidget& widget = peer->widget();
             const auto own = widget.metaObject()->userProperty().read(&widget).toString();
             ASSERT_EQ(own.toStdString(), held(*control, own.toStdString())) << control->fullName();
+            if (const auto* list = dynamic_cast<const forms::ListBox*>(control)) {
+                const auto& rows = dynamic_cast<const QListWidget&>(widget);
+                ASSERT_EQ(rows.count(), list->ListCount());
+                for (int i = 0; i < rows.count(); ++i)
+                    ASSERT_EQ(rows.item(i)->text().toStdString(), list->List(i));
+            }
             ASSERT_EQ(widget.isEnabledTo(widget.parentWidget()), control->Enabled);
             ASSERT_EQ(widget.isVisibleTo(widget.parentWidget()), control->inSight());
         }

@@ -18,7 +18,7 @@ class RandomUser : public endurance::Choices {
         const auto controls = form.allControls();
         switch (any(12)) {
             case 0:
-                strikeTab(form);
+                form.keyDown(9, static_cast<int>(any(8)));
                 break;
             case 1:
                 form.pressDefault();
@@ -29,19 +29,6 @@ class RandomUser : public endurance::Choices {
             default:
                 touch(*controls[any(controls.size())]);
         }
-    }
-
-    /// Ctrl+Tab selects the next tab of the console, Ctrl+Shift+Tab the previous one.
-    void strikeTab(forms::Form& form) {
-        auto& tabs = desk_.opened->tbsOptions;
-        const int shift = static_cast<int>(any(8));
-        const int before = tabs.SelectedItem;
-        form.keyDown(9, shift);
-        form.keyDown('A', shift);
-        const bool turns = &form == desk_.opened && shift & forms::ctrlMask;
-        const int by = !turns ? 0 : shift & forms::shiftMask ? 3 : 1;
-        ASSERT_EQ(tabs.SelectedItem, (before - 1 + by) % 4 + 1);
-        if (turns) expectFitted();
     }
 
     /// Expects that the selected tab enables only options whose program is set.
