@@ -93,7 +93,6 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         {text, Qt::Key_D, Qt::AltModifier, "chkDebug @chkDebug"},
         {text, Qt::Key_P, Qt::AltModifier, "optFormat(2) @optFormat(2)"},
         {panel.optFormat(2), Qt::Key_Up, {}, "optFormat(0) @optFormat(0)"},
-        {text, Qt::Key_R, Qt::AltModifier, "@txtFname"},  // on another tab
         {text, Qt::Key_Backspace, Qt::ControlModifier, "txtFname @txtFname"},
         {panel.optFormat(0), Qt::Key_Tab, {}, "@chkDebug"},
         {text, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameP"},
@@ -126,12 +125,15 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
 
     panel.lstInclude.AddItem("c:\\a");
     panel.lstInclude.SetFocus();
-    EXPECT_EQ(panel.lstInclude.ListIndex, -1);
     heard.clear();
     EXPECT_EQ(strike(Qt::Key_Down), "lstInclude @lstInclude");
     auto& list = widget<QListWidget>(panel.lstInclude);
     list.clearSelection();  // Qt allows it, the model does not
     EXPECT_EQ(list.selectedItems().size(), 1);
+    panel.lstInclude.setList(0, "c:\\b");
+    EXPECT_EQ(list.item(0)->text(), "c:\\b");
+    panel.lstInclude.Clear();
+    EXPECT_EQ(list.count(), 0);
     for (QWidget* next : {&widget(panel.btnCompile), &widget(panel.btnBrowse)})
         next->setFocus();
     EXPECT_TRUE(widget<QPushButton>(panel.btnCompile).isDefault()) << "after it has lost the focus";
@@ -236,7 +238,7 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
             auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
             auto* edit = dialog->findChild<QLineEdit*>();
             EXPECT_EQ(edit->text(), shown);
-            EXPECT_GE(dialog->sidebarUrls().size(), 26) << "the drives";
+            EXPECT_EQ(dialog->sidebarUrls().last(), QUrl::fromLocalFile(folder.path() + "\\"));
             EXPECT_EQ(dialog->windowTitle(), "Select");
             EXPECT_EQ(dialog->nameFilters(),
                       (QStringList{"Source (*.kel) (*.[kK][eE][lL])", "All Files (*.*) (*)"}));
@@ -256,6 +258,7 @@ TEST_F(Windows, AFolderIsOpenedByItsRow) {
     window = &windowOf(dialog);
     auto& rows = widget<QTreeWidget>(dialog.Dir1);
     QTest::keyClick(&rows, Qt::Key_Up);
+    EXPECT_EQ(dialog.Dir1.Path(), "c:\\nwb");
     QTest::keyClick(&rows, Qt::Key_Return);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\");
     const QPoint nwb = rows.visualItemRect(rows.topLevelItem(0)->child(0)).center();
@@ -358,6 +361,8 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir settings;  // of Qt's own dialogs
+    qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
     const qt::QtApplication application(argv, [] {});
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

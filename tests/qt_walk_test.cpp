@@ -20,8 +20,7 @@ std::string held(const forms::Control& control, const std::string& otherwise) {
         return option->Value ? "true" : "false";
     if (const auto* text = dynamic_cast<const forms::TextBox*>(&control))
         return std::regex_replace(text->Text(), std::regex("\r"), "");
-    const auto* list = dynamic_cast<const forms::ListBox*>(&control);
-    return list && list->ListIndex >= 0 ? std::to_string(list->ListIndex) : otherwise;
+    return otherwise;
 }
 
 /// A user who presses any key and clicks anywhere, in the topmost window.
@@ -95,6 +94,7 @@ struct WindowWalk : testing::Test, endurance::Choices {
             if (const auto* list = dynamic_cast<const forms::ListBox*>(control)) {
                 const auto& rows = dynamic_cast<const QListWidget&>(widget);
                 ASSERT_EQ(rows.count(), list->ListCount());
+                ASSERT_EQ(rows.currentRow(), list->ListIndex);
                 for (int i = 0; i < rows.count(); ++i)
                     ASSERT_EQ(rows.item(i)->text().toStdString(), list->List(i));
             }

@@ -16,19 +16,15 @@ class RandomUser : public endurance::Choices {
     void step(forms::Form& form) {
         ++actions;
         const auto controls = form.allControls();
-        switch (any(12)) {
-            case 0:
-                form.keyDown(9, static_cast<int>(any(8)));
-                break;
-            case 1:
-                form.pressDefault();
-                break;
-            case 2:
-                if (&form != desk_.opened) form.pressCancel();
-                break;
-            default:
-                touch(*controls[any(controls.size())]);
-        }
+        const std::size_t action = any(12);
+        if (action == 0)
+            form.keyDown(9, static_cast<int>(any(8)));
+        else if (action == 1)
+            form.pressDefault();
+        else if (action == 2 && &form != desk_.opened)
+            form.pressCancel();
+        else
+            touch(*controls[any(controls.size())]);
     }
 
     /// Expects that the selected tab enables only options whose program is set.

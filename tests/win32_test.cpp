@@ -120,7 +120,6 @@ TEST_F(Windows, KeysReachTheModel) {
     press(WM_KEYDOWN, VK_TAB);
     press(WM_CHAR, 'q');
     EXPECT_EQ(form->compile.txtFname.Text(), "q");
-    EXPECT_EQ(form->mnemonicTarget('F', &form->compile.txtFname), &form->mnuFile);
     press(WM_KEYDOWN, VK_RETURN);
     EXPECT_EQ(runtime.boxes.back().text.substr(0, 11), "Kelm source");
     press(WM_KEYDOWN, VK_TAB, VK_CONTROL);
