@@ -308,7 +308,7 @@ bool captionFits(const QWidget& widget, const std::string& caption) {
     int edges = button ? 8 : 0;
     if (marked) edges = mark + 3;
     return letters.horizontalAdvance(text) + edges <= widget.width() &&
-           letters.height() <= widget.height() && (!marked || 3 * mark > 2 * letters.height());
+           letters.height() <= widget.height() && (!marked || 4 * mark > 3 * letters.height());
 }
 
 TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
@@ -331,7 +331,6 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         EXPECT_GT(shown.font().pointSizeF(), 7.2 * qt::enlargement()) << "not the smallest size";
         // Menu items without a path are disabled; the status bar shows date and time.
         EXPECT_FALSE(shown.findChild<QAction*>("mnuHelpManual")->isEnabled());
-        EXPECT_TRUE(shown.findChild<QAction*>("mnuHelpAbout")->isEnabled());
         const auto panels = shown.statusBar()->findChildren<QLabel*>();
         EXPECT_EQ(panels[1]->text(),
                   QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));

@@ -125,7 +125,8 @@ TEST_F(Windows, KeysReachTheModel) {
     press(WM_KEYDOWN, VK_TAB, VK_CONTROL);
     EXPECT_EQ(GetFocus(), windowOf(form->play.txtFnameP));
     press(WM_SYSCHAR, 'r', VK_MENU);
-    EXPECT_EQ(form->play.chkPlayback.Value, 1);
+    SetFocus(windowOf(form->play.optPlayer(2)));
+    EXPECT_EQ(form->play.player(), 1) << "the focus alone selects nothing";
     SetFocus(windowOf(form->play.optPlayer(1)));
     press(WM_KEYDOWN, VK_UP);
     EXPECT_EQ(form->play.player(), 2) << "wraps around and skips a disabled option";
