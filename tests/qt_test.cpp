@@ -97,14 +97,19 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         {panel.optFormat(0), Qt::Key_Tab, {}, "@chkDebug"},
         {text, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameP"},
         {form->play.txtFnameP, Qt::Key_Return, {}, "btnPlay @txtFnameP"},
+        {form->play.txtFnameP, Qt::Key_Tab, Qt::ControlModifier, "chkAutoOpen @txtFnameS"},
+        {form->spelling.txtFnameS, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameE"},
     };
+    form->edit.txtFnameE.Text = "cave.kel";
+    heard.clear();
     for (const auto& row : rows) {
         widget(row.focus).setFocus();
         QCoreApplication::processEvents();
         EXPECT_EQ(strike(row.key, row.modifiers), row.expected)
             << row.focus.fullName() << " " << QKeySequence(row.key).toString().toStdString();
     }
-    QTest::keyClick(&widget(form->play.txtFnameP), Qt::Key_F, Qt::AltModifier);
+    EXPECT_FALSE(widget<QLineEdit>(form->edit.txtFnameE).hasSelectedText());
+    QTest::keyClick(window->focusWidget(), Qt::Key_F, Qt::AltModifier);
     ASSERT_TRUE(QApplication::activePopupWidget());
     QApplication::activePopupWidget()->close();
 }

@@ -1,6 +1,7 @@
 #include "platform/qt/keyboard.h"
 
 #include <QCoreApplication>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -152,6 +153,8 @@ void Keyboard::focusFirst() {
 /// may choose a control outside all of them.
 void Keyboard::followPanel() {
     if (left_->parent()->usable()) return;
+    // Qt selects a text that it focuses as after Tab, and the next letter would replace it.
+    if (auto* line = qobject_cast<QLineEdit*>(window_.focusWidget())) line->deselect();
     const forms::Control* focused = controlOf(form_, window_.focusWidget());
     if (focused && focused->usable() && focused->parent() != &form_) return;
     focus(forms::focusAfter(*left_, takesFocus()));
