@@ -42,7 +42,7 @@ Request parse(const std::vector<std::string>& words, const Options& known) {
     for (auto word = words.begin(); word != words.end(); ++word) {
         if (known.output && word->starts_with("-OF")) {
             request.output = word->substr(3);
-            if (request.output->empty()) throw std::runtime_error("there is no name behind -OF");
+            if (request.output->empty()) throw std::runtime_error("there is no name after -OF");
         } else if (known.withValue.contains(*word)) {
             const std::string option = *word;
             if (++word == words.end()) throw std::runtime_error("nothing follows " + option);

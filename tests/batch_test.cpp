@@ -119,7 +119,7 @@ TEST_F(Batch, TellsWhatIsMissing) {
         {"\"c:\\none.exe\" x", "Cannot start c:\\none.exe: there is no such program", true},
         {"cdplayer", "Cannot start cdplayer: there is no such program on the search path", true},
         {"\"\" x", "Cannot start a program: none is named", true},
-        {"c:\\plain.txt", "Cannot start c:\\plain.txt: it is no program", true},
+        {"c:\\plain.txt", "Cannot start c:\\plain.txt: it is not a program", true},
         {"c:\\tool", "Cannot start c:\\tool: it may not be executed", true},
         {"notepad x", "No text editor was found. Install one", true},
         {tool + "q:\\x", "Cannot start c:\\kelm\\tool.exe q:\\x: there is no such place.", true},
@@ -129,7 +129,7 @@ TEST_F(Batch, TellsWhatIsMissing) {
         {tool + "x < none.log", "cannot read none.log: No such file or directory", true},
         {tool + "x < q:\\y", "cannot read q:\\y: No such drive", true},
         {tool + "x <", "no file is named", true},
-        {tool + "x < \\", "cannot read \\: It is no ordinary file", true},
+        {tool + "x < \\", "cannot read \\: It is not an ordinary file", true},
         {tool + "x\0y"s, "a word holds a NUL byte", true},
         {"\302\2332J x", "Cannot start ?2J", true},
     };

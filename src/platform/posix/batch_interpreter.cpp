@@ -109,14 +109,14 @@ void BatchInterpreter::changeFolder(const std::string& path) {
 std::string BatchInterpreter::inputFile(const CommandLine& command) {
     if (!command.input) return "";
     if (command.input->empty()) {
-        throw core::RuntimeError("The command was not run: no file is named behind \"<\".");
+        throw core::RuntimeError("The command was not run: no file is named after \"<\".");
     }
     std::string file = disk_.toHost(*command.input);
     if (file.empty()) refuseInput(*command.input, "No such drive");
     if (access(file.c_str(), R_OK) != 0) refuseInput(*command.input, std::strerror(errno));
     std::error_code failed;
     if (!std::filesystem::is_regular_file(file, failed))
-        refuseInput(*command.input, "It is no ordinary file");
+        refuseInput(*command.input, "It is not an ordinary file");
     return file;
 }
 

@@ -86,7 +86,7 @@ Invocation Launcher::prepare(const CommandLine& command) {
             ArgumentMap(disk_, name).toLongNames(arguments);
             break;
         case Kind::Unknown:
-            refuse(name, "it is no program that runs here.");
+            refuse(name, "it is not a program that runs here.");
     }
     invocation.words.insert(invocation.words.end(), arguments.begin(), arguments.end());
     return invocation;

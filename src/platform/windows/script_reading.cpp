@@ -16,8 +16,8 @@ namespace {
 [[noreturn]] void refuse(std::string_view name, char character) {
     const std::string shown =
         character < ' ' && character >= 0 ? "a control character" : core::quoted({&character, 1});
-    refuse("the command interpreter would take " + shown + " in the name " + core::quoted(name) +
-           " for its own. Rename the file or folder, or move it.");
+    refuse("the command interpreter would treat " + shown + " in the name " + core::quoted(name) +
+           " as a command. Rename the file or folder, or move it.");
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -51,7 +51,7 @@ void checkLine(std::string_view line) {
         if (inQuotes) continue;
         if (line.substr(i).starts_with(" -")) nameStart = i + 1;
         if (c == '<' && !readsFile) {
-            if (trimmed(line.substr(i + 1)).empty()) refuse("no file is named behind \"<\".");
+            if (trimmed(line.substr(i + 1)).empty()) refuse("no file is named after \"<\".");
             readsFile = true;
             nameStart = i + 1;
         } else if (std::string_view("&|^><").find(c) != std::string_view::npos) {
