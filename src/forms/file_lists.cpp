@@ -26,10 +26,10 @@ std::string folderPath(std::string path) {
     return path;
 }
 
-/// Returns the folder that the lists start on. It is on one of the drives, if there are any.
-std::string startFolder(Disk& disk) {
+/// Returns the folder that the lists start on: the current one, or the first drive's root if that
+/// is on none of the drives.
+std::string startFolder(Disk& disk, const std::vector<std::string>& drives) {
     const std::string current = folderPath(disk.currentFolder());
-    const auto drives = disk.drives();
     const bool onDrive =
         std::find(drives.begin(), drives.end(), lowered(current.substr(0, 2))) != drives.end();
     return onDrive || drives.empty() ? current : folderPath(drives.front());
@@ -40,7 +40,7 @@ std::string startFolder(Disk& disk) {
 DriveList::DriveList(Container& parent, Definition definition, Disk& disk)
     : Control(&parent, std::move(definition)),
       drives_(disk.drives()),
-      drive_(lowered(startFolder(disk).substr(0, 2))) {}
+      drive_(lowered(startFolder(disk, drives_).substr(0, 2))) {}
 
 void DriveList::select(const std::string& drive) {
     const std::string selected = lowered(drive);
@@ -65,7 +65,7 @@ void DriveList::pick(int index) {
 
 FolderList::FolderList(Container& parent, Definition definition, Disk& disk)
     : Control(&parent, std::move(definition)), disk_(disk) {
-    const std::string start = startFolder(disk);
+    const std::string start = startFolder(disk, disk.drives());
     try {
         fill(start, disk_.folders(start));
     } catch (const RuntimeError&) {
