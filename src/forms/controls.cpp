@@ -27,10 +27,11 @@ std::vector<OptionButton*> OptionButton::group() const {
 /// Draws the whole group, since its tab stop may have moved.
 void OptionButton::changed(Effect effect) {
     const bool selected = effect == Effect::Raise && Value;
-    for (OptionButton* option : group()) {
+    const std::vector<OptionButton*> options = group();
+    for (OptionButton* option : options) {
         if (selected && option != this) option->Value.store(false);
     }
-    for (OptionButton* option : group())
+    for (OptionButton* option : options)
         option->draw();
     if (selected) raise();
 }
@@ -47,7 +48,7 @@ bool OptionButton::isTabStop() const {
     return stop != options.end() && *stop == this;
 }
 
-OptionButton& OptionButton::beside(int step) {
+OptionButton& OptionButton::nextOption(int step) {
     auto options = group();
     if (step < 0) std::reverse(options.begin(), options.end());
     std::rotate(options.begin(), std::find(options.begin(), options.end(), this) + 1,

@@ -103,7 +103,7 @@ class OptionButton : public Control {
     [[nodiscard]] bool isTabStop() const;
     /// Returns the option that an arrow key selects: the next usable one of the container, or the
     /// previous one if step is negative, wrapping around.
-    OptionButton& beside(int step);
+    OptionButton& nextOption(int step);
 
   protected:
     /// A click on the selected option runs its handler again.

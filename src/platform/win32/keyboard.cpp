@@ -79,7 +79,7 @@ bool Keyboard::escape() {
 bool Keyboard::arrow(MSG& message, int step) {
     auto* option = dynamic_cast<forms::OptionButton*>(focused());
     if (!option || message.message != WM_KEYDOWN) return IsDialogMessageW(window_, &message);
-    forms::OptionButton& next = option->beside(step);
+    forms::OptionButton& next = option->nextOption(step);
     focus(next);
     next.click();
     return true;
