@@ -210,7 +210,7 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
 
     runtime.files.clear();
     nextDialog<List>([&](List& list) {
-        for (int i = 2; i < core::mostIncludes; ++i)
+        for (int i = 2; i < core::maxIncludes; ++i)
             add(list.btnAdd, "f");
         EXPECT_TRUE(runtime.boxes.empty());
         list.btnAdd.click();

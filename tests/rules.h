@@ -111,7 +111,7 @@ inline void expectAll(console::frmConsole& form, const core::AppState& state, bo
     expectPlay(form.play, state);
     expectSpelling(form.spelling, state);
     const int folders = form.compile.lstInclude.ListCount();
-    ASSERT_LE(folders, core::mostIncludes);
+    ASSERT_LE(folders, core::maxIncludes);
     for (int i = 0; i < folders; ++i)
         ASSERT_EQ(form.compile.lstInclude.List(i), state.IncludeFolders[i]);
     ASSERT_EQ(state.IncludeFolders[folders], "");

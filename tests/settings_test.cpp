@@ -102,7 +102,7 @@ TEST_F(Settings, DamagedFilesAreReadAsFarAsTheyGo) {
         {"x|1|1|1|-1|0", " 0 | 1 | 1 | 1 | 1 | 1 "},
         {"|1|1|1||", "| 1 | 1 | 1 | 1 | 1 "}};
     std::string most;
-    while (most.size() < 2 * core::mostIncludes)
+    while (most.size() < 2 * core::maxIncludes)
         most += "|f";
     for (const auto& [numbers, read] : cases)
         EXPECT_EQ(load(ini, lines(header + texts + numbers + most + most)), texts + read + most);

@@ -11,7 +11,7 @@ Workbench::Workbench(core::Runtime& runtime, forms::Toolkit& toolkit)
           [&runtime](const std::string& text) {
               runtime.rtcMsgBox(text, core::Runtime::exclamation);
           },
-          [this] { saveAtBug(); }),
+          [this] { saveOnBug(); }),
       program_{runtime, application_, {}} {}
 
 void Workbench::start() {
@@ -29,8 +29,8 @@ void Workbench::openConsole() {
     console_->Show();
 }
 
-void Workbench::saveAtBug() {
-    // Before the console is filled the file holds more than the program; once it is gone, as much.
+void Workbench::saveOnBug() {
+    // Before the console is filled, it lacks what the file has; after it has closed, all is saved.
     if (console_ && application_.Count() > 0) console_->save();
 }
 

@@ -7,7 +7,7 @@ namespace console {
 
 class frmConsole;
 
-/// The whole program above its platform, assembled once for all systems.
+/// The whole program on top of its platform, assembled once for all systems.
 class Workbench {
   public:
     /// Both must outlive the workbench.
@@ -20,11 +20,11 @@ class Workbench {
 
   private:
     void openConsole();
-    void saveAtBug();
+    void saveOnBug();
 
     forms::Application application_;
     core::Program program_;
-    frmConsole* console_ = nullptr;  ///< once it is filled
+    frmConsole* console_ = nullptr;  ///< null until it is filled
 };
 
 }  // namespace console

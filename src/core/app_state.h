@@ -9,7 +9,7 @@ namespace core {
 /// Number of slots for include folders. An empty slot ends the list, so it holds at most one folder
 /// fewer.
 inline constexpr int includeSlots = 21;
-inline constexpr int mostIncludes = includeSlots - 1;
+inline constexpr int maxIncludes = includeSlots - 1;
 
 /// The program's shared state. Readers fetch a field when they need it; there is no change
 /// notification. An empty string means that the field is not set.

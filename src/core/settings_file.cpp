@@ -90,7 +90,7 @@ void readNumbers(Runtime& runtime, AppState& state) {
 }
 
 void readFolders(Runtime& runtime, AppState& state) {
-    for (int slot = 0; slot < mostIncludes && !runtime.rtcEndOfFile(); ++slot) {
+    for (int slot = 0; slot < maxIncludes && !runtime.rtcEndOfFile(); ++slot) {
         state.IncludeFolders[slot] = runtime.vbaInputFile();
     }
 }
@@ -128,7 +128,7 @@ void readBeta3(Program& program, const std::string& path) {
 }
 
 /// True if the file is complete up to the folders. The folder list has no end mark to check.
-bool isWhole(Runtime& runtime, const std::string& path) {
+bool isComplete(Runtime& runtime, const std::string& path) {
     runtime.vbaFileOpen(path, Runtime::OpenMode::Input);
     const bool isCurrent = runtime.vbaInputFile() == currentHeader;
     for (std::size_t field = 0; field < std::size(textFields) + std::size(hideFlags) + 1; ++field)
@@ -148,7 +148,7 @@ bool found(Program& program, const std::string& path) {
 bool completeSave(Program& program, const SettingsPaths& paths) {
     Runtime& runtime = program.runtime;
     if (!found(program, paths.writing) || !exists(runtime, paths.backup)) return false;
-    if (!isWhole(runtime, paths.writing)) return false;
+    if (!isComplete(runtime, paths.writing)) return false;
     runtime.vbaNameFile(paths.writing, paths.current);
     program.unreadSettings = paths.current;
     return true;
@@ -221,7 +221,7 @@ void replaceCurrent(Runtime& runtime, const SettingsPaths& paths, const std::str
 }
 
 /// Returns an unused path that no save writes to.
-std::string nameAside(Runtime& runtime) {
+std::string unusedName(Runtime& runtime) {
     for (int number = 1;; ++number) {
         std::string path = runtime.AppPath() + "\\nwbw-unread-" + std::to_string(number) + ".ini";
         if (!exists(runtime, path)) return path;
@@ -236,15 +236,15 @@ bool isGone(Runtime& runtime, const std::string& path) {
     }
 }
 
-/// Moves an interrupted save aside that the load could not read or did not reach.
+/// Renames an interrupted save that the load could not read or did not reach.
 void clearWriting(Program& program, const SettingsPaths& paths) {
     Runtime& runtime = program.runtime;
     std::string& unread = program.unreadSettings;
     if (unread == paths.current && isGone(runtime, paths.current)) unread = paths.writing;
     if (unread != paths.writing) return;
-    const std::string aside = nameAside(runtime);
-    if (exists(runtime, paths.writing)) runtime.vbaNameFile(paths.writing, aside);
-    unread = aside;
+    const std::string unused = unusedName(runtime);
+    if (exists(runtime, paths.writing)) runtime.vbaNameFile(paths.writing, unused);
+    unread = unused;
 }
 
 /// Saves the state without losing a file that the load could not read.
@@ -255,13 +255,13 @@ void save(Program& program, const SettingsPaths& paths) {
     writeNew(runtime, program.state, paths.writing);
     if (exists(runtime, paths.backup)) runtime.rtcKillFiles(paths.backup);
     const bool keepsOld = unread == paths.current;
-    const std::string old = keepsOld ? nameAside(runtime) : paths.backup;
+    const std::string old = keepsOld ? unusedName(runtime) : paths.backup;
     replaceCurrent(runtime, paths, old);
     if (keepsOld) unread = old;
 }
 
 /// Shows, once, where the file is kept that the load could not read or would have read next.
-void tellUnread(Program& program, const SettingsPaths& paths) {
+void showUnread(Program& program, const SettingsPaths& paths) {
     std::string& unread = program.unreadSettings;
     if (unread.empty()) return;
     Runtime& runtime = program.runtime;
@@ -292,7 +292,7 @@ void SaveSettings(Program& program) {
     const SettingsPaths paths(program.runtime);
     try {
         save(program, paths);
-        tellUnread(program, paths);
+        showUnread(program, paths);
     } catch (const RuntimeError& error) {
         program.runtime.rtcMsgBox(error.what(), Runtime::exclamation);
     }

@@ -18,10 +18,10 @@ void frmIncludeAdd::Form_Activate() {
 
     Runtime& runtime = program_.runtime;
     bool failed = false;
-    bool told = false;
+    bool shown = false;
     // A step that fails moves the folder list to "c:\", and later steps read the text again. If
     // "c:\" fails too, the lists stay as they are.
-    const auto trapped = [&](const std::function<void()>& step) {
+    const auto attempt = [&](const std::function<void()>& step) {
         try {
             step();
         } catch (const core::RuntimeError&) {
@@ -30,16 +30,16 @@ void frmIncludeAdd::Form_Activate() {
             try {
                 Dir1.Path = "c:\\";
             } catch (const core::RuntimeError& error) {
-                if (!told) runtime.rtcMsgBox(error.what(), Runtime::exclamation);
-                told = true;
+                if (!shown) runtime.rtcMsgBox(error.what(), Runtime::exclamation);
+                shown = true;
             }
         }
     };
 
-    trapped([&] { Dir1.Path = txtFolder.Text(); });
+    attempt([&] { Dir1.Path = txtFolder.Text(); });
     const std::string given = txtFolder.Text;  // selecting the drive rewrites the text
-    trapped([&] { Drive1.Drive = std::string(core::drivePart(given)); });
-    trapped([&] { Dir1.Path = failed ? txtFolder.Text() : given; });
+    attempt([&] { Drive1.Drive = std::string(core::drivePart(given)); });
+    attempt([&] { Dir1.Path = failed ? txtFolder.Text() : given; });
 }
 
 void frmIncludeAdd::OKButton_Click() {

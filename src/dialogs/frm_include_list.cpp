@@ -20,7 +20,7 @@ void frmIncludeList::List1_Click() {
 }
 
 void frmIncludeList::btnAdd_Click() {
-    if (List1.ListCount() >= core::mostIncludes) {
+    if (List1.ListCount() >= core::maxIncludes) {
         program_.runtime.rtcMsgBox("The search list is full. It can hold 20 folders.",
                                    core::Runtime::okOnly);
         return;

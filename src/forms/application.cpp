@@ -7,9 +7,9 @@
 
 namespace forms {
 
-Application::Application(Toolkit& toolkit, std::function<void(const std::string&)> tellError,
-                         std::function<void()> saveAtBug)
-    : toolkit_(toolkit), tellError_(std::move(tellError)), saveAtBug_(std::move(saveAtBug)) {}
+Application::Application(Toolkit& toolkit, std::function<void(const std::string&)> showError,
+                         std::function<void()> saveOnBug)
+    : toolkit_(toolkit), showError_(std::move(showError)), saveOnBug_(std::move(saveOnBug)) {}
 
 Application::~Application() = default;
 
@@ -30,10 +30,10 @@ void Application::run(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const RuntimeError& error) {
-        tellError_(error.what());
+        showError_(error.what());
     } catch (const std::exception&) {
-        // Once: on its way out the bug passes the boundary of each outer handler too.
-        if (const auto save = std::exchange(saveAtBug_, nullptr)) save();
+        // Only once: the exception passes the boundary of each outer handler too.
+        if (const auto save = std::exchange(saveOnBug_, nullptr)) save();
         throw;
     }
 }

@@ -53,10 +53,10 @@ class Toolkit {
 /// Owns the open forms and is the single entry point for user actions.
 class Application {
   public:
-    /// tellError shows the text of a failed operation to the user. saveAtBug runs before a bug
+    /// `showError` shows the text of a failed operation to the user. `saveOnBug` runs before a bug
     /// ends the program, at most once.
-    Application(Toolkit& toolkit, std::function<void(const std::string&)> tellError,
-                std::function<void()> saveAtBug = nullptr);
+    Application(Toolkit& toolkit, std::function<void(const std::string&)> showError,
+                std::function<void()> saveOnBug = nullptr);
     ~Application();
 
     /// Runs a handler for an action of the user or the window system. A RuntimeError ends the
@@ -87,8 +87,8 @@ class Application {
     void remove(Form& form);
 
     Toolkit& toolkit_;
-    std::function<void(const std::string&)> tellError_;
-    std::function<void()> saveAtBug_;
+    std::function<void(const std::string&)> showError_;
+    std::function<void()> saveOnBug_;
     std::vector<std::unique_ptr<Form>> open_;
     std::vector<std::unique_ptr<Form>> gone_;  ///< unloaded; handlers may still be running
     Form* active_ = nullptr;                   ///< the form that was activated last

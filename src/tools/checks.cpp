@@ -9,10 +9,21 @@ namespace tools {
 using core::exists;
 using core::Runtime;
 
+namespace {
+
+constexpr const char* noShortPath =
+    "its path has no short form of up to 254 characters. Give the file a name of one to eight "
+    "characters, or move it nearer to the root of its drive.";
+constexpr const char* noShortName =
+    "its drive keeps no short form of the name, and the tool would take a name with blanks for "
+    "several. Give the file a name of at most eight characters, or one without blanks.";
+
+}  // namespace
+
 bool requireProgram(Runtime& runtime, std::string_view before, const std::string& path,
-                    std::string_view behind) {
+                    std::string_view after) {
     if (exists(runtime, path)) return true;
-    runtime.rtcMsgBox(std::string(before).append(path).append(behind), Runtime::okOnly);
+    runtime.rtcMsgBox(std::string(before).append(path).append(after), Runtime::okOnly);
     return false;
 }
 
@@ -34,17 +45,9 @@ std::string requireSource(Runtime& runtime, const std::string& fileBase) {
 bool requireStem(Runtime& runtime, const std::string& stem, const std::string& file) {
     const bool hasBlanks = stem.find(' ') != std::string::npos;
     if (!stem.empty() && (core::length(stem) <= longestStem || !hasBlanks)) return true;
-    runtime.rtcMsgBox(
-        "The file " + core::quoted(file) +
-            (stem.empty()
-                 ? " cannot be given to the tool: its path has no short form of up to 254 "
-                   "characters. "
-                   "Give the file a name of one to eight characters, or move it nearer to the root "
-                   "of its drive."
-                 : " cannot be given to the tool: its drive keeps no short form of the name, and "
-                   "the tool would take a name with blanks for several. Give the file a name of at "
-                   "most eight characters, or one without blanks."),
-        Runtime::exclamation);
+    runtime.rtcMsgBox("The file " + core::quoted(file) + " cannot be given to the tool: " +
+                          (stem.empty() ? noShortPath : noShortName),
+                      Runtime::exclamation);
     return false;
 }
 

@@ -10,7 +10,7 @@ namespace tools {
 
 /// True if the program exists; otherwise shows its path between the two texts.
 bool requireProgram(core::Runtime& runtime, std::string_view before, const std::string& path,
-                    std::string_view behind);
+                    std::string_view after);
 
 /// Like requireProgram, for the user's text editor.
 bool requireEditor(core::Runtime& runtime, const std::string& path);

@@ -8,9 +8,9 @@ using core::crlf;
 
 void CommandScript::SplitFileName(const std::string& fileText, forms::TextBox& box) {
     const std::string_view drive = core::drivePart(fileText);
-    const std::string_view behindDrive = std::string_view(fileText).substr(drive.size());
-    const std::string_view fileName = core::afterLast(behindDrive, '\\');
-    const std::string_view folder = behindDrive.substr(0, behindDrive.size() - fileName.size());
+    const std::string_view afterDrive = std::string_view(fileText).substr(drive.size());
+    const std::string_view fileName = core::afterLast(afterDrive, '\\');
+    const std::string_view folder = afterDrive.substr(0, afterDrive.size() - fileName.size());
 
     std::string lines;
     if (!drive.empty()) lines.append(drive).append(crlf);

@@ -29,7 +29,9 @@ PlayPanel::PlayPanel(core::Program& program, CommandScript& script, forms::Conta
     : program_(program), script_(script), panel_(panel) {}
 
 int PlayPanel::player() const {
-    return optPlayer(0).Value ? 0 : optPlayer(1).Value ? 1 : 2;
+    for (const int index : {0, 1})
+        if (optPlayer(index).Value) return index;
+    return 2;
 }
 
 void PlayPanel::UpdateCmdlineP() {
