@@ -20,7 +20,7 @@ class frmConsole : public forms::Form {
     void Form_Unload() override;
     void Form_KeyDown(int keyCode, int shift) override;
 
-    /// Brings what the console shows to the state and the settings file.
+    /// Stores what the console shows in the state and the settings file.
     void save();
 
   private:
@@ -45,37 +45,74 @@ class frmConsole : public forms::Form {
     forms::MenuItem mnuFile{*this, {.name = "mnuFile", .caption = "&File"}};
     forms::MenuItem mnuFileExit{
         mnuFile,
-        {.name = "mnuFileExit", .caption = "E&xit", .event = [this] { mnuFileExit_Click(); }}};
+        {
+            .name = "mnuFileExit",
+            .caption = "E&xit",
+            .event = [this] { mnuFileExit_Click(); },
+        },
+    };
 
     forms::MenuItem mnuOptions{*this, {.name = "mnuOptions", .caption = "Settin&gs"}};
-    forms::MenuItem mnuOptionsPrograms{mnuOptions,
-                                       {.name = "mnuOptionsPrograms",
-                                        .caption = "&Kelm Programs ...",
-                                        .event = [this] { mnuOptionsPrograms_Click(); }}};
+    forms::MenuItem mnuOptionsPrograms{
+        mnuOptions,
+        {
+            .name = "mnuOptionsPrograms",
+            .caption = "&Kelm Programs ...",
+            .event = [this] { mnuOptionsPrograms_Click(); },
+        },
+    };
     forms::MenuItem mnuOptionsOther{
-        mnuOptions, {.name = "mnuOptionsOther", .caption = "&Other Programs ...", .event = [this] {
-                         mnuOptionsOther_Click();
-                     }}};
+        mnuOptions,
+        {
+            .name = "mnuOptionsOther",
+            .caption = "&Other Programs ...",
+            .event = [this] { mnuOptionsOther_Click(); },
+        },
+    };
     docs::HelpMenu help{program_, *this};
 
     // The blanks in the captions set the width of the tabs.
     forms::TabStrip tbsOptions{
         *this,
-        {.name = "tbsOptions",
-         .place = {120, 120, 6855, 6300},
-         .event = [this] { tbsOptions_Click(); }},
-        {{"  Edit  ", "edit an KELM source code file with a text editor program"},
-         {" Compile ", "Compile an KELM source code file into an KELM game"},
-         {"   Play   ", "Play and test a compiled KELM game"},
-         {"Spelling ", "Get all game text from an KELM source file for spell checking"}}};
+        {
+            .name = "tbsOptions",
+            .place = {120, 120, 6855, 6300},
+            .event = [this] { tbsOptions_Click(); },
+        },
+        {
+            {"  Edit  ", "edit an KELM source code file with a text editor program"},
+            {" Compile ", "Compile an KELM source code file into an KELM game"},
+            {"   Play   ", "Play and test a compiled KELM game"},
+            {"Spelling ", "Get all game text from an KELM source file for spell checking"},
+        },
+    };
     // The panel of tab i is picOptions(i - 1).
     forms::ControlArray<forms::PictureBox> picOptions{
         *this,
         "picOptions",
-        {{.index = 0, .accessibleName = "Edit", .place = {240, 720, 6645, 5295}},
-         {.index = 1, .accessibleName = "Compile", .place = {240, 720, 6720, 5482}},
-         {.index = 2, .accessibleName = "Play", .place = {360, 720, 6645, 5325}},
-         {.index = 3, .accessibleName = "Spelling", .place = {360, 720, 6720, 5535}}}};
+        {
+            {
+                .index = 0,
+                .accessibleName = "Edit",
+                .place = {240, 720, 6645, 5295},
+            },
+            {
+                .index = 1,
+                .accessibleName = "Compile",
+                .place = {240, 720, 6720, 5482},
+            },
+            {
+                .index = 2,
+                .accessibleName = "Play",
+                .place = {360, 720, 6645, 5325},
+            },
+            {
+                .index = 3,
+                .accessibleName = "Spelling",
+                .place = {360, 720, 6720, 5535},
+            },
+        },
+    };
     tools::EditPanel edit{program_, picOptions(0)};
     tools::CompilePanel compile{program_, script_, picOptions(1)};
     tools::PlayPanel play{program_, script_, picOptions(2)};
@@ -84,10 +121,12 @@ class frmConsole : public forms::Form {
     // Shared by the file pickers of all panels.
     forms::CommonDialog CommonDialog1{compile.fraSample2, {.name = "CommonDialog1"}};
 
-    forms::StatusBar sbStatusBar{*this,
-                                 {.name = "sbStatusBar", .place = {0, 6540, 7080, 270}},
-                                 {forms::StatusBar::Panel::Text, forms::StatusBar::Panel::Date,
-                                  forms::StatusBar::Panel::Time}};
+    forms::StatusBar sbStatusBar{
+        *this,
+        {.name = "sbStatusBar", .place = {0, 6540, 7080, 270}},
+        {forms::StatusBar::Panel::Text, forms::StatusBar::Panel::Date,
+         forms::StatusBar::Panel::Time},
+    };
 };
 
 }  // namespace console

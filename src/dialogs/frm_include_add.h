@@ -25,34 +25,62 @@ class frmIncludeAdd : public forms::Form {
 
   public:
     forms::Label Label1{
-        *this, {.name = "Label1", .caption = "Folder Name", .place = {180, 150, 3000, 225}}};
+        *this,
+        {
+            .name = "Label1",
+            .caption = "Folder Name",
+            .place = {180, 150, 3000, 225},
+        },
+    };
     forms::TextBox txtFolder{
         *this,
-        {.name = "txtFolder", .text = "Text1", .place = {180, 390, 5100, 345}, .holdsPath = true}};
-    forms::DriveList Drive1{*this,
-                            {.name = "Drive1",
-                             .accessibleName = "Drive",
-                             .place = {180, 855, 3900, 345},
-                             .event = [this] { Drive1_Change(); }},
-                            program_.runtime};
-    forms::FolderList Dir1{*this,
-                           {.name = "Dir1",
-                            .accessibleName = "Folders",
-                            .place = {180, 1275, 3900, 2445},
-                            .event = [this] { Dir1_Change(); }},
-                           program_.runtime};
-    forms::Button OKButton{*this,
-                           {.name = "OKButton",
-                            .caption = "OK",
-                            .place = {4185, 855, 1095, 375},
-                            .isDefault = true,
-                            .event = [this] { OKButton_Click(); }}};
-    forms::Button CancelButton{*this,
-                               {.name = "CancelButton",
-                                .caption = "Cancel",
-                                .place = {4185, 1320, 1095, 375},
-                                .isCancel = true,
-                                .event = [this] { CancelButton_Click(); }}};
+        {
+            .name = "txtFolder",
+            .text = "Text1",
+            .place = {180, 390, 5100, 345},
+            .holdsPath = true,
+        },
+    };
+    forms::DriveList Drive1{
+        *this,
+        {
+            .name = "Drive1",
+            .accessibleName = "Drive",
+            .place = {180, 855, 3900, 345},
+            .event = [this] { Drive1_Change(); },
+        },
+        program_.runtime,
+    };
+    forms::FolderList Dir1{
+        *this,
+        {
+            .name = "Dir1",
+            .accessibleName = "Folders",
+            .place = {180, 1275, 3900, 2445},
+            .event = [this] { Dir1_Change(); },
+        },
+        program_.runtime,
+    };
+    forms::Button OKButton{
+        *this,
+        {
+            .name = "OKButton",
+            .caption = "OK",
+            .place = {4185, 855, 1095, 375},
+            .isDefault = true,
+            .event = [this] { OKButton_Click(); },
+        },
+    };
+    forms::Button CancelButton{
+        *this,
+        {
+            .name = "CancelButton",
+            .caption = "Cancel",
+            .place = {4185, 1320, 1095, 375},
+            .isCancel = true,
+            .event = [this] { CancelButton_Click(); },
+        },
+    };
 };
 
 }  // namespace dialogs

@@ -82,7 +82,8 @@ LocationsDialog::LocationsDialog(forms::Application& application, core::Program&
 
 int LocationsDialog::addGroove(int top) {
     grooves_.emplace_back(*this, forms::Definition{.name = "Line1", .index = 7},
-                          forms::Definition{.name = "Line4"}, margin, top, width - 2 * margin);
+                          forms::Definition{.name = "Line4"},
+                          forms::Groove::Span{margin, top, width - 2 * margin});
     return top + margin;
 }
 

@@ -58,8 +58,10 @@ class LocationsDialog : public forms::Form {
     forms::CommonDialog CommonDialog1{*this, {.name = "CommonDialog1"}};
     forms::ControlArray<forms::Label> Label1{"Label1"};
     forms::ControlArray<forms::TextBox> txtFname{"txtFname"};
-    forms::ControlArray<forms::Button> btnBrowse{"btnBrowse",
-                                                 [this](int index) { btnBrowse_Click(index); }};
+    forms::ControlArray<forms::Button> btnBrowse{
+        "btnBrowse",
+        [this](int index) { btnBrowse_Click(index); },
+    };
     std::unique_ptr<forms::Button> CancelButton;
     std::unique_ptr<forms::Button> OKButton;
 };

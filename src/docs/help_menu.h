@@ -35,46 +35,88 @@ class HelpMenu {
   public:
     forms::MenuItem mnuHelp{bar_, {.name = "mnuHelp", .caption = "&Help"}};
     forms::MenuItem mnuHelpStart{
-        mnuHelp, {.name = "mnuHelpStart", .caption = "Getting &Started", .event = [this] {
-                      mnuHelpStart_Click();
-                  }}};
+        mnuHelp,
+        {
+            .name = "mnuHelpStart",
+            .caption = "Getting &Started",
+            .event = [this] { mnuHelpStart_Click(); },
+        },
+    };
     forms::MenuItem mnuHelpContents{
-        mnuHelp, {.name = "mnuHelpContents", .caption = "&Contents", .event = [this] {
-                      mnuHelpContents_Click();
-                  }}};
+        mnuHelp,
+        {
+            .name = "mnuHelpContents",
+            .caption = "&Contents",
+            .event = [this] { mnuHelpContents_Click(); },
+        },
+    };
     forms::MenuItem mnuHelpSep1{mnuHelp, {.name = "mnuHelpSep1", .caption = "-"}};
     forms::MenuItem mnuHelpTutorial{
-        mnuHelp, {.name = "mnuHelpTutorial", .caption = "KELM &Tutorial (HTML)", .event = [this] {
-                      mnuHelpTutorial_Click();
-                  }}};
+        mnuHelp,
+        {
+            .name = "mnuHelpTutorial",
+            .caption = "KELM &Tutorial (HTML)",
+            .event = [this] { mnuHelpTutorial_Click(); },
+        },
+    };
     forms::MenuItem mnuHelpManual{
-        mnuHelp, {.name = "mnuHelpManual", .caption = "KELM &Manual (HTML)", .event = [this] {
-                      mnuHelpManual_Click();
-                  }}};
+        mnuHelp,
+        {
+            .name = "mnuHelpManual",
+            .caption = "KELM &Manual (HTML)",
+            .event = [this] { mnuHelpManual_Click(); },
+        },
+    };
     forms::MenuItem mnuHelpManPDF{
-        mnuHelp, {.name = "mnuHelpManPDF", .caption = "KELM Manual (&PDF)", .event = [this] {
-                      mnuHelpManPDF_Click();
-                  }}};
+        mnuHelp,
+        {
+            .name = "mnuHelpManPDF",
+            .caption = "KELM Manual (&PDF)",
+            .event = [this] { mnuHelpManPDF_Click(); },
+        },
+    };
     forms::MenuItem mnuHelpSep2{mnuHelp, {.name = "mnuHelpSep2", .caption = "-"}};
     forms::MenuItem mnuHelpExample{
-        mnuHelp, {.name = "mnuHelpExample", .caption = "Source Code &Examples", .event = [this] {
-                      mnuHelpExample_Click();
-                  }}};
+        mnuHelp,
+        {
+            .name = "mnuHelpExample",
+            .caption = "Source Code &Examples",
+            .event = [this] { mnuHelpExample_Click(); },
+        },
+    };
     forms::MenuItem mnuHelpLibrary{
-        mnuHelp, {.name = "mnuHelpLibrary", .caption = "Using the STD.I &Library", .event = [this] {
-                      mnuHelpLibrary_Click();
-                  }}};
-    forms::MenuItem mnuHelpPFE{mnuHelp,
-                               {.name = "mnuHelpPFE",
-                                .caption = "Installing the P&FE Text Editor",
-                                .event = [this] { mnuHelpPFE_Click(); }}};
+        mnuHelp,
+        {
+            .name = "mnuHelpLibrary",
+            .caption = "Using the STD.I &Library",
+            .event = [this] { mnuHelpLibrary_Click(); },
+        },
+    };
+    forms::MenuItem mnuHelpPFE{
+        mnuHelp,
+        {
+            .name = "mnuHelpPFE",
+            .caption = "Installing the P&FE Text Editor",
+            .event = [this] { mnuHelpPFE_Click(); },
+        },
+    };
     forms::MenuItem mnuHelpSep3{mnuHelp, {.name = "mnuHelpSep3", .caption = "-"}};
     forms::MenuItem mnuHelpBeta{
         mnuHelp,
-        {.name = "mnuHelpBeta", .caption = "C&redits", .event = [this] { mnuHelpBeta_Click(); }}};
+        {
+            .name = "mnuHelpBeta",
+            .caption = "C&redits",
+            .event = [this] { mnuHelpBeta_Click(); },
+        },
+    };
     forms::MenuItem mnuHelpAbout{
         mnuHelp,
-        {.name = "mnuHelpAbout", .caption = "&About", .event = [this] { mnuHelpAbout_Click(); }}};
+        {
+            .name = "mnuHelpAbout",
+            .caption = "&About",
+            .event = [this] { mnuHelpAbout_Click(); },
+        },
+    };
 };
 
 }  // namespace docs

@@ -12,9 +12,10 @@ static Definition lineAt(const Place& place, Definition definition, bool light) 
     return definition;
 }
 
-Groove::Groove(Container& parent, Definition dark, Definition light, int left, int top, int width)
-    : dark_(parent, lineAt({left, top, width, thickness}, std::move(dark), false)),
-      light_(parent, lineAt({left, top + thickness, width, thickness}, std::move(light), true)) {}
+Groove::Groove(Container& parent, Definition dark, Definition light, const Span& span)
+    : dark_(parent, lineAt({span.left, span.top, span.width, thickness}, std::move(dark), false)),
+      light_(parent, lineAt({span.left, span.top + thickness, span.width, thickness},
+                            std::move(light), true)) {}
 
 std::vector<OptionButton*> OptionButton::group() const {
     std::vector<OptionButton*> group;

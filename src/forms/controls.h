@@ -25,7 +25,7 @@ class Label : public Control {
     void accept(ControlVisitor& visitor) override;
 
     const bool centred;
-    const bool autoSize;  ///< as large as its text; if centred, around its place's centre
+    const bool autoSize;  ///< as large as its text; if centred, around the centre of its place
 };
 
 /// A decorative line. It fills its place and has no accessible name.
@@ -42,8 +42,15 @@ class Line : public Control {
 /// A dark line above a light one, which together look like a groove.
 class Groove {
   public:
-    /// Left, top and width are in twips. Only names and indices of the definitions are used.
-    Groove(Container& parent, Definition dark, Definition light, int left, int top, int width);
+    /// Where a groove lies in its container, in twips. Its height is fixed.
+    struct Span {
+        int left;
+        int top;
+        int width;
+    };
+
+    /// Only names and indices of the definitions are used.
+    Groove(Container& parent, Definition dark, Definition light, const Span& span);
 
   private:
     static constexpr int thickness = 15;
