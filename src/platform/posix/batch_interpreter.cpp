@@ -88,7 +88,7 @@ std::string BatchInterpreter::currentDrive() {
 
 void BatchInterpreter::changeDrive(const std::string& drive) {
     const std::string now = currentDrive();
-    if (sameButForCase(now, drive)) return;
+    if (equalIgnoringCase(now, drive)) return;
     const auto left = folders_.find(caseFolded(drive));
     const std::string folder = left == folders_.end() ? disk_.toHost(drive + '\\') : left->second;
     const std::string leaving = currentFolder() + '/';

@@ -35,7 +35,7 @@ std::string caseFolded(std::string_view text) {
     return folded;
 }
 
-bool sameButForCase(std::string_view one, std::string_view other) {
+bool equalIgnoringCase(std::string_view one, std::string_view other) {
     // Most names differ early, in ASCII characters.
     for (std::size_t i = 0; i < std::min(one.size(), other.size()); ++i) {
         if (!isAscii(one[i]) || !isAscii(other[i])) return caseFolded(one) == caseFolded(other);

@@ -9,7 +9,7 @@ namespace platform {
 std::string caseFolded(std::string_view text);
 
 /// True if the texts are equal except for case.
-bool sameButForCase(std::string_view one, std::string_view other);
+bool equalIgnoringCase(std::string_view one, std::string_view other);
 
 /// True for an ASCII letter.
 bool isLetter(char c);

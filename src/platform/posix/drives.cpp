@@ -37,7 +37,7 @@ void makePrefix(const fs::path& prefix) {
     fs::create_directory_symlink("/", prefix / linksFolder / "z:", failed);
 }
 
-bool liesIn(std::string_view path, std::string_view folder) {
+bool isInside(std::string_view path, std::string_view folder) {
     return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
@@ -72,7 +72,7 @@ Drives::Place Drives::placeOf(std::string_view hostPath) const {
     Place best;
     for (const auto& [letter, folder] : folders_) {
         const bool longer = best.drive.empty() || folder.size() > best.folder.size();
-        if (longer && liesIn(hostPath, folder)) best = {{letter, ':'}, folder};
+        if (longer && isInside(hostPath, folder)) best = {{letter, ':'}, folder};
     }
     return best;
 }

@@ -15,7 +15,7 @@ namespace platform {
 
 namespace {
 
-constexpr std::size_t mostNames = 200'000;  // about 20 MB
+constexpr std::size_t maxNames = 200'000;  // about 20 MB
 constexpr std::int64_t second = 1'000'000'000;
 // The coarsest granularity of times in file systems in use. A second change of a folder within it
 // does not show in the folder's times.
@@ -90,7 +90,7 @@ const std::string* Folder::findInAnyCase(std::string_view name) {
     // Only a settled folder is cached, which makes an index worthwhile.
     if (!settled_) {
         const auto found = std::find_if(names_.begin(), names_.end(), [&](const auto& known) {
-            return sameButForCase(known, name);
+            return equalIgnoringCase(known, name);
         });
         return found != names_.end() ? &*found : nullptr;
     }
@@ -127,7 +127,7 @@ std::string Folder::spelledStem(std::string_view stem) const {
     for (const std::string& name : names_) {
         const std::string_view known = NameParts(name).stem;
         if (known == stem) return std::string(stem);
-        if (sameButForCase(known, stem)) spelled = known;
+        if (equalIgnoringCase(known, stem)) spelled = known;
     }
     return std::string(spelled);
 }
@@ -149,7 +149,7 @@ Folder* FolderCache::at(const std::string& path) {
     }
     std::optional<Folder> folder = Folder::read(path);
     if (!folder) return nullptr;
-    if (names_ + folder->size() > mostNames) {
+    if (names_ + folder->size() > maxNames) {
         folders_.clear();
         names_ = 0;
     }

@@ -33,7 +33,7 @@ bool isFile(const std::string& path) {
 }
 
 bool isNotepad(const std::string& name) {
-    return sameButForCase(name, "notepad") || sameButForCase(name, "notepad.exe");
+    return equalIgnoringCase(name, "notepad") || equalIgnoringCase(name, "notepad.exe");
 }
 
 [[noreturn]] void refuse(const std::string& name, const std::string& reason) {

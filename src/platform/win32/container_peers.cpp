@@ -93,8 +93,8 @@ class PanelPeer : public ContainerPeer<forms::PictureBox> {
 
   private:
     RECT room_{};
-    std::function<void()>
-        fill_;  ///< creates the windows inside when the panel first becomes visible
+    /// Creates the windows inside when the panel first becomes visible.
+    std::function<void()> fill_;
 };
 
 }  // namespace

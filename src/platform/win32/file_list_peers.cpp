@@ -39,12 +39,12 @@ class DrivePeer : public PeerOf<forms::DriveList> {
     /// Sets the window's height, which Windows uses for the open list. The field keeps the height
     /// that its font needs: in a higher one the text may be at the top.
     void updateGeometry() override {
-        constexpr LRESULT mostRows = 12;
+        constexpr LRESULT maxRows = 12;
         const auto edges = 2 * GetSystemMetricsForDpi(SM_CYEDGE, static_cast<UINT>(dpi())) + 2;
         const auto field = static_cast<int>(send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
         RECT room = place();
         room.top += (heightOf(room) - field - edges) / 2;
-        room.bottom += static_cast<LONG>(mostRows * send(CB_GETITEMHEIGHT, 0));
+        room.bottom += static_cast<LONG>(maxRows * send(CB_GETITEMHEIGHT, 0));
         move(room);
     }
 

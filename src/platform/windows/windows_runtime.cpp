@@ -236,8 +236,8 @@ std::optional<core::Runtime::RegistryKey> WindowsRuntime::RegOpenKeyEx(std::uint
 
 std::optional<core::Runtime::RegistryValue> WindowsRuntime::RegQueryValueEx(
     RegistryKey key, const std::string& name) {
-    constexpr std::size_t most = 1024;
-    RegistryValue value{0, std::string(most * sizeof(wchar_t), '\0')};
+    constexpr std::size_t maxBytes = 1024;
+    RegistryValue value{0, std::string(maxBytes * sizeof(wchar_t), '\0')};
     DWORD type = 0;
     DWORD size = static_cast<DWORD>(value.bytes.size());
     if (RegQueryValueExW(reinterpret_cast<HKEY>(key), wide(name).c_str(), nullptr, &type,
@@ -251,7 +251,7 @@ std::optional<core::Runtime::RegistryValue> WindowsRuntime::RegQueryValueEx(
         std::memcpy(text.data(), value.bytes.data(), text.size() * sizeof(wchar_t));
         value.bytes = narrow(text);
     }
-    if (value.bytes.size() > most) return {};
+    if (value.bytes.size() > maxBytes) return {};
     return value;
 }
 
