@@ -19,10 +19,10 @@ namespace {
 using namespace bench;
 using Clock = std::chrono::steady_clock;
 
-/// A compiler that records when it starts, and a game for it.
-class Desk {
+/// A compiler that records when it starts, and a source file for it.
+class TimedCompiler {
   public:
-    Desk() {
+    TimedCompiler() {
         const fs::path programs = home_.driveC() / "kelm";
         fs::create_directories(programs);
         fs::create_directories(games());
@@ -34,7 +34,7 @@ class Desk {
     [[nodiscard]] fs::path games() const { return home_.driveC() / "my games"; }
     [[nodiscard]] fs::path compiler() const { return home_.driveC() / "kelm/kelm.exe"; }
 
-    /// Returns the seconds from the start of the action until the compiler has started.
+    /// Returns the seconds from the start of the action to the start of the compiler.
     double secondsOf(const std::function<void()>& action) {
         fs::remove(stamp());
         const auto before = Clock::now();
@@ -54,35 +54,35 @@ class Desk {
 };
 
 void action(benchmark::State& state) {
-    Desk desk;
-    std::string told;
+    TimedCompiler timed;
+    std::string error;
     platform::LinuxRuntime runtime([&](const std::string& text, int, const std::string&) {
-        told = text;
+        error = text;
         return core::Runtime::Answer::Ok;
     });
     platform::NoToolkit windows;
-    forms::Application application(windows, [&](const std::string& text) { told = text; });
+    forms::Application application(windows, [&](const std::string& text) { error = text; });
     core::Program program{runtime, application, {}};
     program.state.CompilerPath = "c:\\kelm\\kelm.exe";
     program.state.StartTab = 2;
     auto& panel = application.load<console::frmConsole>(program).compile;
     panel.txtFname.type("c:\\my games\\cave.kel");
     for (auto _ : state) {
-        state.SetIterationTime(desk.secondsOf([&] {
+        state.SetIterationTime(timed.secondsOf([&] {
             panel.btnCompile.click();
-            if (!told.empty()) throw std::runtime_error(told);
+            if (!error.empty()) throw std::runtime_error(error);
         }));
     }
 }
 BENCHMARK(action)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void actionByShell(benchmark::State& state) {
-    Desk desk;
-    const fs::path script = desk.games() / "script.sh";
-    std::ofstream(script) << "cd '" << desk.games().string() << "'\n'" << desk.compiler().string()
+    TimedCompiler timed;
+    const fs::path script = timed.games() / "script.sh";
+    std::ofstream(script) << "cd '" << timed.games().string() << "'\n'" << timed.compiler().string()
                           << "' cave -List -Height 0\n";
     for (auto _ : state) {
-        state.SetIterationTime(desk.secondsOf([&] {
+        state.SetIterationTime(timed.secondsOf([&] {
             platform::startDetached(platform::inTerminal({"/bin/sh", script.string()}, false));
         }));
     }

@@ -17,7 +17,7 @@ struct Figure {
     const char* unit;
     const char* measured;   ///< name of the benchmark
     const char* reference;  ///< name of the benchmark to compare with, or null
-    double most;            ///< limit: a multiple of the reference, or else a time in the unit
+    double limit;           ///< a multiple of the reference, or a time in the unit
     bool memory = false;
 };
 
@@ -37,7 +37,7 @@ constexpr Figure figures[] = {
 
 /// Returns why a run failed, or an empty string. Newer versions of the library name it differently.
 template <typename AnyRun>
-const std::string& trouble(const AnyRun& run) {
+const std::string& failure(const AnyRun& run) {
     if constexpr (requires { run.error_message; }) {
         return run.error_message;
     } else {
@@ -53,8 +53,8 @@ class Table : public benchmark::BenchmarkReporter {
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
             if (run.run_type != Run::RT_Iteration) continue;
-            if (!trouble(run).empty())
-                std::printf("%s: %s\n", run.run_name.function_name.c_str(), trouble(run).c_str());
+            if (!failure(run).empty())
+                std::printf("%s: %s\n", run.run_name.function_name.c_str(), failure(run).c_str());
             std::string name = run.run_name.function_name;
             if (!run.run_name.args.empty()) name += '/' + run.run_name.args;
             times_[name].push_back(run.GetAdjustedRealTime());
@@ -83,12 +83,12 @@ class Table : public benchmark::BenchmarkReporter {
         const double measured = median(runs[figure.measured]);
         std::printf("%-46s %8.1f %-3s", figure.what, measured, figure.unit);
         if (!figure.reference) {
-            std::printf(" %12s %8s %5.0f %s\n", "", "", figure.most, figure.unit);
+            std::printf(" %12s %8s %5.0f %s\n", "", "", figure.limit, figure.unit);
             return;
         }
         const double reference = median(runs[figure.reference]);
         std::printf(" %8.1f %-3s %8.2f %8.2f\n", reference, figure.unit, measured / reference,
-                    figure.most);
+                    figure.limit);
     }
 
     Runs times_;

@@ -18,9 +18,9 @@ using namespace bench;
 
 void save(benchmark::State& state) {
     const Home home;
-    std::string told;
+    std::string error;
     platform::LinuxRuntime runtime([&](const std::string& text, int, const std::string&) {
-        told = text;
+        error = text;
         return core::Runtime::Answer::Ok;
     });
     platform::NoToolkit windows;
@@ -30,7 +30,7 @@ void save(benchmark::State& state) {
         folder = "c:\\kelm\\standard library";
     for (auto _ : state)
         core::SaveSettings(program);
-    if (!told.empty()) state.SkipWithError(told.c_str());
+    if (!error.empty()) state.SkipWithError(error.c_str());
 }
 BENCHMARK(save)->Unit(benchmark::kMicrosecond)->UseRealTime();
 

@@ -8,9 +8,9 @@
 #include "check.h"
 #include "core/runtime.h"
 #include "core/text.h"
-#include "disk.h"
 #include "platform/posix/batch_script.h"
 #include "platform/posix/launcher.h"
+#include "test_drives.h"
 
 namespace {
 
@@ -30,10 +30,10 @@ void checkScript(std::string_view script) {
           "a script of these lines says the same");
 }
 
-struct Desk : fuzz::Disk {
-    Desk()
-        : Disk({"drive_c/kelm/tool.exe", "drive_c/My Games/wizardquest.kel", "drive_c/My Games/ed",
-                "drive_d/x", "bin/ed", "bin/ls"}) {
+struct InstalledPrograms : fuzz::TestDrives {
+    InstalledPrograms()
+        : TestDrives({"drive_c/kelm/tool.exe", "drive_c/My Games/wizardquest.kel",
+                      "drive_c/My Games/ed", "drive_d/x", "bin/ed", "bin/ls"}) {
         setenv("PATH", (bin + ":.:").c_str(), 1);
         setenv("EDITOR", "ed -w", 1);
         unsetenv("VISUAL");
@@ -59,18 +59,20 @@ void checkWords(const CommandLine& line, std::string_view text) {
 }
 
 /// A command may spawn the programs in bin and any given by its path.
-void checkStart(Desk& desk, const CommandLine& line) {
+void checkStart(InstalledPrograms& installed, const CommandLine& line) {
     try {
-        const auto start = platform::Launcher(desk.disk).prepare(line);
+        const auto start = platform::Launcher(installed.disk).prepare(line);
         const std::string& program = start.words.front();
         if (start.inTerminal) {  // the editor
-            check(program == desk.bin + "ed" && start.words[1] == "-w", "the editor is the user's");
+            check(program == installed.bin + "ed" && start.words[1] == "-w",
+                  "the editor is the user's");
             check(start.words.size() == 2 || start.words[2].starts_with('/'), "it gets a path");
             check(start.words.size() <= 3, "of one file");
             return;
         }
         const bool named = line.words.front().find_first_of("\\/:") != std::string::npos;
-        check(program.starts_with(named ? desk.home.string() : desk.bin), "what is named starts");
+        check(program.starts_with(named ? installed.home.string() : installed.bin),
+              "what is named starts");
         check(start.words.size() == line.words.size(), "and gets the words meant for it");
     } catch (const core::RuntimeError& refused) {
         check(*refused.what() != '\0', "a refusal says why");
@@ -80,7 +82,7 @@ void checkStart(Desk& desk, const CommandLine& line) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-    static Desk desk;
+    static InstalledPrograms installed;
     std::string_view input(reinterpret_cast<const char*>(data), size);
     const unsigned kind = fuzz::choice(input) % 4;
     checkScript(input);
@@ -90,7 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     constexpr const char* programs[] = {"c:\\kelm\\tool.exe", "ls", "Notepad"};
     if (kind == std::size(programs)) {
         const bool leavesDrives = !line.words.empty() && line.words.front().starts_with('/');
-        if (!leavesDrives) checkStart(desk, line);
+        if (!leavesDrives) checkStart(installed, line);
         return 0;
     }
     const std::string program = programs[kind];
@@ -99,6 +101,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     check(std::equal(line.words.begin(), line.words.end(), command.words.begin() + 1,
                      command.words.end()),
           "the others are its arguments");
-    checkStart(desk, command);
+    checkStart(installed, command);
     return 0;
 }

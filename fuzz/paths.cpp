@@ -4,9 +4,9 @@
 
 #include "check.h"
 #include "core/runtime.h"
-#include "disk.h"
 #include "platform/posix/argument_map.h"
 #include "platform/posix/case_fold.h"
+#include "test_drives.h"
 
 namespace {
 
@@ -19,27 +19,28 @@ std::string otherCase(std::string text) {
     return text;
 }
 
-bool liesIn(const std::string& host, const fs::path& drive) {
+bool isInside(const std::string& host, const fs::path& drive) {
     return host == drive.string() || host.starts_with(drive.string() + '/');
 }
 
-void checkPlace(fuzz::Disk& desk, const std::string& path, const std::string& host) {
+void checkPlace(fuzz::TestDrives& drives, const std::string& path, const std::string& host) {
     const bool onD = path.size() >= 2 && (path[0] | 0x20) == 'd' && path[1] == ':';
-    check(liesIn(host, onD ? desk.d : desk.c), "a path stays on its drive");
+    check(isInside(host, onD ? drives.d : drives.c), "a path stays on its drive");
     check(host == fs::path(host).lexically_normal(), "a place has one name");
-    const std::string other = desk.disk.toHost(otherCase(path));
-    check(platform::sameButForCase(other, host), "case does not matter");
+    const std::string other = drives.disk.toHost(otherCase(path));
+    check(platform::equalIgnoringCase(other, host), "case does not matter");
 
-    const std::string windows = desk.disk.toWindows(host);
+    const std::string windows = drives.disk.toWindows(host);
     // A backslash can only come from a stem on the disk, combined with another extension.
     std::error_code failed;
     const bool newWithBackslash = host.find('\\') != std::string::npos && !fs::exists(host, failed);
-    check(newWithBackslash || desk.disk.toHost(windows) == host, "to Windows and back");
-    check(desk.disk.toHost(desk.disk.longPath(path)) == host, "the long form is the same place");
+    check(newWithBackslash || drives.disk.toHost(windows) == host, "to Windows and back");
+    check(drives.disk.toHost(drives.disk.longPath(path)) == host,
+          "the long form is the same place");
 }
 
-void checkShortForm(fuzz::Disk& desk, const std::string& path, const std::string& host) {
-    const std::string shortPath = desk.disk.shortPath(path);
+void checkShortForm(fuzz::TestDrives& drives, const std::string& path, const std::string& host) {
+    const std::string shortPath = drives.disk.shortPath(path);
     std::error_code failed;
     if (shortPath.empty()) {
         const bool asFolder = path.ends_with('\\') || path.ends_with('/');
@@ -49,15 +50,15 @@ void checkShortForm(fuzz::Disk& desk, const std::string& path, const std::string
         return;
     }
     check(fs::exists(host, failed), "only what exists has a short form");
-    check(desk.disk.toHost(shortPath) == host, "the short form is the same place");
-    check(desk.disk.shortPath(shortPath) == shortPath, "the short form is its own");
+    check(drives.disk.toHost(shortPath) == host, "the short form is the same place");
+    check(drives.disk.shortPath(shortPath) == shortPath, "the short form is its own");
     check(shortPath.find_first_of(" \"<>|\n") == std::string::npos, "no short form needs quotes");
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-    static fuzz::Disk desk(
+    static fuzz::TestDrives drives(
         {"drive_c/My Games/Wizardquest.kel", "drive_c/My Games/wizardquest.LIS",
          "drive_c/My Games/wizards.of.oz", "drive_c/My Games/\xc3\x89lan Vital.kel",
          "drive_c/My Games/caf\xe9.kel", "drive_c/My Games/x\ndel\".kel", "drive_c/a\\b/c:.kel",
@@ -66,10 +67,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::string path(reinterpret_cast<const char*>(data), size);
     if (path.starts_with('/')) return -1;  // maps to the host's own folders
 
-    const std::string host = desk.disk.toHost(path);
+    const std::string host = drives.disk.toHost(path);
     std::vector<std::string> words = {path, "-OF" + path};
     try {
-        platform::ArgumentMap(desk.disk, "k").toHost(words);
+        platform::ArgumentMap(drives.disk, "k").toHost(words);
     } catch (const core::RuntimeError&) {
         // The paths are on no drive.
     }
@@ -80,10 +81,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
                              path.starts_with("\\\\");
         check(path.find('\0') != std::string::npos || path.empty() || noDrive,
               "a path leads somewhere");
-        check(desk.disk.shortPath(path).empty(), "no place has no short form");
+        check(drives.disk.shortPath(path).empty(), "no place has no short form");
         return 0;
     }
-    checkPlace(desk, path, host);
-    checkShortForm(desk, path, host);
+    checkPlace(drives, path, host);
+    checkShortForm(drives, path, host);
     return 0;
 }

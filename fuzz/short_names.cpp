@@ -53,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         check(all.nameFor(shortName) == name, "it leads back to its file");
         check(again.shortFor(name) == shortName, "it is the same at each call");
         const std::string sibling = all.withLongStem(std::string(parts.stem) + ".new");
-        check(platform::sameButForCase(NameParts(sibling).stem, NameParts(name).stem),
+        check(platform::equalIgnoringCase(NameParts(sibling).stem, NameParts(name).stem),
               "its stem stands for the long one");
     }
     // A new name that looks like a short one may take over a stem; any other changes none.

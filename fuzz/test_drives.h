@@ -16,22 +16,22 @@ namespace fs = std::filesystem;
 
 /// Drives c: and d: in a temporary folder, in memory if possible. The
 /// current folder is c:\My Games.
-class Disk {
+class TestDrives {
   public:
     /// Creates the files, each a program, in drive_c, in drive_d or beside them.
-    explicit Disk(const std::vector<const char*>& files)
+    explicit TestDrives(const std::vector<const char*>& files)
         : home(filled(files)), disk(platform::Drives(home)) {
         for (const char* name :
              {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
             setenv(name, home.c_str(), 1);
         fs::current_path(c / "My Games");
     }
-    ~Disk() {
+    ~TestDrives() {
         fs::current_path("/");
         fs::remove_all(home);
     }
-    Disk(const Disk&) = delete;
-    Disk& operator=(const Disk&) = delete;
+    TestDrives(const TestDrives&) = delete;
+    TestDrives& operator=(const TestDrives&) = delete;
 
     const fs::path home;
     const fs::path c = home / "drive_c";
