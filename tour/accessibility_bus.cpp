@@ -26,21 +26,21 @@ AccessibilityBus::AccessibilityBus() : bus_(connection()) {
     if (!bus_.isConnected()) throw std::runtime_error("the accessibility bus does not answer");
 }
 
-QVariant AccessibilityBus::call(const Spoken& object, const char* interface, const char* method,
-                                const QVariantList& arguments) const {
+QVariant AccessibilityBus::call(const AccessibleObject& object, const char* interface,
+                                const char* method, const QVariantList& arguments) const {
     auto message = QDBusMessage::createMethodCall(object.service, object.path, interface, method);
     message.setArguments(arguments);
     const QDBusMessage reply = bus_.call(message, QDBus::Block, 3000);
     return reply.arguments().isEmpty() ? QVariant() : reply.arguments().at(0);
 }
 
-std::vector<Spoken> AccessibilityBus::children(const Spoken& object) const {
-    std::vector<Spoken> all;
+std::vector<AccessibleObject> AccessibilityBus::children(const AccessibleObject& object) const {
+    std::vector<AccessibleObject> all;
     const QVariant reply = call(object, accessible, "GetChildren");
     if (!reply.canConvert<QDBusArgument>()) return all;
     const auto list = reply.value<QDBusArgument>();
     for (list.beginArray(); !list.atEnd();) {
-        Spoken child;
+        AccessibleObject child;
         QDBusObjectPath path;
         list.beginStructure();
         list >> child.service >> path;
@@ -51,7 +51,7 @@ std::vector<Spoken> AccessibilityBus::children(const Spoken& object) const {
     return all;
 }
 
-std::string AccessibilityBus::property(const Spoken& object, const char* name) const {
+std::string AccessibilityBus::property(const AccessibleObject& object, const char* name) const {
     return call(object, "org.freedesktop.DBus.Properties", "Get", {accessible, name})
         .value<QDBusVariant>()
         .variant()
@@ -60,12 +60,12 @@ std::string AccessibilityBus::property(const Spoken& object, const char* name) c
         .toStdString();
 }
 
-quint64 AccessibilityBus::states(const Spoken& object) const {
+quint64 AccessibilityBus::states(const AccessibleObject& object) const {
     const auto halves = qdbus_cast<QList<uint>>(call(object, accessible, "GetState"));
     return halves.size() == 2 ? halves[0] | static_cast<quint64>(halves[1]) << 32 : 0;
 }
 
-QRect AccessibilityBus::place(const Spoken& object) const {
+QRect AccessibilityBus::place(const AccessibleObject& object) const {
     const QVariant reply = call(object, "org.a11y.atspi.Component", "GetExtents", {0U});
     if (!reply.canConvert<QDBusArgument>()) return {};
     const auto edges = reply.value<QDBusArgument>();
@@ -76,7 +76,7 @@ QRect AccessibilityBus::place(const Spoken& object) const {
     return {left, top, width, height};
 }
 
-void AccessibilityBus::read(Spoken object, std::vector<Spoken>& all) const {
+void AccessibilityBus::read(AccessibleObject object, std::vector<AccessibleObject>& all) const {
     object.states = states(object);
     if (!object.is(State::Showing)) return;
     object.role = call(object, accessible, "GetRoleName").toString().toStdString();
@@ -85,61 +85,61 @@ void AccessibilityBus::read(Spoken object, std::vector<Spoken>& all) const {
     object.place = place(object);
     const int self = static_cast<int>(all.size());
     all.push_back(object);
-    for (Spoken& child : children(object)) {
+    for (AccessibleObject& child : children(object)) {
         child.parent = self;
         read(child, all);
     }
 }
 
-std::vector<Spoken> AccessibilityBus::windows(const std::string& program) const {
-    Spoken registry;
+std::vector<AccessibleObject> AccessibilityBus::windows(const std::string& program) const {
+    AccessibleObject registry;
     registry.service = "org.a11y.atspi.Registry";
     registry.path = "/org/a11y/atspi/accessible/root";
-    for (const Spoken& found : children(registry)) {
+    for (const AccessibleObject& found : children(registry)) {
         if (property(found, "Name") != program) continue;
-        std::vector<Spoken> all = children(found);
-        for (Spoken& window : all)
+        std::vector<AccessibleObject> all = children(found);
+        for (AccessibleObject& window : all)
             window.states = states(window);
         return all;
     }
     return {};
 }
 
-std::vector<Spoken> AccessibilityBus::window(const std::string& program) const {
-    std::vector<Spoken> all;
-    for (const Spoken& window : windows(program))
+std::vector<AccessibleObject> AccessibilityBus::window(const std::string& program) const {
+    std::vector<AccessibleObject> all;
+    for (const AccessibleObject& window : windows(program))
         if (all.empty() && window.is(State::Active)) read(window, all);
     return all;
 }
 
-std::vector<Spoken> AccessibilityBus::top(const std::string& program) const {
-    std::vector<Spoken> all;
-    const std::vector<Spoken> found = windows(program);
+std::vector<AccessibleObject> AccessibilityBus::top(const std::string& program) const {
+    std::vector<AccessibleObject> all;
+    const std::vector<AccessibleObject> found = windows(program);
     for (auto window = found.rbegin(); window != found.rend() && all.empty(); ++window)
         if (window->is(State::Showing)) read(*window, all);
     return all;
 }
 
-void AccessibilityBus::send(const Spoken& object, const char* interface, const char* method,
-                            const QVariantList& arguments) const {
+void AccessibilityBus::send(const AccessibleObject& object, const char* interface,
+                            const char* method, const QVariantList& arguments) const {
     auto message = QDBusMessage::createMethodCall(object.service, object.path, interface, method);
     message.setArguments(arguments);
     bus_.send(message);
 }
 
-void AccessibilityBus::act(const Spoken& object) const {
+void AccessibilityBus::act(const AccessibleObject& object) const {
     send(object, "org.a11y.atspi.Action", "DoAction", {0});
-    Spoken after = object;
+    AccessibleObject after = object;
     do
         after.states = states(object);
     while (after.is(State::Pressed));
 }
 
-void AccessibilityBus::setText(const Spoken& object, const std::string& text) const {
+void AccessibilityBus::setText(const AccessibleObject& object, const std::string& text) const {
     send(object, "org.a11y.atspi.EditableText", "SetTextContents", {QString::fromStdString(text)});
 }
 
-std::string AccessibilityBus::text(const Spoken& object) const {
+std::string AccessibilityBus::text(const AccessibleObject& object) const {
     return call(object, "org.a11y.atspi.Text", "GetText", {0, -1}).toString().toStdString();
 }
 

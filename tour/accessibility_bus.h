@@ -20,8 +20,8 @@ enum class State {
     ReadOnly = 44,
 };
 
-/// What a screen reader learns about a control or an item of one.
-struct Spoken {
+/// A control, or an item of one, as a screen reader knows it.
+struct AccessibleObject {
     QString service;
     QString path;
     std::string role;
@@ -41,27 +41,27 @@ class AccessibilityBus {
 
     /// Returns all visible objects of the program's active window, containers before their
     /// contents, or an empty list if there is no active window.
-    [[nodiscard]] std::vector<Spoken> window(const std::string& program) const;
+    [[nodiscard]] std::vector<AccessibleObject> window(const std::string& program) const;
     /// The same for the window that appeared last, active or not.
-    [[nodiscard]] std::vector<Spoken> top(const std::string& program) const;
+    [[nodiscard]] std::vector<AccessibleObject> top(const std::string& program) const;
     /// Triggers the object's first action, such as Press or Toggle. Waits until a button that it
     /// presses is released, but not for a dialog that it opens.
-    void act(const Spoken& object) const;
-    void setText(const Spoken& object, const std::string& text) const;
-    [[nodiscard]] std::string text(const Spoken& object) const;
+    void act(const AccessibleObject& object) const;
+    void setText(const AccessibleObject& object, const std::string& text) const;
+    [[nodiscard]] std::string text(const AccessibleObject& object) const;
     /// Returns the object's current states.
-    [[nodiscard]] quint64 states(const Spoken& object) const;
+    [[nodiscard]] quint64 states(const AccessibleObject& object) const;
 
   private:
-    [[nodiscard]] QVariant call(const Spoken& object, const char* interface, const char* method,
-                                const QVariantList& arguments = {}) const;
-    [[nodiscard]] std::vector<Spoken> children(const Spoken& object) const;
-    [[nodiscard]] std::string property(const Spoken& object, const char* name) const;
-    [[nodiscard]] QRect place(const Spoken& object) const;
-    void send(const Spoken& object, const char* interface, const char* method,
+    [[nodiscard]] QVariant call(const AccessibleObject& object, const char* interface,
+                                const char* method, const QVariantList& arguments = {}) const;
+    [[nodiscard]] std::vector<AccessibleObject> children(const AccessibleObject& object) const;
+    [[nodiscard]] std::string property(const AccessibleObject& object, const char* name) const;
+    [[nodiscard]] QRect place(const AccessibleObject& object) const;
+    void send(const AccessibleObject& object, const char* interface, const char* method,
               const QVariantList& arguments) const;
-    [[nodiscard]] std::vector<Spoken> windows(const std::string& program) const;
-    void read(Spoken object, std::vector<Spoken>& all) const;
+    [[nodiscard]] std::vector<AccessibleObject> windows(const std::string& program) const;
+    void read(AccessibleObject object, std::vector<AccessibleObject>& all) const;
 
     QDBusConnection bus_;
 };

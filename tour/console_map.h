@@ -7,7 +7,7 @@
 
 namespace tour {
 
-/// A control's rectangle in its window, in pixels.
+/// A point in a window, in pixels.
 struct Spot {
     int x;
     int y;

@@ -20,7 +20,7 @@ namespace {
 /// Starts the server on the first free display and returns the display's name.
 std::string startServer(std::unique_ptr<Child>& server) {
     int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("there is no pipe to be had");
+    if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("cannot create a pipe");
     server = std::make_unique<Child>(
         std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0",
                                  "1024x768x24", "-dpi", "96", "-nolisten", "tcp", "-noreset"},
@@ -66,8 +66,8 @@ std::optional<Window> Display::find(std::string_view wanted, unsigned long excep
     std::optional<Window> found;
     for (unsigned i = count; i-- > 0 && !found;) {
         const std::string name = title(children[i]);
-        const bool bears = wanted.starts_with(' ') ? name.ends_with(wanted) : name == wanted;
-        if (children[i] != except && bears) found = inView(children[i]);
+        const bool matches = wanted.starts_with(' ') ? name.ends_with(wanted) : name == wanted;
+        if (children[i] != except && matches) found = inView(children[i]);
     }
     XFree(children);
     return found;

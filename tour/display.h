@@ -13,7 +13,7 @@ struct _XDisplay;
 
 namespace tour {
 
-/// A window's rectangle on the display, in pixels.
+/// A window and its upper left corner on the display, in pixels.
 struct Window {
     unsigned long id;
     int left;

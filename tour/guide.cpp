@@ -34,10 +34,10 @@ std::string fileName(const std::string& what) {
 
 }  // namespace
 
-bool happens(const std::function<bool()>& thing) {
+bool happens(const std::function<bool()>& condition) {
     constexpr auto patience = 20s;
     const auto end = std::chrono::steady_clock::now() + patience;
-    while (!thing()) {
+    while (!condition()) {
         if (std::chrono::steady_clock::now() > end) return false;
         std::this_thread::sleep_for(10ms);
     }
@@ -97,19 +97,19 @@ void Guide::operator()(const Close&) {
 void Guide::operator()(const Appear& appear) {
     std::optional<Window> window;
     if (!happens([&] { return (window = display_.find(appear.title, window_)).has_value(); }))
-        throw std::runtime_error("no window \"" + appear.title + "\" came into view");
+        throw std::runtime_error("no window \"" + appear.title + "\" appeared");
     window_ = window->id;
     toFront();
 }
 
 void Guide::operator()(const Vanish&) {
     if (!happens([&] { return !display_.inView(window_); }))
-        throw std::runtime_error("the window has stayed");
+        throw std::runtime_error("the window did not disappear");
 }
 
 void Guide::operator()(const Absent& absent) {
     if (!happens([&] { return !display_.find(absent.title, window_); }))
-        throw std::runtime_error("the window \"" + absent.title + "\" has stayed");
+        throw std::runtime_error("the window \"" + absent.title + "\" did not disappear");
     // It may already have been active while the focus was elsewhere.
     display_.unfocus();
 }

@@ -16,7 +16,7 @@
 namespace tour {
 
 /// Waits until the condition holds; false if it does not within 20 seconds.
-bool happens(const std::function<bool()>& thing);
+bool happens(const std::function<bool()>& condition);
 
 /// Executes the steps: acts as the user, waits for the expected result, and takes a screenshot of
 /// each step.
@@ -55,7 +55,7 @@ class Guide {
     std::filesystem::path pictures_;
     ConsoleMap map_;
     std::unique_ptr<Child> program_;
-    unsigned long window_ = 0;  ///< that the user works in
+    unsigned long window_ = 0;  ///< the one that the user works in
     int taken_ = 0;
 };
 

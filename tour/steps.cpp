@@ -81,8 +81,8 @@ Steps done(const System& system) {
 /// The editor has opened the file; checks how it was called and closes it.
 Steps seenInEditor(const System& system, const std::string& program, const std::string& file,
                    const std::string& argument) {
-    return Steps{{"The editor comes up", Appear{file + " - Practice Editor"}},
-                 {"It was called so", Call{program, games, {argument}}},
+    return Steps{{"The editor appears", Appear{file + " - Practice Editor"}},
+                 {"It was called as expected", Call{program, games, {argument}}},
                  {"Close the editor", Close{}}} +
            done(system) + Steps{backToConsole};
 }
@@ -102,33 +102,33 @@ Steps wroteCompile(const std::string& library, const std::string& options,
 }
 
 Steps called(const std::string& program, const Texts& arguments, const Texts& input = {}) {
-    return {{"The tool was called so", Call{program, games, arguments, input}}};
+    return {{"The tool was called as expected", Call{program, games, arguments, input}}};
 }
 
 Steps calledCompiler(const std::string& library, const Texts& arguments) {
     return called(kelm, Texts{"-Include", library} + arguments + Texts{"-List", "-Height", "0"});
 }
 
-Steps leftBehind(const std::string& file, const std::string& text) {
-    return {{"The file " + file + " was left", FileHolds{file, text}}};
+Steps fileHolds(const std::string& file, const std::string& text) {
+    return {{"The file " + file + " is as expected", FileHolds{file, text}}};
 }
 
 /// Closes the dialog or message box by a key. The window below is visible all the time, so only the
 /// disappearing of this one shows that the key worked.
 Steps leave(const std::string& keys, const std::string& why, const Step& below = backToConsole) {
-    return press(keys, why) + Steps{{"It goes", Vanish{}}, below};
+    return press(keys, why) + Steps{{"It disappears", Vanish{}}, below};
 }
 
 /// A message box appears and is answered by a key.
 Steps box(const std::string& title, const std::string& keys) {
-    return Steps{{"A box comes up", Appear{title}}} + leave(keys, "the answer");
+    return Steps{{"A message box appears", Appear{title}}} + leave(keys, "the answer");
 }
 
 Scene start(const System& system) {
     return {"The start",
-            {{"The splash comes up", Appear{system.splash}},
-             {"Press a key, which sends it away", Press{"space"}},
-             {"The console comes up on the Compile tab", Appear{console}}}};
+            {{"The splash appears", Appear{system.splash}},
+             {"Press a key, which closes it", Press{"space"}},
+             {"The console appears on the Compile tab", Appear{console}}}};
 }
 
 Scene compileByMouse(const System& system) {
@@ -138,7 +138,7 @@ Scene compileByMouse(const System& system) {
                 calledCompiler(system.tools.library, {"cave", "-Debug"}) +
                 seenInEditor(system, notepad, "cave.lis", system.caveListing) +
                 wroteCompile(system.scripts.library, "cave -Debug", "notepad cave.lis") +
-                leftBehind(cave + ".kcd", caveTexts)};
+                fileHolds(cave + ".kcd", caveTexts)};
 }
 
 /// The part of the settings file that the tour changes.
@@ -166,7 +166,7 @@ Steps saved(const Settings& settings) {
     std::string text;
     for (const std::string& line : all)
         text += line + "\n";
-    return leftBehind("nwbw.ini", text);
+    return fileHolds("nwbw.ini", text);
 }
 
 /// Moves from box to box of a locations dialog, past the Browse buttons.
@@ -179,14 +179,14 @@ Steps toBox(int count) {
 
 Steps openDialog(const std::string& menu, const std::string& item, const std::string& title) {
     return press(menu, "the menu") + press(item, "its item") +
-           Steps{{"The dialog comes up", Appear{title}}};
+           Steps{{"The dialog appears", Appear{title}}};
 }
 
 Scene dialogs() {
     const std::string programs = "Kelm Programs and Documenation File Locations";
     const std::string others = "Other Program Locations";
-    const Step list{"The list of include folders comes up", Appear{"Include File search list"}};
-    const Step folder{"The folder dialog comes up", Appear{"Select folder to add to search list"}};
+    const Step list{"The list of include folders appears", Appear{"Include File search list"}};
+    const Step folder{"The folder dialog appears", Appear{"Select folder to add to search list"}};
     Settings settings;
     Scene scene{"The dialogs, with the keyboard", {}};
     const auto go = [&scene](const Steps& steps) { scene.steps = scene.steps + steps; };
@@ -225,14 +225,14 @@ Scene compileByKeyboard(const System& system) {
                 press("space", "all of the source in the listing") + press("Alt+P", "packed") +
                 press("Alt+C", "compile again") + box("Game newer than Source", "Alt+Y") +
                 called("cave") + fromButtonToFile() + retype(games + "\\dragon.kel") +
-                press("Alt+C", "compile a file that is not there") + box(console, "Return") +
+                press("Alt+C", "compile a missing file") + box(console, "Return") +
                 fromButtonToFile() + retype(quest + ".kel") + press("Alt+C", "compile") +
                 called(system.tools.quest) +
                 wroteCompile(system.scripts.library,
                              "-Include " + core::quoted(system.scripts.games) + " " + stem +
                                  " -Pack -Debug -Full",
                              core::quoted(editor) + " " + stem + ".lis") +
-                leftBehind(games + "\\" + system.tools.quest + ".kcd", questTexts)};
+                fileHolds(games + "\\" + system.tools.quest + ".kcd", questTexts)};
 }
 
 Scene playByMouse(const System& system) {
@@ -240,13 +240,13 @@ Scene playByMouse(const System& system) {
             press("Ctrl+Tab", "the next tab") + click("the file's box", "txtFnameP") +
                 retype(cave + ".kcd") + click("Trace", "chkTrace") +
                 click("Full Transcript", "optRecord(1)") + click("Play", "btnPlay") +
-                Steps{{"The player's terminal comes up", Appear{system.terminal}},
+                Steps{{"The player's terminal appears", Appear{system.terminal}},
                       {"Play a little", Type{"look\nquit\n"}},
-                      {"The terminal goes", Vanish{}},
+                      {"The terminal disappears", Vanish{}},
                       backToConsole} +
                 called(consolePlayer, {"cave", "-t", "-L"}, {"look", "quit"}) +
                 wrote({core::quoted(consolePlayer) + " cave -t -L"}) +
-                leftBehind(cave + ".log", "look\nquit\n")};
+                fileHolds(cave + ".log", "look\nquit\n")};
 }
 
 Scene playByKeyboard(const System& system) {
@@ -273,7 +273,7 @@ Scene spellingByMouse(const System& system) {
             seenInEditor(system, wordProcessor, "words.txt", "words.txt") +
             wrote({core::quoted(klex) + " " + system.scripts.quest + " -FR -PR -NL  -OFwords.txt",
                    core::quoted(wordProcessor) + "  words.txt"}) +
-            leftBehind(games + "\\words.txt", questTexts)};
+            fileHolds(games + "\\words.txt", questTexts)};
 }
 
 Scene spellingByKeyboard(const System& system) {
@@ -285,10 +285,9 @@ Scene spellingByKeyboard(const System& system) {
                 seenInEditor(system, wordProcessor, "cave.txt", "cave.txt") +
                 wrote({core::quoted(klex) + " cave -FF -PC",
                        core::quoted(wordProcessor) + "  cave.txt"}) +
-                press("Alt+E", "extract again, over a file that is there") +
-                box(console, "Return") + press("Alt+O", "overwrite") +
-                press("Alt+W", "no word processor") + press("Alt+E", "extract") +
-                called(klex, {"cave", "-OO", "-FF", "-PC"}) +
+                press("Alt+E", "extract again, over an existing file") + box(console, "Return") +
+                press("Alt+O", "overwrite") + press("Alt+W", "no word processor") +
+                press("Alt+E", "extract") + called(klex, {"cave", "-OO", "-FF", "-PC"}) +
                 wrote({core::quoted(klex) + " cave -OO -FF -PC"}) + done(system)};
 }
 

@@ -7,10 +7,10 @@
 #include "accessibility_bus.h"
 #include "steps.h"
 
-/// The walk as a list: every form of the program, and the keys that open it.
+/// The screen reader tour as a list: every form of the program, and the keys that open it.
 namespace tour {
 
-/// Shows that the walk has arrived: a control or an item of one that has the state, or does not
+/// Shows that the tour has arrived: a control or an item of one that has the state, or does not
 /// have it.
 struct Sight {
     Sight(std::string name, State state = State::Showing, bool holds = true)

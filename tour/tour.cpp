@@ -1,6 +1,6 @@
 /// A tour of the real program on a hidden display, by real keys and clicks, in a demo folder.
 /// Prints each step, the scripts and the calls of the tools, and takes a screenshot of each step.
-/// Fails if a step did not happen.
+/// Fails if a step does not succeed.
 ///
 ///     tour PROJECT_FOLDER BUILD_FOLDER
 
@@ -20,7 +20,7 @@ void takeTour(const tour::Display& display, const tour::Demo& demo,
             guide.take(step);
         steps += scene.steps.size();
     }
-    std::cout << "\nAll " << steps << " steps of the tour happened. Their pictures are in "
+    std::cout << "\nAll " << steps << " steps of the tour succeeded. Their screenshots are in "
               << pictures.string() << ".\n";
 }
 

@@ -18,7 +18,7 @@
 ///    field to the rebuild. A new frame goes to applyHideBox too.
 /// 3. In tests add the control's line to wording.txt, its part of the command to rules.h, against
 ///    which the random walks check the rebuild, and a click on it to the panel's test.
-/// 4. In tour/hand.cpp add what it puts into a script to `switches`.
+/// 4. In tour/assistive_user.cpp add what it puts into a script to `switches`.
 /// 5. In pages/default.htm add its row and its mnemonic, and run scripts/take-pictures.
 namespace tools::panel {
 

@@ -1,4 +1,4 @@
-#include "hand.h"
+#include "assistive_user.h"
 
 #include <algorithm>
 #include <iostream>
@@ -32,35 +32,35 @@ const std::vector<std::pair<std::string, std::string>> switches = {
     {"Don't show line numbers in output file", " -NL"},
     {"Automatically open output file in Wordprocessor", "winword.exe"}};
 
-bool isFileBox(const Spoken& spoken) {
-    return spoken.name == "KELM source code file" || spoken.name == "KELM game file";
+bool isFileBox(const AccessibleObject& object) {
+    return object.name == "KELM source code file" || object.name == "KELM game file";
 }
 
-const Spoken* find(const std::vector<Spoken>& window, const std::string& name,
-                   const std::string& role) {
-    const auto found = std::find_if(window.begin(), window.end(), [&](const Spoken& spoken) {
-        return spoken.name == name && spoken.role == role;
-    });
+const AccessibleObject* find(const std::vector<AccessibleObject>& window, const std::string& name,
+                             const std::string& role) {
+    const auto found = std::find_if(
+        window.begin(), window.end(),
+        [&](const AccessibleObject& object) { return object.name == name && object.role == role; });
     return found == window.end() ? nullptr : &*found;
 }
 
-bool canAct(const Spoken& spoken) {
+bool canAct(const AccessibleObject& object) {
     static const std::set<std::string> roles = {"push button",  "button",    "check box",
                                                 "radio button", "text",      "list item",
                                                 "table cell",   "tree item", "page tab"};
-    return spoken.is(State::Enabled) && roles.contains(spoken.role);
+    return object.is(State::Enabled) && roles.contains(object.role);
 }
 
 }  // namespace
 
-void Hand::work(int actions) {
+void AssistiveUser::work(int actions) {
     for (int done = 0; done < actions; ++done) {
         Objects window;
         if (!happens([&] { return !(window = bus_.top("nwbw")).empty(); }))
             throw std::runtime_error("the program has gone");
         remember(window);
         // The file dialog is the toolkit's own.
-        const Spoken* cancel = find(window, "Cancel", "push button");
+        const AccessibleObject* cancel = find(window, "Cancel", "push button");
         if (find(window, "Look in:", "label") && cancel) {
             bus_.act(*cancel);
             continue;
@@ -68,13 +68,13 @@ void Hand::work(int actions) {
         Objects targets;
         std::copy_if(window.begin(), window.end(), std::back_inserter(targets), canAct);
         if (targets.empty()) continue;
-        const Spoken& target = targets[any(targets.size())];
+        const AccessibleObject& target = targets[any(targets.size())];
         std::cout << "  " << target.role << " [" << target.name << "]" << std::endl;
         act(window, target);
     }
 }
 
-void Hand::act(const Objects& window, const Spoken& target) {
+void AssistiveUser::act(const Objects& window, const AccessibleObject& target) {
     if (target.role == "text") {
         bus_.setText(target, files[any(files.size())]);
         return;
@@ -87,40 +87,40 @@ void Hand::act(const Objects& window, const Spoken& target) {
     }
 }
 
-void Hand::remember(const Objects& window) {
+void AssistiveUser::remember(const Objects& window) {
     if (window.front().name != console) return;
     for (std::size_t i = 0; i < tabs.size(); ++i) {
         if (!find(window, tabs[i], "property page")) continue;
         tab_ = static_cast<int>(i);
         seen_[i] = true;
-        for (const Spoken& spoken : window) {
-            if (isFileBox(spoken)) panels_[i].file = bus_.text(spoken);
-            if (spoken.name == "Hide Options") panels_[i].hidden = spoken.is(State::Checked);
+        for (const AccessibleObject& object : window) {
+            if (isFileBox(object)) panels_[i].file = bus_.text(object);
+            if (object.name == "Hide Options") panels_[i].hidden = object.is(State::Checked);
         }
     }
 }
 
-void Hand::checkScript(const Objects& before, const std::string& script) {
+void AssistiveUser::checkScript(const Objects& before, const std::string& script) {
     ++scripts_;
     for (const auto& [name, text] : switches) {
-        for (const Spoken& spoken : before) {
-            if (spoken.name != name) continue;
-            if ((script.find(text) != std::string::npos) != spoken.is(State::Checked))
-                throw std::runtime_error("the screen shows \"" + name +
-                                         "\" otherwise than the script has it:\n" + script);
+        for (const AccessibleObject& object : before) {
+            if (object.name != name) continue;
+            if ((script.find(text) != std::string::npos) != object.is(State::Checked))
+                throw std::runtime_error("the script contradicts the state of \"" + name +
+                                         "\" on the screen:\n" + script);
         }
     }
     const bool quest = panels_[tab_].file == files[1];
     if ((script.find(" WIZARD~1 ") != std::string::npos) != quest)
-        throw std::runtime_error("the script is of another file:\n" + script);
+        throw std::runtime_error("the script is for another file:\n" + script);
 }
 
-void Hand::leave() {
+void AssistiveUser::leave() {
     while (bus_.top("nwbw").front().name != console ||
            find(bus_.top("nwbw"), "OK", "push button")) {
         const Objects window = bus_.top("nwbw");
         for (const char* name : {"OK", "Cancel", "Close"})
-            if (const Spoken* button = find(window, name, "push button")) {
+            if (const AccessibleObject* button = find(window, name, "push button")) {
                 bus_.act(*button);
                 break;
             }
@@ -132,7 +132,7 @@ void Hand::leave() {
     }
 }
 
-void Hand::checkSettings() const {
+void AssistiveUser::checkSettings() const {
     constexpr std::size_t firstFile = 13;
     constexpr std::size_t firstHidden = 17;
     constexpr std::size_t startTab = 22;

@@ -10,11 +10,11 @@
 
 namespace tour {
 
-/// Operates the program through the accessibility bus only, as voice control or a switch does. It
-/// acts at random and compares each script, and finally the settings, with what the screen showed.
-class Hand {
+/// Operates the program through the accessibility bus only, as voice control or a switch does. Acts
+/// at random and compares each script, and finally the settings, with what the screen showed.
+class AssistiveUser {
   public:
-    Hand(const AccessibilityBus& bus, const Demo& demo, unsigned seed)
+    AssistiveUser(const AccessibilityBus& bus, const Demo& demo, unsigned seed)
         : bus_(bus), demo_(demo), random_(seed) {}
 
     /// Throws std::runtime_error if a script differs from what the screen showed before.
@@ -26,10 +26,10 @@ class Hand {
     [[nodiscard]] int scripts() const { return scripts_; }
 
   private:
-    using Objects = std::vector<Spoken>;
+    using Objects = std::vector<AccessibleObject>;
 
     std::size_t any(std::size_t count) { return random_() % count; }
-    void act(const Objects& window, const Spoken& target);
+    void act(const Objects& window, const AccessibleObject& target);
     void remember(const Objects& window);
     void checkScript(const Objects& before, const std::string& script);
 
