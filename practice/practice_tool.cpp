@@ -1,6 +1,6 @@
 /// Stands in for an author's tools: a compiler, a game player and a text extractor in one program,
 /// selected by the name that it is called by. It records how it was called and writes the files
-/// that such a tool writes. All it knows of the language is that texts are in double quotes.
+/// that such a tool writes. Of the language it only knows that texts are in double quotes.
 
 #include <algorithm>
 #include <fstream>

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-/// How a practice program was called, and its record of that.
+/// How a practice program was called, and the record of it.
 namespace practice {
 
 /// One call of a practice program, appended to `<name>.record` beside the program: its name, its
