@@ -30,6 +30,7 @@ void checkScript(std::string_view script) {
           "a script of these lines says the same");
 }
 
+/// Drives with a few programs, on them and on the search path.
 struct InstalledPrograms : fuzz::TestDrives {
     InstalledPrograms()
         : TestDrives({"drive_c/kelm/tool.exe", "drive_c/My Games/wizardquest.kel",
