@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QTimer>
 #include <QUrl>
 
@@ -113,6 +114,7 @@ std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion&
     dialog.setNameFilters(nameFilters(question.filter));
     dialog.setDirectory(folder_);
     if (!offered.file.isEmpty()) dialog.selectFile(offered.file);
+    dialog.resize((dialog.sizeHint() * enlargement()).boundedTo(dialog.screen()->availableSize()));
     if (dialog.exec() != QDialog::Accepted) return {};
 
     folder_ = dialog.directory().absolutePath();

@@ -31,6 +31,8 @@ QSize ScaledStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     // Qt's own style draws a column for marks as wide as a line is high, but asks for a fixed one.
     if (type == CT_MenuItem) size.rwidth() += size.height() / 2;
+    // The buttons of boxes: the usual width is also a fixed one.
+    if (type == CT_PushButton) size = size.expandedTo({3 * size.height(), 0});
     return size;
 }
 
