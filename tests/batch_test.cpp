@@ -159,6 +159,7 @@ TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
 TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
     program(home / "bin/bad", "#!/bin/sh\nexit 3\n");
     program(home / "bin/ill", "#!/bin/sh\nkill -11 $$\n");
+    program(home / "bin/stop", "#!/bin/sh\nkill -2 $$\n");
     program(home / "bin/good");
     const std::pair<const char*, const char*> cases[] = {
         {"good", ""},
@@ -166,6 +167,7 @@ TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
         {"bad\ngood", ""},
         {"bad\ncd \\\nexit", "bad ended with exit code 3.\n"},
         {"ill", "ill was ended by signal 11 (Segmentation fault).\n"},
+        {"stop\ngood", "Interrupted.\n"},
         {"bad\n Pause ", ""},
         {"none\npause\ngood", ""},
     };

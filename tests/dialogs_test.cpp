@@ -168,6 +168,7 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
             EXPECT_EQ(shown.Caption() == "Edit folder name", button.name == "btnChange");
             shown.txtFolder.type(folder);
             shown.pressDefault();
+            EXPECT_TRUE(shown.unloaded());
         });
         button.click();
     };

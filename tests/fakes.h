@@ -130,11 +130,8 @@ class FakeRuntime : public core::Runtime {
     }
     Answer rtcMsgBox(const std::string& text, int flags, const std::string& title) override {
         boxes.push_back({text, flags, title});
-        if (flags == exclamation) {
-            EXPECT_TRUE(std::regex_search(text, failures)) << text;
-        } else {
-            EXPECT_TRUE(pages::explains(text)) << text;
-        }
+        const bool failed = flags == exclamation;
+        EXPECT_TRUE(failed ? std::regex_search(text, failures) : pages::explains(text)) << text;
         if (whileBoxIsOpen) whileBoxIsOpen();
         return answer;
     }
@@ -220,13 +217,12 @@ class FakeToolkit : public forms::Toolkit {
         }
         void showModal(forms::Form&) override {
             form_.activate();
+            auto user = toolkit_.anyUser;
             if (!toolkit_.users.empty()) {
-                const auto user = toolkit_.users.front();
+                user = toolkit_.users.front();
                 toolkit_.users.pop_front();
-                user(form_);
-            } else if (toolkit_.anyUser) {
-                toolkit_.anyUser(form_);
             }
+            if (user) user(form_);
             form_.close();
         }
         void hide() override {}

@@ -47,6 +47,7 @@ struct Windows : testing::Test {
         form->Show();
         window = &windowOf(*form);
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+        EXPECT_EQ(window->focusWidget()->objectName(), "qt_tabwidget_tabbar");
     }
     /// Sets the user's font for windows that are created from now on.
     static void setUserFont(int points) {
@@ -109,9 +110,12 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
             << row.focus.fullName() << " " << QKeySequence(row.key).toString().toStdString();
     }
     EXPECT_FALSE(widget<QLineEdit>(form->edit.txtFnameE).hasSelectedText());
-    QTest::keyClick(window->focusWidget(), Qt::Key_F, Qt::AltModifier);
-    ASSERT_TRUE(QApplication::activePopupWidget());
-    QApplication::activePopupWidget()->close();
+    for (const bool alt : {true, false}) {
+        QTest::keyClick(window->focusWidget(), alt ? Qt::Key_F : Qt::Key_F10,
+                        alt ? Qt::AltModifier : Qt::NoModifier);
+        ASSERT_TRUE(QApplication::activePopupWidget());
+        QApplication::activePopupWidget()->close();
+    }
 }
 
 TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
@@ -196,8 +200,8 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
     const std::string url = fileUrl.toString().toStdString();
     QFile(name(file)).open(QIODevice::WriteOnly);
     const std::pair<std::string, std::string> pasted[] = {
-        {file, "c:" + file},    {url, "c:" + file},       {url + "\n" + url, "c:" + file},
-        {url + "x", url + "x"}, {"/no/such", "/no/such"}, {"c:\\a\tb\r\nc", "c:\\ab"}};
+        {"c:\\a\tb\r\nc", "c:\\ab"}, {url, "c:" + file},       {url + "\n" + url, "c:" + file},
+        {url + "x", url + "x"},      {"/no/such", "/no/such"}, {file, "c:" + file}};
     for (const auto& [text, expected] : pasted) {
         line.clear();
         QApplication::clipboard()->setText(name(text));
@@ -213,7 +217,7 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
     for (QAction* action : menu->actions())
         if (action->text().startsWith("&Paste")) action->trigger();
     menu->close();
-    EXPECT_EQ(line.text(), "c:\\ab");
+    EXPECT_EQ(line.text().toStdString(), "c:" + file);
     line.clear();
     QTest::keyClicks(&line, name(file));
     EXPECT_EQ(form->compile.txtFname.Text(), file) << "typed texts stay as they are";
@@ -226,9 +230,11 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
             QDragEnterEvent enter({9, 9}, actions, &data, Qt::LeftButton, {});
             QDropEvent drop({9, 9}, actions, &data, Qt::LeftButton, {});
             QCoreApplication::sendEvent(place, &enter);
+            EXPECT_EQ(line.text(), "old");
             QCoreApplication::sendEvent(place, &drop);
             EXPECT_EQ(form->compile.txtFname.Text(), files == 1 ? "c:" + file : "old");
             EXPECT_NE(drop.dropAction(), Qt::MoveAction);
+            EXPECT_EQ(drop.isAccepted(), files == 1);
         }
     }
 }
@@ -275,6 +281,9 @@ TEST_F(Windows, AFolderIsOpenedByItsRow) {
     QTest::keyClick(&drives, Qt::Key_Down);
     EXPECT_EQ(told, "Cannot open d:\\");
     EXPECT_EQ(drives.currentText(), "c:");
+    const int open = application.Count();
+    QTest::keyClick(&rows, Qt::Key_Escape);
+    EXPECT_EQ(application.Count(), open - 1);
 }
 
 TEST_F(Windows, AMessageBoxAnswers) {
@@ -290,6 +299,7 @@ TEST_F(Windows, AMessageBoxAnswers) {
             auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
             EXPECT_EQ(box->parentWidget(), window);
             EXPECT_EQ(box->text().remove(QChar(0x200b)).toStdString(), path + " not found");
+            EXPECT_EQ(box->windowTitle(), "Title");
             EXPECT_LT(box->width(), 800);
             EXPECT_EQ(box->icon() == QMessageBox::Warning, flags == Runtime::exclamation);
             QTest::keyClick(box, key);
@@ -330,7 +340,8 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         const QMainWindow& splash = windowOf(application.Forms(2));
         const auto* logo = splash.findChild<QLabel*>("imgLogo");
         EXPECT_TRUE(logo->hasScaledContents() && !logo->pixmap().isNull());
-        EXPECT_TRUE(splash.findChild<QLabel*>("lblProductName")->font().italic());
+        const QFont title = splash.findChild<QLabel*>("lblProductName")->font();
+        EXPECT_TRUE(title.italic() && title.family() == "Times New Roman");
         const QPoint middle = splash.screen()->availableGeometry().center();
         EXPECT_LT((splash.frameGeometry().center() - middle).manhattanLength(), 4);
         EXPECT_GT(shown.font().pointSizeF(), 7.2 * qt::enlargement()) << "not the smallest size";

@@ -168,6 +168,7 @@ struct End : WindowWalk {
                     answer = qt::messageBox("First?", core::Runtime::yesNo, "");
                     qt::messageBox("Second", core::Runtime::okOnly, "");
                 });
+                EXPECT_TRUE(QApplication::activeModalWidget());
                 application.Forms(1).find("btnBrowse(0)")->click();
             });
             console.mnuOptionsPrograms.click();
