@@ -221,7 +221,7 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
     line.clear();
     QTest::keyClicks(&line, name(file));
     EXPECT_EQ(form->compile.txtFname.Text(), file) << "typed texts stay as they are";
-    for (QWidget* place : QWidgetList{window, &line, &widget(form->tbsOptions)}) {
+    for (QWidget* place : QWidgetList{window->centralWidget(), &line, &widget(form->tbsOptions)}) {
         for (const int files : {2, 1}) {
             line.setText("old");
             QMimeData data;
