@@ -76,6 +76,7 @@ void expectLaidOut(const forms::Container& container) {
     for (const forms::Control* control : container.children()) {
         if (const auto* inner = dynamic_cast<const forms::Container*>(control))
             expectLaidOut(*inner);
+        EXPECT_TRUE(control->Width() > 0 || !dynamic_cast<const forms::Line*>(control));
         // Panels lie on their tabs, and labels on a picture.
         if (!control->inSight() || dynamic_cast<const forms::TabStrip*>(control) ||
             dynamic_cast<const forms::Image*>(control))
@@ -217,6 +218,7 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
         list.btnAdd.click();
         EXPECT_TRUE(runtime.told("The search list is full. It can hold 20 folders."));
         list.pressCancel();
+        EXPECT_TRUE(list.unloaded());
     });
     form.compile.btnModifyIncludes.click();
     EXPECT_EQ(form.compile.lstInclude.ListCount(), 2);
