@@ -337,11 +337,15 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         const QMainWindow& shown = windowOf(console);
         for (int tab = 1; tab <= 4; ++tab)
             console.tbsOptions.SelectedItem = tab;
-        const QMainWindow& splash = windowOf(application.Forms(2));
+        QMainWindow& splash = windowOf(application.Forms(2));
         const auto* logo = splash.findChild<QLabel*>("imgLogo");
         EXPECT_TRUE(logo->hasScaledContents() && !logo->pixmap().isNull());
         const QFont title = splash.findChild<QLabel*>("lblProductName")->font();
         EXPECT_TRUE(title.italic() && title.family() == "Times New Roman");
+        const QImage picture = splash.grab().toImage();
+        EXPECT_EQ(picture.pixelColor(5, 5), QColor(0, 0, 128));
+        const auto* frame = splash.findChild<QWidget*>("Frame1");
+        EXPECT_EQ(picture.pixelColor(frame->pos() + QPoint(1, 1)), frame->palette().base().color());
         const QPoint middle = splash.screen()->availableGeometry().center();
         EXPECT_LT((splash.frameGeometry().center() - middle).manhattanLength(), 4);
         EXPECT_GT(shown.font().pointSizeF(), 7.2 * qt::enlargement()) << "not the smallest size";

@@ -151,6 +151,7 @@ TEST_F(WindowWalk, RandomKeysAndClicksKeepEveryRuleAndNoMemory) {
     });
     QApplication::exec();
     EXPECT_GT(modals, most / 50);
+    EXPECT_FALSE(QApplication::windowIcon().isNull());
 }
 
 /// Requests the program's end while a dialog, a file dialog and a message box are open.
