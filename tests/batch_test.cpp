@@ -30,7 +30,8 @@ class Batch : public LinuxDesktop {
         std::istringstream in("\n");
         std::ostringstream out;
         WindowsDisk disk(Drives::ofUser());
-        const bool done = BatchInterpreter(disk, in, out).run(script);
+        const bool done =
+            BatchInterpreter(disk, in, out, BatchInterpreter::Titles::Yes).run(script);
         shown = out.str();
         paused = in.peek() == EOF;
         return done;
@@ -105,6 +106,8 @@ TEST_F(Batch, KeepsEachDrivesFolder) {
     EXPECT_EQ(echoed(), (c / "games").string() + "[1]\n" + old + "[2]\n" + old + "[3]\n" +
                             (c / "kelm").string() + "[4]\n");
     EXPECT_NE(shown.find("\nD:\\tales\\old>cd c:\\kelm\n"), std::string::npos) << shown;
+    const std::string title = "tool.exe 3 - Norvane Workbench\a";
+    EXPECT_NE(shown.find("\x1b]2;" + title + "\x1b]30;" + title), std::string::npos) << shown;
 }
 
 TEST_F(Batch, TellsWhatIsMissing) {
