@@ -1,6 +1,7 @@
 #include <fstream>
 
 #include "fakes.h"
+#include "forms/fit.h"
 
 using namespace fakes;
 using core::AppState;
@@ -111,6 +112,38 @@ TEST_F(Dialogs, EveryFormIsWordedAsAgreedAndLaidOut) {
     lines += browse(*all[3], toolkit) + browse(*all[4], toolkit);
     std::ifstream agreed(NWBW_TESTS "/wording.txt", std::ios::binary);
     EXPECT_EQ(lines, std::string(std::istreambuf_iterator<char>(agreed), {}));
+}
+
+/// A ruler whose letters are all alike. Controls of one kind have half the height that they need
+/// and hardly any width; the others have all the room that they need.
+class NarrowRuler : public forms::Ruler {
+  public:
+    explicit NarrowRuler(int narrowKind) : narrow_(narrowKind) {}
+    [[nodiscard]] int lineHeight() const override { return 10; }
+    [[nodiscard]] int width(const std::string& caption) const override {
+        return 5 * static_cast<int>(forms::withoutMnemonic(caption).size());
+    }
+    [[nodiscard]] int wrappedHeight(const std::string&, int) const override { return 10; }
+    [[nodiscard]] forms::Size room(const forms::TextBox&) const override { return roomOf(0); }
+    [[nodiscard]] forms::Size room(const forms::Label&) const override { return roomOf(1); }
+    [[nodiscard]] forms::Size room(const forms::Button&) const override { return roomOf(2); }
+    [[nodiscard]] forms::Size room(const forms::CheckBox&) const override { return roomOf(3); }
+    [[nodiscard]] forms::Size room(const forms::OptionButton&) const override { return roomOf(4); }
+    [[nodiscard]] forms::Size room(const forms::Frame&) const override { return roomOf(5); }
+    [[nodiscard]] forms::Size room(const forms::TabStrip&) const override { return roomOf(6); }
+
+  private:
+    [[nodiscard]] forms::Size roomOf(int kind) const {
+        return kind == narrow_ ? forms::Size{10, 5} : forms::Size{10000, 10};
+    }
+    int narrow_;
+};
+
+TEST_F(Dialogs, AFontShrinksUntilEveryCaptionOfTheFormFits) {
+    for (int kind = 0; kind <= 6; ++kind)
+        EXPECT_LT(forms::captionRoom(form, NarrowRuler(kind)), 1) << kind;
+    EXPECT_EQ(forms::fittingPoints(form, 20, NarrowRuler(-1)), 20);
+    EXPECT_EQ(forms::fittingPoints(form, 20, NarrowRuler(0)), 9.5);
 }
 
 TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {

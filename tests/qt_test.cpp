@@ -300,6 +300,7 @@ TEST_F(Windows, AMessageBoxAnswers) {
             EXPECT_EQ(box->parentWidget(), window);
             EXPECT_EQ(box->text().remove(QChar(0x200b)).toStdString(), path + " not found");
             EXPECT_EQ(box->windowTitle(), "Title");
+            EXPECT_EQ(box->textFormat(), Qt::PlainText);
             EXPECT_LT(box->width(), 800);
             EXPECT_EQ(box->icon() == QMessageBox::Warning, flags == Runtime::exclamation);
             QTest::keyClick(box, key);
