@@ -9,10 +9,9 @@
 
 #include "benchmarks/home.h"
 #include "console/frm_console.h"
-#include "platform/linux/linux_runtime.h"
-#include "platform/linux/terminal.h"
 #include "platform/none/no_platform.h"
 #include "platform/posix/invocation.h"
+#include "platform/posix/posix_runtime.h"
 
 namespace {
 
@@ -56,7 +55,7 @@ class TimedCompiler {
 void action(benchmark::State& state) {
     TimedCompiler timed;
     std::string error;
-    platform::LinuxRuntime runtime([&](const std::string& text, int, const std::string&) {
+    platform::PosixRuntime runtime([&](const std::string& text, int, const std::string&) {
         error = text;
         return core::Runtime::Answer::Ok;
     });

@@ -8,8 +8,8 @@
 
 #include "benchmarks/home.h"
 #include "console/frm_console.h"
-#include "platform/linux/linux_runtime.h"
 #include "platform/none/no_platform.h"
+#include "platform/posix/posix_runtime.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ void keystroke(benchmark::State& state) {
     static const Home home;  // shared by all runs, since creating the files is slow
     home.enter();
     const auto paths = fill(home, state.range(0), state.range(1));
-    platform::LinuxRuntime runtime(nullptr);
+    platform::PosixRuntime runtime(nullptr);
     platform::NoToolkit windows;
     forms::Application application(windows, nullptr);
     core::Program program{runtime, application, {}};

@@ -9,8 +9,8 @@
 
 #include "benchmarks/home.h"
 #include "core/settings_file.h"
-#include "platform/linux/linux_runtime.h"
 #include "platform/none/no_platform.h"
+#include "platform/posix/posix_runtime.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ using namespace bench;
 void save(benchmark::State& state) {
     const Home home;
     std::string error;
-    platform::LinuxRuntime runtime([&](const std::string& text, int, const std::string&) {
+    platform::PosixRuntime runtime([&](const std::string& text, int, const std::string&) {
         error = text;
         return core::Runtime::Answer::Ok;
     });

@@ -14,7 +14,7 @@
 
 #include "console/frm_console.h"
 #include "platform/linux/fonts.h"
-#include "platform/linux/linux_runtime.h"
+#include "platform/posix/posix_runtime.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_application.h"
@@ -48,7 +48,7 @@ void showWord(int count, char** arguments) {
 
 void showConsole(char** arguments) {
     const qt::QtApplication application(arguments, platform::lookUpFonts);
-    platform::LinuxRuntime runtime(qt::messageBox);
+    platform::PosixRuntime runtime(qt::messageBox);
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
                           [&](const std::string& path) { return runtime.disk().toWindows(path); });
     forms::Application forms(toolkit, [](const std::string&) {});

@@ -1,6 +1,6 @@
 #include "console/workbench.h"
 #include "platform/linux/fonts.h"
-#include "platform/linux/linux_runtime.h"
+#include "platform/posix/posix_runtime.h"
 #include "platform/qt/end_request.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_application.h"
@@ -10,7 +10,7 @@
 int main(int /*count*/, char** arguments) {
     const qt::QtApplication application(arguments, platform::lookUpFonts);
 
-    platform::LinuxRuntime runtime(qt::messageBox);
+    platform::PosixRuntime runtime(qt::messageBox);
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
                           [&](const std::string& path) { return runtime.disk().toWindows(path); });
     console::Workbench workbench(runtime, toolkit);

@@ -4,10 +4,9 @@
 #include <sstream>
 
 #include "linux_desktop.h"
-#include "platform/linux/linux_runtime.h"
 #include "platform/linux/shell_words.h"
-#include "platform/linux/terminal.h"
 #include "platform/posix/batch_interpreter.h"
+#include "platform/posix/posix_runtime.h"
 
 using namespace platform;
 using namespace std::literals;
@@ -223,7 +222,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     char* arguments[] = {name, nullptr};
     const QCoreApplication application(count, arguments);
     std::string told;
-    LinuxRuntime runtime(
+    PosixRuntime runtime(
         [&](const std::string& text, int flags, const std::string&) {
             told = std::to_string(flags) + ' ' + text;
             return core::Runtime::Answer::Ok;

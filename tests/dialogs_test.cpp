@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <fstream>
 
 #include "fakes.h"
@@ -110,7 +111,7 @@ TEST_F(Dialogs, EveryFormIsWordedAsAgreedAndLaidOut) {
         expectLaidOut(form);
     }
     lines += browse(*all[3], toolkit) + browse(*all[4], toolkit);
-    std::ifstream agreed(NWBW_TESTS "/wording.txt", std::ios::binary);
+    std::ifstream agreed(std::filesystem::path(NWBW_TESTS) / "wording.txt", std::ios::binary);
     EXPECT_EQ(lines, std::string(std::istreambuf_iterator<char>(agreed), {}));
 }
 

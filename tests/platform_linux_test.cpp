@@ -4,7 +4,7 @@
 #include <cerrno>
 
 #include "linux_desktop.h"
-#include "platform/linux/linux_runtime.h"
+#include "platform/posix/posix_runtime.h"
 
 using namespace platform;
 using core::Runtime;
@@ -124,7 +124,7 @@ TEST(ShortNames, KeepToEightCharactersWhenManyCompete) {
 }
 
 TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
-    LinuxRuntime runtime(nullptr);
+    PosixRuntime runtime(nullptr);
     const auto open = [&](const char* path) {
         return errorOf([&] { runtime.vbaFileOpen(path, Runtime::OpenMode::Output); });
     };

@@ -1,5 +1,3 @@
-#include "platform/linux/terminal.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -10,6 +8,7 @@
 #include "core/runtime.h"
 #include "platform/linux/shell_words.h"
 #include "platform/posix/search_path.h"
+#include "platform/posix/system.h"
 
 namespace platform {
 

@@ -1,5 +1,3 @@
-#include "platform/posix/text_editor.h"
-
 #include <array>
 #include <cstdlib>
 #include <optional>
@@ -8,6 +6,7 @@
 #include "platform/linux/desktop_entry.h"
 #include "platform/linux/shell_words.h"
 #include "platform/posix/search_path.h"
+#include "platform/posix/system.h"
 
 namespace platform {
 

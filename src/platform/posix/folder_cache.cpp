@@ -1,15 +1,14 @@
 #include "platform/posix/folder_cache.h"
 
 #include <dirent.h>
-#include <fcntl.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <memory>
 
 #include "platform/posix/case_fold.h"
+#include "platform/posix/system.h"
 
 namespace platform {
 
@@ -42,23 +41,6 @@ bool sameState(const struct stat& one, const struct stat& other) {
 bool showsChanges(const struct stat& state) {
     const std::int64_t changed = nanoseconds(state.st_mtim);
     return changed != 0 && std::abs(now() - changed) > coarsestTick;
-}
-
-/// Opens a folder for listing, or returns null. Updating the access time would cost a write to the
-/// disk, but only the folder's owner may prevent it.
-DIR* openFolder(const std::string& path) {
-    constexpr int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
-    int handle = open(path.c_str(), flags | O_NOATIME);
-    if (handle < 0 && errno == EPERM) handle = open(path.c_str(), flags);
-    return handle < 0 ? nullptr : fdopendir(handle);
-}
-
-/// Returns a file's creation time in nanoseconds, or 0 if the file system does not store it.
-std::int64_t createdAt(const std::string& path) {
-    struct statx state = {};
-    const int failed = statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BTIME, &state);
-    if (failed != 0 || (state.stx_mask & STATX_BTIME) == 0) return 0;
-    return state.stx_btime.tv_sec * second + state.stx_btime.tv_nsec;
 }
 
 }  // namespace

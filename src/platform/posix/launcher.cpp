@@ -9,7 +9,7 @@
 #include "platform/posix/argument_map.h"
 #include "platform/posix/case_fold.h"
 #include "platform/posix/search_path.h"
-#include "platform/posix/text_editor.h"
+#include "platform/posix/system.h"
 
 namespace platform {
 

@@ -6,18 +6,16 @@
 
 #include "platform/common/common_runtime.h"
 #include "platform/posix/launcher.h"
+#include "platform/posix/system.h"
 #include "platform/posix/windows_disk.h"
 
 namespace platform {
 
-/// Returns the host path of the running program's folder.
-std::string folderOfProgram();
-
-/// The runtime on Linux.
-class LinuxRuntime : public CommonRuntime {
+/// The runtime on a system with a Unix in it: drives emulated on the host's files.
+class PosixRuntime : public CommonRuntime {
   public:
     /// `programFolder` is the host path of the folder that contains nwbw and nwbw-batch.
-    explicit LinuxRuntime(MessageBox messageBox,
+    explicit PosixRuntime(MessageBox messageBox,
                           const std::string& programFolder = folderOfProgram());
 
     std::string AppPath() override { return appPath_; }

@@ -1,4 +1,4 @@
-#include "platform/linux/linux_runtime.h"
+#include "platform/posix/posix_runtime.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -10,13 +10,11 @@
 #include <QStandardPaths>
 #include <QTimer>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
 
 #include "core/text.h"
-#include "platform/linux/terminal.h"
 #include "platform/posix/case_fold.h"
 
 namespace platform {
@@ -43,19 +41,6 @@ bool endsAsFolder(const std::string& path) {
     return name.empty() || name == ".";
 }
 
-/// Renames unless the new name exists. Returns false with errno set on failure.
-bool renameToNew(const std::string& from, const std::string& to) {
-    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
-    if (errno != EINVAL && errno != ENOSYS) return false;
-    // The file system cannot do this in one step.
-    struct stat state = {};
-    if (lstat(to.c_str(), &state) == 0) {
-        errno = EEXIST;
-        return false;
-    }
-    return std::rename(from.c_str(), to.c_str()) == 0;
-}
-
 QSettings settingsOf(const std::string& application) {
     return {QSettings::IniFormat, QSettings::UserScope, "nwbw",
             QString::fromStdString(application)};
@@ -67,26 +52,21 @@ QString settingsKey(const std::string& section, const std::string& key) {
 
 }  // namespace
 
-std::string folderOfProgram() {
-    std::error_code failed;
-    return fs::read_symlink("/proc/self/exe", failed).parent_path().string();
-}
-
-LinuxRuntime::LinuxRuntime(MessageBox messageBox, const std::string& programFolder)
+PosixRuntime::PosixRuntime(MessageBox messageBox, const std::string& programFolder)
     : CommonRuntime(std::move(messageBox)),
       programFolder_(programFolder),
       appPath_(disk_.toWindows(programFolder)) {
     if (appPath_.ends_with('\\')) appPath_.pop_back();
 }
 
-std::string LinuxRuntime::TempPath() {
+std::string PosixRuntime::TempPath() {
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
     const QString folder = cache + "/nwbw";
     QDir().mkpath(folder);
     return disk_.toWindows(folder.toStdString());
 }
 
-std::string LinuxRuntime::rtcDir(const std::string& path) {
+std::string PosixRuntime::rtcDir(const std::string& path) {
     if (path.find_first_of("*?") != std::string::npos) return "";
     const std::string host = disk_.toHost(path);
     if (host.empty() || endsAsFolder(path) || !isOrdinaryFile(host, path)) return "";
@@ -94,13 +74,13 @@ std::string LinuxRuntime::rtcDir(const std::string& path) {
     return std::string(name.starts_with('.') ? "" : name);
 }
 
-std::string LinuxRuntime::hostPath(const std::string& doing, const std::string& path) {
+std::string PosixRuntime::hostPath(const std::string& doing, const std::string& path) {
     std::string host = disk_.toHost(path);
     if (host.empty()) failTo(doing, path, "No such drive");
     return host;
 }
 
-std::chrono::system_clock::time_point LinuxRuntime::rtcFileDateTime(const std::string& path) {
+std::chrono::system_clock::time_point PosixRuntime::rtcFileDateTime(const std::string& path) {
     struct stat state = {};
     if (stat(hostPath("find", path).c_str(), &state) != 0) fail("find", path);
     const auto changed = std::chrono::seconds(state.st_mtim.tv_sec) +
@@ -108,7 +88,7 @@ std::chrono::system_clock::time_point LinuxRuntime::rtcFileDateTime(const std::s
     return std::chrono::system_clock::time_point(changed);
 }
 
-void LinuxRuntime::openOutput(const std::string& path) {
+void PosixRuntime::openOutput(const std::string& path) {
     // Do not follow a link, which could lead to any file, and do not wait for the reader of a pipe.
     const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
     const int handle = open(hostPath("open", path).c_str(), flags, 0666);
@@ -116,7 +96,7 @@ void LinuxRuntime::openOutput(const std::string& path) {
     output_.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
 }
 
-std::string LinuxRuntime::readFile(const std::string& path) {
+std::string PosixRuntime::readFile(const std::string& path) {
     QFile file(QFile::decodeName(hostPath("open", path).c_str()));
     if (!file.open(QIODevice::ReadOnly)) failTo("open", path, file.errorString().toStdString());
     std::string text = file.readAll().toStdString();
@@ -126,7 +106,7 @@ std::string LinuxRuntime::readFile(const std::string& path) {
     return text;
 }
 
-void LinuxRuntime::failToWrite() {
+void PosixRuntime::failToWrite() {
     // A short write without an error means that the disk is full.
     const bool hasError = output_.error() != QFileDevice::NoError;
     const std::string reason =
@@ -135,11 +115,11 @@ void LinuxRuntime::failToWrite() {
     failTo("write", outputPath(), reason);
 }
 
-void LinuxRuntime::writeOut() {
+void PosixRuntime::writeOut() {
     if (!output_.flush()) failToWrite();
 }
 
-void LinuxRuntime::closeOutput() {
+void PosixRuntime::closeOutput() {
     if (!output_.isOpen()) return;
     writeOut();
     output_.close();
@@ -149,11 +129,11 @@ void LinuxRuntime::closeOutput() {
     }
 }
 
-void LinuxRuntime::writeOutput(const std::string& text) {
+void PosixRuntime::writeOutput(const std::string& text) {
     if (output_.write(text.data(), std::ssize(text)) != std::ssize(text)) failToWrite();
 }
 
-void LinuxRuntime::vbaFileFlush() {
+void PosixRuntime::vbaFileFlush() {
     if (!output_.isOpen()) return;
     writeOut();
     // A file that cannot be flushed to a disk, such as a pipe, fails with EINVAL and needs no
@@ -161,17 +141,17 @@ void LinuxRuntime::vbaFileFlush() {
     if (fsync(output_.handle()) != 0 && errno != EINVAL) fail("write", outputPath());
 }
 
-void LinuxRuntime::rtcKillFiles(const std::string& path) {
+void PosixRuntime::rtcKillFiles(const std::string& path) {
     if (unlink(hostPath("delete", path).c_str()) != 0) fail("delete", path);
 }
 
-void LinuxRuntime::vbaNameFile(const std::string& from, const std::string& to) {
+void PosixRuntime::vbaNameFile(const std::string& from, const std::string& to) {
     if (!renameToNew(hostPath("rename", from), hostPath("rename to", to))) {
         fail("rename " + from + " to", to);
     }
 }
 
-void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
+void PosixRuntime::rtcShell(const std::string& command, int windowStyle) {
     const CommandLine line(command);
     const bool maximised = windowStyle == maximisedFocus;
     const std::string program = line.words.empty() ? "" : line.words.front();
@@ -187,7 +167,7 @@ void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
     }
 }
 
-void LinuxRuntime::startInTerminal(const std::vector<std::string>& words, bool maximised) {
+void PosixRuntime::startInTerminal(const std::vector<std::string>& words, bool maximised) {
     using namespace std::chrono_literals;
     const Invocation terminal = inTerminal(words, maximised);
     const std::shared_future<Ending> ending = startDetached(terminal).share();
@@ -201,7 +181,7 @@ void LinuxRuntime::startInTerminal(const std::vector<std::string>& words, bool m
     });
 }
 
-void LinuxRuntime::startScript(const std::string& path, bool maximised) {
+void PosixRuntime::startScript(const std::string& path, bool maximised) {
     const std::string script = hostPath("start", path);
     if (!isOrdinaryFile(script, path)) failTo("start", path, "there is no such file");
     const std::string interpreter = programFolder_ + "/nwbw-batch";
@@ -213,7 +193,7 @@ void LinuxRuntime::startScript(const std::string& path, bool maximised) {
                     maximised);
 }
 
-std::string LinuxRuntime::rtcGetSetting(const std::string& application, const std::string& section,
+std::string PosixRuntime::rtcGetSetting(const std::string& application, const std::string& section,
                                         const std::string& key, const std::string& byDefault) {
     return settingsOf(application)
         .value(settingsKey(section, key), QString::fromStdString(byDefault))
@@ -221,7 +201,7 @@ std::string LinuxRuntime::rtcGetSetting(const std::string& application, const st
         .toStdString();
 }
 
-void LinuxRuntime::rtcSaveSetting(const std::string& application, const std::string& section,
+void PosixRuntime::rtcSaveSetting(const std::string& application, const std::string& section,
                                   const std::string& key, const std::string& value) {
     QSettings settings = settingsOf(application);
     settings.setValue(settingsKey(section, key), QString::fromStdString(value));
@@ -231,15 +211,15 @@ void LinuxRuntime::rtcSaveSetting(const std::string& application, const std::str
     }
 }
 
-std::vector<std::string> LinuxRuntime::drives() {
+std::vector<std::string> PosixRuntime::drives() {
     return disk_.drives().names();
 }
 
-std::string LinuxRuntime::currentFolder() {
+std::string PosixRuntime::currentFolder() {
     return disk_.toWindows(platform::currentFolder());
 }
 
-std::vector<std::string> LinuxRuntime::folders(const std::string& path) {
+std::vector<std::string> PosixRuntime::folders(const std::string& path) {
     std::vector<std::string> names;
     try {
         for (const fs::directory_entry& entry : fs::directory_iterator(hostPath("open", path))) {
