@@ -167,7 +167,7 @@ TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
         for (const auto& leave : ways) {
             const bool kept = &leave == &ways.back();
             runtime.files[ini].text = "before";
-            nextDialog<Dialog>([&](Dialog& shown) {
+            nextDialog<Dialog>([&, &fields = fields](Dialog& shown) {
                 for (const auto& [index, field] : fields) {
                     EXPECT_EQ(shown.txtFname(index).Text(), state.*field);
                     shown.txtFname(index).type(std::to_string(index));

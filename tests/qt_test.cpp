@@ -245,7 +245,7 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
     ASSERT_TRUE(QDir(folder.path()).mkdir("games"));
     for (const auto& [offered, shown] : std::map<std::string, QString>{
              {"c:/games/new.kel", "new.kel"}, {"c|b?", ""}, {std::string(261, 'x'), ""}}) {
-        QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [&, &shown = shown] {
             auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
             auto* edit = dialog->findChild<QLineEdit*>();
             EXPECT_EQ(edit->text(), shown);
