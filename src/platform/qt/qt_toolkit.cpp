@@ -74,7 +74,7 @@ class FileDialog : public QFileDialog {
 
 QIcon programIcon() {
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+    for (const int size : {16, 24, 32, 48, 64, 128})
         icon.addFile(QString(":/pictures/nwbw-%1.png").arg(size));
     return icon;
 }
