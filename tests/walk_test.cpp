@@ -7,7 +7,7 @@ using namespace fakes;
 namespace {
 
 /// A user who does at random anything that the topmost form allows.
-class RandomUser : public endurance::Choices {
+class RandomUser : public endurance::Choices, private forms::ControlVisitor {
   public:
     explicit RandomUser(Desk& desk) : desk_(desk) {}
 
@@ -43,17 +43,32 @@ class RandomUser : public endurance::Choices {
         desk_.toolkit.fileChosen = any(2) ? anyName() : "";
         desk_.runtime.answer = any(2) ? core::Runtime::Answer::Yes : core::Runtime::Answer::No;
         desk_.runtime.failAt = any(4) ? -1 : desk_.runtime.calls + 1 + static_cast<int>(any(10));
-        const int row = static_cast<int>(any(20));
-        if (auto* text = dynamic_cast<forms::TextBox*>(&control)) text->type(anyName());
-        if (auto* list = dynamic_cast<forms::ListBox*>(&control)) list->pick(row);
-        if (auto* drives = dynamic_cast<forms::DriveList*>(&control)) drives->pick(row % 3);
-        if (auto* folders = dynamic_cast<forms::FolderList*>(&control)) folders->choose(row % 4);
-        if (auto* tabs = dynamic_cast<forms::TabStrip*>(&control)) tabs->pick(1 + row % 4);
+        control.accept(*this);
         if (control.name != "mnuFileExit") control.click();
         if (&control == &desk_.opened->tbsOptions) expectFitted();
     }
 
   private:
+    /// Returns a row of a list, which may have none of that number.
+    int anyRow(int rows) { return static_cast<int>(any(rows)); }
+
+    void visit(forms::TextBox& box) override { box.type(anyName()); }
+    void visit(forms::ListBox& list) override { list.pick(anyRow(20)); }
+    void visit(forms::DriveList& list) override { list.pick(anyRow(3)); }
+    void visit(forms::FolderList& list) override { list.choose(anyRow(4)); }
+    void visit(forms::TabStrip& tabs) override { tabs.pick(1 + anyRow(4)); }
+    // These are only clicked, as every control is.
+    void visit(forms::Label& /*label*/) override {}
+    void visit(forms::Line& /*line*/) override {}
+    void visit(forms::Image& /*image*/) override {}
+    void visit(forms::Button& /*button*/) override {}
+    void visit(forms::CheckBox& /*box*/) override {}
+    void visit(forms::OptionButton& /*option*/) override {}
+    void visit(forms::Frame& /*frame*/) override {}
+    void visit(forms::PictureBox& /*panel*/) override {}
+    void visit(forms::StatusBar& /*bar*/) override {}
+    void visit(forms::MenuItem& /*item*/) override {}
+
     Desk& desk_;
 };
 

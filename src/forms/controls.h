@@ -290,10 +290,10 @@ class ControlArray {
 /// To add a kind of control:
 /// 1. Declare its class above, with its properties and a method for each user action, and its
 ///    `accept` in controls.cpp.
-/// 2. Declare its overload here. The compiler then names every visitor that lacks it, such as the
-///    ones that create the peers.
+/// 2. Declare its overload here. The compiler then names every visitor that lacks it: the ones that
+///    create the peers, the one that fits the font, and the user of the random walk.
 /// 3. Write its peer for each toolkit, in platform/qt and platform/win32.
-/// 4. Let the random walks in tests act on it, and check it in qt_test.cpp and win32_test.cpp.
+/// 4. Check it in qt_test.cpp and win32_test.cpp, also in their random walks.
 class ControlVisitor {
   public:
     virtual ~ControlVisitor() = default;
