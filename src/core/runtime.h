@@ -75,7 +75,8 @@ class Runtime : public forms::Disk {
     /// application's.
     ///
     /// To add a message:
-    /// 1. Let its text name what is missing or wrong: the tool, the file or the terminal.
+    /// 1. Let its text name what is missing or wrong: the tool, the file or the terminal. The style
+    ///    `exclamation` is for failed operations.
     /// 2. Explain it in the messages of pages/default.htm, with <var> for what varies. The tests'
     ///    FakeRuntime refuses a message that the page does not explain, except errors of the
     ///    system.
