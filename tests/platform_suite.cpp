@@ -149,7 +149,9 @@ TEST_F(Platform, StartsPrograms) {
         {"", nullptr},
     };
     for (const auto& [command, echo] : cases) {
-        const auto start = [&] { runtime.rtcShell(command, Runtime::normalFocus); };
+        const auto start = [&, &command = command] {
+            runtime.rtcShell(command, Runtime::normalFocus);
+        };
         const std::string error = errorOf(start);
         EXPECT_EQ(error.empty(), echo != nullptr) << command;
         EXPECT_EQ(error.find("%1"), std::string::npos) << error;

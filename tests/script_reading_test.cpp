@@ -23,7 +23,8 @@ TEST(ScriptReading, TellsWhereAScriptRunsOrWhatIsTakenForACommand) {
     };
     for (const auto& [script, told] : cases) {
         std::string folder;
-        const std::string error = errorOf([&] { folder = platform::folderOfScript(script); });
+        const std::string error =
+            errorOf([&, &script = script] { folder = platform::folderOfScript(script); });
         EXPECT_TRUE(error.empty() ? folder == told
                                   : !told.empty() && error.find(told) != std::string::npos)
             << script << ": " << folder << error;
