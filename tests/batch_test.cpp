@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <pty.h>
+#include <sys/wait.h>
 
 #include <QCoreApplication>
 #include <sstream>
@@ -181,6 +183,26 @@ TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
     }
 }
 
+TEST_F(Batch, StaysInItsTerminalAfterAnError) {
+    write(c / "x.bat", tool + "1\nnone");
+    int terminal = -1;
+    const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+    if (child == 0)
+        execl(NWBW_PROGRAMS "/nwbw-batch", "", "../x.bat", "kelm", (home / "nwbw").c_str(),
+              nullptr);
+    std::string seen;
+    char next = 0;
+    while (!seen.ends_with("Press Enter to close this window . . . ") &&
+           read(terminal, &next, 1) == 1)
+        seen += next;
+    EXPECT_EQ(::write(terminal, "\n", 1), 1);
+    int ending = -1;
+    waitpid(child, &ending, 0);
+    EXPECT_EQ(ending, 0);
+    close(terminal);
+    EXPECT_NE(seen.find("\x1b]2;"), std::string::npos) << seen;
+}
+
 TEST_F(Batch, GivesEachTerminalItsWords) {
     const Words command = {"/a b/$x", "it's"};
     const std::pair<Words, Words> cases[] = {
@@ -208,6 +230,9 @@ TEST_F(Batch, GivesEachTerminalItsWords) {
             EXPECT_EQ(inTerminal(command, true).words, expected) << name;
         }
     }
+    EXPECT_TRUE(errorOf([] {
+                    inTerminal({"a\"b"}, true);
+                }).starts_with("qterminal cannot be given a name with a double quote: "));
     // Debian's alternative is a wrapper that knows only xterm's options.
     unsetenv("TERMINAL");
     program(home / "bin/mate-terminal.wrapper");

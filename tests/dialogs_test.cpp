@@ -3,6 +3,7 @@
 
 #include "fakes.h"
 #include "forms/fit.h"
+#include "forms/focus.h"
 
 using namespace fakes;
 using core::AppState;
@@ -214,6 +215,10 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
             list.btnDelete.click();
             EXPECT_FALSE(list.btnChange.Enabled || list.btnDelete.Enabled || list.btnUp.Enabled);
             EXPECT_EQ(std::exchange(toolkit.focused, ""), "List1");
+            const auto isButton = [](auto& any) {
+                return dynamic_cast<const forms::Button*>(&any);
+            };
+            EXPECT_EQ(forms::focusAfter(list.btnDelete, isButton), &list.btnCancel);
         };
         const auto move = [&](int index, forms::Button& button, int to, const Names& moved) {
             list.List1.pick(index);

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -21,6 +22,13 @@ extern "C" int fsync(int handle) {
 /// Replaces the system's: behaves like a file system without RENAME_NOREPLACE.
 extern "C" int renameat2(int, const char*, int, const char*, unsigned) noexcept {
     errno = EINVAL;
+    return -1;
+}
+
+/// Replaces the system's: behaves as if a server no longer knew the file "lost".
+extern "C" int stat(const char* path, struct stat* state) noexcept {
+    if (!std::string_view(path).ends_with("/lost")) return fstatat(AT_FDCWD, path, state, 0);
+    errno = ESTALE;
     return -1;
 }
 
@@ -111,6 +119,10 @@ TEST_F(Disk, SeesEveryChangeOfAKeptFolder) {
             EXPECT_EQ(disk.shortPath("c:\\games\\wizardquest.kel"), shortPath);
         }
     }
+    write(source);
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // a file system's clock is coarse
+    write(c / "games/wizardapple.kel");
+    EXPECT_EQ(disk.shortPath("c:\\games\\wizardapple.kel"), "c:\\games\\WIZARD~2.KEL");
 }
 
 TEST(ShortNames, KeepToEightCharactersWhenManyCompete) {
@@ -146,6 +158,12 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
               "Cannot rename c:\\x to c:\\victim: File exists");
     EXPECT_EQ(contentOf(c / "victim") + contentOf(c / "x"), "safekept\r\n");
 
+    EXPECT_EQ(errorOf([&] { runtime.rtcDir("c:\\lost"); }),
+              "Cannot look up c:\\lost: Stale file handle");
+    fs::create_directories(home / "nwbw/any.ini");
+    EXPECT_EQ(
+        errorOf([&] { runtime.rtcSaveSetting("any", "", "", ""); }),
+        "Cannot write " + (home / "nwbw/any.ini").string() + ": the settings could not be stored");
     const std::function<void()> writes[] = {
         [&] { runtime.vbaFileFlush(); },
         [&] { runtime.vbaFileClose(); },

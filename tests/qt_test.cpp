@@ -30,8 +30,9 @@ struct Windows : testing::Test {
     std::string heard;
     std::string host;
     fakes::FakeRuntime runtime;
-    qt::QtToolkit toolkit{[this](const std::string& path) { return host + path.substr(2); },
-                          [](const std::string& path) { return "c:" + path; }};
+    qt::QtToolkit toolkit{
+        [this](const std::string& path) { return path[0] == 'q' ? "" : host + path.substr(2); },
+        [](const std::string& path) { return "c:" + path; }};
     Application application{toolkit, [this](const std::string& text) { told += text; }};
     core::Program program{runtime, application, {}};
     console::frmConsole* form = nullptr;
@@ -46,6 +47,8 @@ struct Windows : testing::Test {
         }
         form->Show();
         window = &windowOf(*form);
+        form->Refresh();
+        EXPECT_TRUE(window->windowHandle()->isExposed());
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));
         EXPECT_EQ(window->focusWidget()->objectName(), "qt_tabwidget_tabbar");
     }
@@ -154,6 +157,9 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
         EXPECT_EQ(form->tbsOptions.SelectedItem, tab + 1);
         EXPECT_TRUE(panel.optEditor(1).Enabled);
     }
+    auto& clock = *window->statusBar()->findChildren<QLabel*>()[2];
+    clock.clear();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !clock.text().isEmpty(); }));
     QHelpEvent asked(QEvent::ToolTip, bar->tabRect(2).center(), {});
     QCoreApplication::sendEvent(bar, &asked);
     EXPECT_EQ(QToolTip::text(), qt::wrappingToolTip(form->tbsOptions.Tabs[2].tooltip));
@@ -169,7 +175,7 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
     const auto expectPlace = [](const Form& at, const std::vector<int>& expected) {
         EXPECT_EQ((std::vector<int>{at.Left, at.Top, at.Width, at.Height}), expected);
     };
-    for (const int points : {18, 8}) {
+    for (const auto& [points, width] : {std::pair(18, 684), {11, 477}, {6, 433}}) {
         setUserFont(points);
         auto& other = application.load<console::frmConsole>(program);
         other.Show();
@@ -177,7 +183,8 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
         QCoreApplication::processEvents();
         expectPlace(other, {2000, 1000, 6500, 6500});
         EXPECT_EQ(windowOf(other).x(), 133);
-        EXPECT_EQ(windowOf(other).width() > 600, points == 18);
+        EXPECT_EQ(windowOf(other).width(), width);
+        EXPECT_EQ(windowOf(other).font().pointSizeF() == 7, points == 6) << "the smallest";
         other.Unload();
     }
     QCoreApplication::processEvents();
@@ -254,6 +261,13 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
             EXPECT_EQ(dialog->nameFilters(),
                       (QStringList{"Source (*.kel) (*.[kK][eE][lL])", "All Files (*.*) (*)"}));
             EXPECT_EQ(dialog->directory(), QDir(folder.path() + "/games"));  // the last one used
+            QTimer::singleShot(0, [] {
+                auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+                EXPECT_EQ(box->text(), "There is no drive q:");
+                box->close();
+            });
+            edit->setText("q:/other.kel");
+            QTest::keyClick(edit, Qt::Key_Return);
             edit->setText(shown.isEmpty() ? "c:/games/other.kel" : "other.kel");
             QTest::keyClick(edit, Qt::Key_Return);
         });
@@ -268,10 +282,16 @@ TEST_F(Windows, AFolderIsOpenedByItsRow) {
     dialog.Show();
     window = &windowOf(dialog);
     auto& rows = widget<QTreeWidget>(dialog.Dir1);
+    const auto isDrawnAs = [&](const QTreeWidgetItem* row, QStyle::StandardPixmap icon) {
+        return row->icon(0).pixmap(16).toImage() ==
+               rows.style()->standardIcon(icon).pixmap(16).toImage();
+    };
     QTest::keyClick(&rows, Qt::Key_Up);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\nwb");
-    QTest::keyClick(&rows, Qt::Key_Return);
+    QTest::keyPress(&rows, Qt::Key_Return);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\");
+    EXPECT_TRUE(isDrawnAs(rows.topLevelItem(0), QStyle::SP_DirOpenIcon));
+    EXPECT_TRUE(isDrawnAs(rows.topLevelItem(0)->child(0), QStyle::SP_DirClosedIcon));
     const QPoint nwb = rows.visualItemRect(rows.topLevelItem(0)->child(0)).center();
     QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, nwb);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\");
@@ -316,6 +336,7 @@ bool captionFits(const QWidget& widget, const std::string& caption) {
     if (const auto* label = qobject_cast<const QLabel*>(&widget))
         return name(withoutMnemonic(label->text().toStdString())) == text &&
                label->textFormat() == Qt::PlainText &&
+               (caption == withoutMnemonic(caption) || label->buddy()) &&
                (!label->wordWrap() || label->heightForWidth(label->width()) <= label->height());
     const QFontMetrics letters = widget.fontMetrics();
     const auto* button = qobject_cast<const QAbstractButton*>(&widget);
@@ -352,20 +373,26 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         const QPoint middle = splash.screen()->availableGeometry().center();
         EXPECT_LT((splash.frameGeometry().center() - middle).manhattanLength(), 4);
         EXPECT_GT(shown.font().pointSizeF(), 7.2 * qt::enlargement()) << "not the smallest size";
-        // Menu items without a path are disabled; the status bar shows date and time.
-        EXPECT_FALSE(shown.findChild<QAction*>("mnuHelpManual")->isEnabled());
+        for (const Control* control : console.allControls()) {
+            if (!dynamic_cast<const MenuItem*>(control)) continue;
+            const auto* action = shown.findChild<QAction*>(name(control->fullName()));
+            EXPECT_EQ(action->text(), name(action->isSeparator() ? "" : control->Caption()));
+            EXPECT_EQ(action->isEnabled(), control->Enabled);
+        }
         const auto panels = shown.statusBar()->findChildren<QLabel*>();
         EXPECT_EQ(panels[1]->text(),
                   QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
         EXPECT_TRUE(panels[2]->text().contains(':'));
         while (application.Count() > 1) {
             Form& last = application.Forms(application.Count() - 1);
+            EXPECT_EQ(windowOf(last).windowTitle(), name(last.Caption));
             for (const Control* control : last.allControls()) {
                 auto* drawn =
                     windowOf(last).centralWidget()->findChild<QWidget*>(name(control->fullName()));
                 if (!drawn) continue;
                 EXPECT_TRUE(captionFits(*drawn, control->Caption))
                     << last.name << " " << control->fullName();
+                EXPECT_EQ(drawn->y(), qt::placeOf(*control).y()) << control->fullName();
                 EXPECT_LE(control->font.points ? 0 : drawn->font().pointSizeF(), points);
                 EXPECT_EQ(QTextDocumentFragment::fromHtml(drawn->toolTip()).toPlainText(),
                           name(control->tooltip));

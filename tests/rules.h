@@ -31,6 +31,9 @@ inline void expectPlay(tools::PlayPanel& panel, const core::AppState& state) {
     const bool replay = panel.chkPlayback.Value;
     ASSERT_EQ(panel.optRecord(0).Value + panel.optRecord(1).Value + panel.optRecord(2).Value, 1);
     ASSERT_EQ(panel.optPlayer(0).Value + panel.optPlayer(1).Value + panel.optPlayer(2).Value, 1);
+    ASSERT_EQ(panel.optPlayer(0).isTabStop() + panel.optPlayer(1).isTabStop() +
+                  panel.optPlayer(2).isTabStop(),
+              1);
     for (const Control* control : panel.labLogfile.parent()->children())
         ASSERT_EQ(control->Enabled, replay || control == &panel.chkPlayback);
     const std::string paths[] = {state.GuiPlayerPath, state.ConsolePlayerPath, state.DosPlayerPath};

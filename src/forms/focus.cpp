@@ -6,22 +6,23 @@
 
 namespace forms {
 
+/// Returns the first of the controls that is usable and takes the focus, or null.
+static Control* firstFocus(const std::vector<Control*>& controls, const TakesFocus& takesFocus) {
+    const auto first = std::find_if(controls.begin(), controls.end(), [&](const Control* control) {
+        return control->usable() && takesFocus(*control);
+    });
+    return first == controls.end() ? nullptr : *first;
+}
+
 Control* firstFocus(const Container& container, const TakesFocus& takesFocus) {
-    for (Control* control : container.children()) {
-        if (!control->usable()) continue;
-        if (takesFocus(*control)) return control;
-        const auto* inner = dynamic_cast<Container*>(control);
-        Control* first = inner ? firstFocus(*inner, takesFocus) : nullptr;
-        if (first) return first;
-    }
-    return nullptr;
+    return firstFocus(container.allControls(), takesFocus);
 }
 
 /// Returns the first focusable control of a usable sibling of the container, or null.
 static Control* focusBeside(const Container& gone, const TakesFocus& takesFocus) {
     for (Control* sibling : gone.parent()->children()) {
         const auto* other = dynamic_cast<Container*>(sibling);
-        Control* first = other && other->usable() ? firstFocus(*other, takesFocus) : nullptr;
+        Control* first = other ? firstFocus(*other, takesFocus) : nullptr;
         if (first) return first;
     }
     return nullptr;
@@ -38,10 +39,7 @@ Control* focusAfter(Control& gone, const TakesFocus& takesFocus) {
     std::vector<Control*> controls = gone.form().allControls();
     std::rotate(controls.begin(), std::find(controls.begin(), controls.end(), &gone),
                 controls.end());
-    const auto next = std::find_if(controls.begin(), controls.end(), [&](const Control* control) {
-        return control->usable() && takesFocus(*control);
-    });
-    return next == controls.end() ? nullptr : *next;
+    return firstFocus(controls, takesFocus);
 }
 
 }  // namespace forms

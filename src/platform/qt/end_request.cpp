@@ -61,8 +61,8 @@ EndRequest::~EndRequest() {
     close(pipe_[1]);
 }
 
-bool EndRequest::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != qApp || event->type() != QEvent::Quit) return false;
+bool EndRequest::eventFilter(QObject* /*watched*/, QEvent* event) {
+    if (event->type() != QEvent::Quit) return false;
     end();
     return true;
 }

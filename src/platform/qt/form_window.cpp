@@ -79,7 +79,6 @@ FormWindow::FormWindow(forms::Form& form, PathMap toWindows)
 /// form's controls no longer exist, so its events must not reach them.
 FormWindow::~FormWindow() {
     keyboard_.reset();
-    files_.reset();
     window_.removeEventFilter(this);
     window_.hide();
     window_.deleteLater();
@@ -125,10 +124,9 @@ void FormWindow::hide() {
 /// Waits until the screen shows the window, which cannot be painted before.
 void FormWindow::refresh() {
     const QDeadlineTimer patience(500);
-    while (window_.isVisible() && !window_.windowHandle()->isExposed() && !patience.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
-    window_.repaint();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    do {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    } while (window_.isVisible() && !window_.windowHandle()->isExposed() && !patience.hasExpired());
 }
 
 void FormWindow::update() {

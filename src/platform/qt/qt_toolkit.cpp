@@ -109,8 +109,6 @@ std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion&
     FileDialog dialog(dynamic_cast<FormWindow&>(*owner.window()).widget(), toHost_);
     dialog.setWindowTitle(QString::fromStdString(question.title));
     dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    dialog.setFileMode(QFileDialog::AnyFile);  // the file may be new
     dialog.setNameFilters(nameFilters(question.filter));
     dialog.setDirectory(folder_);
     if (!offered.file.isEmpty()) dialog.selectFile(offered.file);
