@@ -83,12 +83,18 @@ class Table : public benchmark::BenchmarkReporter {
         const double measured = median(runs[figure.measured]);
         std::printf("%-46s %8.1f %-3s", figure.what, measured, figure.unit);
         if (!figure.reference) {
-            std::printf(" %12s %8s %5.0f %s\n", "", "", figure.limit, figure.unit);
+            std::printf(" %12s %8s %5.0f %-2s  %s\n", "", "", figure.limit, figure.unit,
+                        verdict(measured, figure));
             return;
         }
         const double reference = median(runs[figure.reference]);
-        std::printf(" %8.1f %-3s %8.2f %8.2f\n", reference, figure.unit, measured / reference,
-                    figure.limit);
+        const double ratio = measured / reference;
+        std::printf(" %8.1f %-3s %8.2f %8.2f  %s\n", reference, figure.unit, ratio, figure.limit,
+                    verdict(ratio, figure));
+    }
+
+    static const char* verdict(double value, const Figure& figure) {
+        return value <= figure.limit ? "met" : "not met";
     }
 
     Runs times_;
