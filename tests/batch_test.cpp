@@ -224,8 +224,8 @@ TEST_F(Batch, GivesEachTerminalItsWords) {
             Words expected = shellWords(start);
             const std::string name = std::exchange(expected[0], home / "bin" / expected[0]);
             program(expected[0]);
-            setenv("TERMINAL", (name + " --my \"own $x\"\\ 'a \"b'").c_str(), 1);
-            expected.insert(expected.begin() + 1, {"--my", "own $x a \"b"});
+            setenv("TERMINAL", (name + " --my \"own $x\"\\ 'a \"b'\\;").c_str(), 1);
+            expected.insert(expected.begin() + 1, {"--my", "own $x a \"b;"});
             expected.insert(expected.end(), tail.begin(), tail.end());
             EXPECT_EQ(inTerminal(command, true).words, expected) << name;
         }
@@ -273,7 +273,9 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     EXPECT_EQ(openEditor(), c.string() + file);
 
     write(c / "x.bat");
-    program(xterm, "#!/bin/sh\nexit 7\n");
+    program(xterm,
+            "#!/bin/sh\nread -r a b c d e leader rest < /proc/$$/stat\n"
+            "[ $leader = $$ ] && exit 7\n");  // only as the leader of its own session
     runtime.rtcShell("c:\\x.bat", 1);
     EXPECT_EQ(told, "");
     await([&] {

@@ -137,6 +137,12 @@ TEST(Console, AUserReachesOnlyWhatCanBeUsed) {
     EXPECT_TRUE(form.pressDefault());
     EXPECT_TRUE(desk.runtime.told("Windows Console player program  not found"));
     EXPECT_EQ(form.mnemonicTarget('E', nullptr), &form.play.optRecord(0));
+    form.play.optPlayer(1).Value = false;
+    for (const int stop : {0, 1}) {  // the first usable one, since none is selected
+        for (const int i : {0, 1, 2})
+            EXPECT_EQ(form.play.optPlayer(i).isTabStop(), i == stop);
+        form.play.optPlayer(0).Enabled = false;
+    }
     auto& dialog = desk.application.load<dialogs::frmSettings2>(desk.program);
     for (const auto& [button, next] :
          {std::pair("btnBrowse(1)", "btnBrowse(2)"), {"btnBrowse(9)", "btnBrowse(0)"}})

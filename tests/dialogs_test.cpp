@@ -292,6 +292,7 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
         {nwb, "c:/Games/", R"(c:\Games)", R"(c:\Games)"},
         {nwb, R"(D:\lib)", R"(D:\lib)", R"(D:\lib)"},
         {nwb, "z:", R"(z:\)", R"(z:\)"},
+        {nwb, "z://", R"(z:\)", R"(z:\)"},
         {nwb, R"(z:\lib)", R"(z:\lib)", R"(z:\lib)"},
         {nwb, R"(d:\nosuch)", R"(c:\)", R"(c:\)", 1},
         {nwb, R"(e:\x)", R"(c:\)", R"(c:\)", 1},
@@ -323,6 +324,8 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
         EXPECT_EQ(add.Dir1.Path(), R"(c:\nwb)");
         add.Drive1.pick(1);
         EXPECT_EQ(add.txtFolder.Text(), R"(d:\)");
+        add.Drive1.pick(0);
+        EXPECT_EQ(add.txtFolder.Text(), R"(c:\)");
     });
     runtime.tree.erase(R"(c:\)");
     edit(R"(d:\nosuch)", [](Add&) {});

@@ -158,6 +158,8 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
               "Cannot rename c:\\x to c:\\victim: File exists");
     EXPECT_EQ(contentOf(c / "victim") + contentOf(c / "x"), "safekept\r\n");
 
+    EXPECT_EQ(errorOf([&] { runtime.rtcFileDateTime("c:\\none"); }),
+              "Cannot find c:\\none: No such file or directory");
     EXPECT_EQ(errorOf([&] { runtime.rtcDir("c:\\lost"); }),
               "Cannot look up c:\\lost: Stale file handle");
     fs::create_directories(home / "nwbw/any.ini");

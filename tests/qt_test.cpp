@@ -119,6 +119,16 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         ASSERT_TRUE(QApplication::activePopupWidget());
         QApplication::activePopupWidget()->close();
     }
+
+    Form& splash = application.load<docs::frmSplash>([] {});
+    splash.Show();
+    const QMainWindow& shown = windowOf(splash);
+    for (const auto key : {Qt::Key_F1, Qt::Key_Tab, Qt::Key_Delete})
+        QTest::keyClick(shown.focusWidget(), key);
+    QTest::keyClick(shown.focusWidget(), Qt::Key_X, Qt::AltModifier);
+    EXPECT_EQ(application.Count(), 2) << "only a character dismisses the splash";
+    QTest::keyClick(shown.focusWidget(), Qt::Key_X);
+    EXPECT_EQ(application.Count(), 1);
 }
 
 TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
@@ -138,6 +148,7 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     panel.lstInclude.AddItem("c:\\a");
     panel.lstInclude.SetFocus();
     heard.clear();
+    EXPECT_EQ(strike(Qt::Key_Home), "@lstInclude");
     EXPECT_EQ(strike(Qt::Key_Down), "lstInclude @lstInclude");
     auto& list = widget<QListWidget>(panel.lstInclude);
     list.clearSelection();  // Qt allows it, the model does not
@@ -157,18 +168,28 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
         EXPECT_EQ(form->tbsOptions.SelectedItem, tab + 1);
         EXPECT_TRUE(panel.optEditor(1).Enabled);
     }
+    const std::string entry = QGuiApplication::desktopFileName().toStdString() + ".desktop";
+    EXPECT_TRUE(exists(std::filesystem::path(NWBW_PAGES "/../package/") / entry));
     auto& clock = *window->statusBar()->findChildren<QLabel*>()[2];
     clock.clear();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !clock.text().isEmpty(); }));
-    QHelpEvent asked(QEvent::ToolTip, bar->tabRect(2).center(), {});
-    QCoreApplication::sendEvent(bar, &asked);
-    EXPECT_EQ(QToolTip::text(), qt::wrappingToolTip(form->tbsOptions.Tabs[2].tooltip));
+    for (const int tab : {0, 2}) {
+        QHelpEvent asked(QEvent::ToolTip, bar->tabRect(tab).center(), {});
+        QCoreApplication::sendEvent(bar, &asked);
+        EXPECT_EQ(QToolTip::text(), qt::wrappingToolTip(form->tbsOptions.Tabs[tab].tooltip));
+    }
     form->play.labLogfile.Enabled = true;
     QTest::mouseClick(&widget(form->play.labLogfile), Qt::LeftButton);
     EXPECT_EQ(heard, "");
     auto& frame = widget(form->play.fraPlayback);
     QTest::mouseClick(&frame, Qt::LeftButton, {}, {5, frame.height() - 5});
     EXPECT_EQ(heard, "fraPlayback ");
+
+    panel.txtCmdline.Visible = true;
+    panel.txtCmdline.Text = "one\r\ntwo";
+    auto& lines = widget<QPlainTextEdit>(panel.txtCmdline);
+    lines.setPlainText("typed");
+    EXPECT_EQ(lines.toPlainText(), "one\ntwo") << "is read-only";
 }
 
 TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
@@ -323,10 +344,12 @@ TEST_F(Windows, AMessageBoxAnswers) {
             EXPECT_EQ(box->textFormat(), Qt::PlainText);
             EXPECT_LT(box->width(), 800);
             EXPECT_EQ(box->icon() == QMessageBox::Warning, flags == Runtime::exclamation);
+            widget<QPushButton>(form->compile.btnBrowse).click();  // as a screen reader does
             QTest::keyClick(box, key);
         });
         EXPECT_EQ(qt::messageBox(path + " not found", flags, "Title"), answer);
     }
+    EXPECT_EQ(heard, "");
 }
 
 /// True if the widget shows its whole caption, and a mark before it is in proportion.

@@ -1,6 +1,5 @@
 #include "platform/qt/caption_label.h"
 
-#include <QEvent>
 #include <QFontMetricsF>
 #include <algorithm>
 
@@ -29,11 +28,6 @@ int CaptionLabel::textFlags() const {
 void CaptionLabel::resizeEvent(QResizeEvent* event) {
     QLabel::resizeEvent(event);
     fit();
-}
-
-void CaptionLabel::changeEvent(QEvent* event) {
-    QLabel::changeEvent(event);
-    if (event->type() == QEvent::FontChange) fit();
 }
 
 void CaptionLabel::fit() {

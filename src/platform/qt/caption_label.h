@@ -15,7 +15,6 @@ class CaptionLabel : public QLabel {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
     void fit();

@@ -30,9 +30,8 @@ class FramePeer : public PeerOf<forms::Frame, QWidget> {
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         if (event->type() != QEvent::MouseButtonPress) return false;
         const auto* press = static_cast<QMouseEvent*>(event);
-        if (press->button() != Qt::LeftButton || widget_.childAt(press->pos())) return false;
-        control_.click();
-        return true;
+        if (press->button() == Qt::LeftButton && !widget_.childAt(press->pos())) control_.click();
+        return false;
     }
 };
 

@@ -69,8 +69,7 @@ bool EndRequest::eventFilter(QObject* /*watched*/, QEvent* event) {
 
 void EndRequest::end() {
     if (application_.Count() > 0) application_.Forms(0).close();
-    closeBoxes();
-    // Handlers that waited for a box continue now, and may show another one.
+    // Again and again, since a handler that waited for a box continues and may show another one.
     auto* timer = new QTimer(this);
     timer->callOnTimeout(closeBoxes);
     timer->start(0);
