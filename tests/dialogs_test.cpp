@@ -331,6 +331,8 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
     edit(R"(d:\nosuch)", [](Add&) {});
     const FakeRuntime::Box once = {R"(Cannot open c:\)", 48};
     EXPECT_EQ(std::count(runtime.boxes.begin(), runtime.boxes.end(), once), 1);
+    runtime.current = R"(e:\)";
+    edit("", [](Add& add) { EXPECT_EQ(add.Dir1.rows().size(), 1u) << "to go up from"; });
 }
 
 TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {

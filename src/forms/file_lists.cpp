@@ -86,7 +86,7 @@ void FolderList::fill(const std::string& path, std::vector<std::string> inside) 
     });
     const std::string root = path.substr(0, 2) + '\\';
     rows_ = {{root, 0, root}};
-    std::size_t start = path.starts_with(root) ? 3 : 2;
+    std::size_t start = root.size();
     while (start < path.size()) {
         const std::size_t end = std::min(path.find('\\', start), path.size());
         rows_.push_back(

@@ -10,8 +10,12 @@ CaptionLabel::CaptionLabel(QWidget* parent) : QLabel(parent) {
 }
 
 void CaptionLabel::setCaption(const QString& caption) {
-    caption_ = caption;
-    fit();
+    setWordWrap(contentsRect().height() >= 2 * fontMetrics().lineSpacing());
+    setAlignment((alignment() & Qt::AlignHorizontal_Mask) |
+                 (wordWrap() ? Qt::AlignTop : Qt::AlignVCenter));
+    setText(wordWrap() ? caption
+                       : fontMetrics().elidedText(caption, Qt::ElideMiddle, contentsRect().width(),
+                                                  textFlags()));
 }
 
 QSize CaptionLabel::sizeOf(const QString& caption) const {
@@ -23,20 +27,6 @@ QSize CaptionLabel::sizeOf(const QString& caption) const {
 
 int CaptionLabel::textFlags() const {
     return (buddy() ? Qt::TextShowMnemonic : 0) | (wordWrap() ? Qt::TextWordWrap : 0);
-}
-
-void CaptionLabel::resizeEvent(QResizeEvent* event) {
-    QLabel::resizeEvent(event);
-    fit();
-}
-
-void CaptionLabel::fit() {
-    setWordWrap(contentsRect().height() >= 2 * fontMetrics().lineSpacing());
-    setAlignment((alignment() & Qt::AlignHorizontal_Mask) |
-                 (wordWrap() ? Qt::AlignTop : Qt::AlignVCenter));
-    setText(wordWrap() ? caption_
-                       : fontMetrics().elidedText(caption_, Qt::ElideMiddle, contentsRect().width(),
-                                                  textFlags()));
 }
 
 }  // namespace qt

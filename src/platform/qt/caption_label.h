@@ -9,18 +9,13 @@ namespace qt {
 class CaptionLabel : public QLabel {
   public:
     explicit CaptionLabel(QWidget* parent);
+    /// Fits the caption into the label's present size.
     void setCaption(const QString& caption);
     /// Returns the size of the caption on one line.
     [[nodiscard]] QSize sizeOf(const QString& caption) const;
 
-  protected:
-    void resizeEvent(QResizeEvent* event) override;
-
   private:
-    void fit();
     [[nodiscard]] int textFlags() const;
-
-    QString caption_;
 };
 
 }  // namespace qt
