@@ -34,7 +34,7 @@ class Batch : public LinuxDesktop {
         const bool done =
             BatchInterpreter(disk, in, out, BatchInterpreter::Titles::Yes).run(script);
         shown = out.str();
-        paused = in.peek() == EOF;
+        paused = in.peek() == EOF && shown.find("Press Enter to continue . . . ") != shown.npos;
         return done;
     }
     [[nodiscard]] std::string echoed() const { return contentOf(home / "echo"); }
@@ -125,7 +125,8 @@ TEST_F(Batch, TellsWhatIsMissing) {
         {"\"\" x", "Cannot start a program: none is named", true},
         {"c:\\plain.txt", "Cannot start c:\\plain.txt: it is not a program", true},
         {"c:\\tool", "Cannot start c:\\tool: it may not be executed", true},
-        {"notepad x", "No text editor was found. Install one", true},
+        {"notepad x",
+         "No text editor was found. Install one, for example mousepad or nano, or name", true},
         {tool + "q:\\x", "Cannot start c:\\kelm\\tool.exe q:\\x: there is no such place.", true},
         {tool + "-OFq:\\x", "Cannot start c:\\kelm\\tool.exe q:\\x: there is no such place.", true},
         {tool + "-OF\\\\s\\x", "tool.exe \\\\s\\x: there is no such place.", true},
@@ -177,9 +178,7 @@ TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
     };
     for (const auto& [script, message] : cases) {
         EXPECT_EQ(run(script), *message == '\0') << script;
-        const bool pauses = std::string(script).find("ause") != std::string::npos;
-        EXPECT_EQ(paused, pauses) << script;
-        EXPECT_EQ(shown.find("Press Enter to continue . . . ") != std::string::npos, pauses);
+        EXPECT_EQ(paused, std::string(script).find("ause") != std::string::npos) << script;
         EXPECT_TRUE(shown.ends_with(message) && (*message != '\0' || !shown.ends_with(".\n")))
             << shown;
     }

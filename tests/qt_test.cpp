@@ -90,7 +90,6 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     } rows[] = {
         {text, Qt::Key_A, {}, "txtFname @txtFname"},
         {text, Qt::Key_Return, {}, "btnCompile @txtFname"},
-        {text, Qt::Key_Escape, {}, "@txtFname"},
         {panel.btnBrowse, Qt::Key_Enter, {}, "btnBrowse @btnBrowse"},
         {text, Qt::Key_D, Qt::AltModifier, "chkDebug @chkDebug"},
         {text, Qt::Key_P, Qt::AltModifier, "optFormat(2) @optFormat(2)"},
@@ -176,6 +175,7 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     auto& clock = *window->statusBar()->findChildren<QLabel*>()[2];
     clock.clear();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !clock.text().isEmpty(); }));
+    EXPECT_EQ(QApplication::windowIcon().availableSizes().size(), 6);
     for (const int tab : {0, 2}) {
         QHelpEvent asked(QEvent::ToolTip, bar->tabRect(tab).center(), {});
         QCoreApplication::sendEvent(bar, &asked);
@@ -312,6 +312,7 @@ TEST_F(Windows, AFolderIsOpenedByItsRow) {
         return row->icon(0).pixmap(16).toImage() ==
                rows.style()->standardIcon(icon).pixmap(16).toImage();
     };
+    EXPECT_EQ(rows.currentItem()->text(0), "nwb");
     QTest::keyClick(&rows, Qt::Key_Up);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\nwb");
     QTest::keyPress(&rows, Qt::Key_Return);
@@ -349,12 +350,14 @@ TEST_F(Windows, AMessageBoxAnswers) {
             EXPECT_EQ(box->textFormat(), Qt::PlainText);
             EXPECT_LT(box->width(), 800);
             EXPECT_EQ(box->icon() == QMessageBox::Warning, flags == Runtime::exclamation);
-            widget<QPushButton>(form->compile.btnBrowse).click();  // as a screen reader does
+            widget<QRadioButton>(form->compile.optFormat(2)).click();  // as a screen reader does
             QTest::keyClick(box, key);
         });
         EXPECT_EQ(qt::messageBox(path + " not found", flags, "Title"), answer);
     }
     EXPECT_EQ(heard, "");
+    const auto& selected = widget<QRadioButton>(form->compile.optFormat(0));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return selected.isChecked(); }));
 }
 
 /// True if the widget shows its whole caption, and a mark before it is in proportion.
