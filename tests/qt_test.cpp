@@ -88,7 +88,6 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         Qt::KeyboardModifiers modifiers;
         std::string expected;
     } rows[] = {
-        {text, Qt::Key_A, {}, "txtFname @txtFname"},
         {text, Qt::Key_Return, {}, "btnCompile @txtFname"},
         {panel.btnBrowse, Qt::Key_Enter, {}, "btnBrowse @btnBrowse"},
         {text, Qt::Key_D, Qt::AltModifier, "chkDebug @chkDebug"},
