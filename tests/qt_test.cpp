@@ -88,6 +88,7 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         Qt::KeyboardModifiers modifiers;
         std::string expected;
     } rows[] = {
+        {text, Qt::Key_A, {}, "txtFname @txtFname"},
         {text, Qt::Key_Return, {}, "btnCompile @txtFname"},
         {panel.btnBrowse, Qt::Key_Enter, {}, "btnBrowse @btnBrowse"},
         {text, Qt::Key_D, Qt::AltModifier, "chkDebug @chkDebug"},
@@ -97,7 +98,6 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         {text, Qt::Key_Backspace, Qt::ControlModifier, "txtFname @txtFname"},
         {panel.optFormat(0), Qt::Key_Tab, {}, "@chkDebug"},
         {text, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameP"},
-        {form->play.txtFnameP, Qt::Key_Return, {}, "btnPlay @txtFnameP"},
         {form->play.txtFnameP, Qt::Key_Tab, Qt::ControlModifier, "chkAutoOpen @txtFnameS"},
         {form->spelling.txtFnameS, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameE"},
     };
