@@ -159,6 +159,9 @@ TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
     const std::string start = c.string() + "[a \"b\"][%]";
     EXPECT_EQ(echoed(), start + "[file://" + c.string() + "/my%20caf%E9.lis]\n" + start +
                             "[file://" + c.string() + "/wizardquest.lis]\n" + start + '\n');
+    fs::remove(home / "my-mimeapps.list");
+    EXPECT_TRUE(run("notepad x"));
+    EXPECT_EQ(echoed(), c.string() + "[other][" + c.string() + "/x]\n");
 }
 
 TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
@@ -201,7 +204,7 @@ TEST_F(Batch, StaysInItsTerminalAfterAnError) {
     waitpid(child, &ending, 0);
     EXPECT_EQ(ending, 0);
     close(terminal);
-    EXPECT_NE(seen.find("\x1b]2;"), std::string::npos) << seen;
+    EXPECT_TRUE(seen.find("\x1b]2;") != seen.npos && seen.ends_with(" . . . ")) << seen;
 }
 
 TEST_F(Batch, GivesEachTerminalItsWords) {
@@ -291,5 +294,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
         return errorOf([&] { runtime.rtcShell(command, 1); });
     };
     EXPECT_TRUE(errorOfStart("c:\\x.bat").starts_with("No terminal was found."));
+    EXPECT_EQ(errorOf([] { PosixRuntime(nullptr, "/none").rtcShell("c:\\x.bat", 1); }),
+              "Cannot start c:\\x.bat: the program nwbw-batch is missing in /none");
     EXPECT_EQ(errorOfStart("c:\\none.bat"), "Cannot start c:\\none.bat: there is no such file");
 }

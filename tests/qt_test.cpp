@@ -208,9 +208,11 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
         EXPECT_EQ(windowOf(other).x(), 133);
         EXPECT_EQ(windowOf(other).width(), width);
         EXPECT_EQ(windowOf(other).font().pointSizeF() == 7, points == 6) << "the smallest";
-        other.Unload();
+        windowOf(other).close();
     }
     QCoreApplication::processEvents();
+    EXPECT_EQ(application.Count(), 1);
+    EXPECT_EQ(window->menuBar()->height(), 22);
     expectPlace(*form, {1000, 1000, 6500, 6500});
     EXPECT_EQ(window->size(), QSize(433, 433));
     window->resize(500, 400);
