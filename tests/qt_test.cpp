@@ -173,7 +173,7 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     EXPECT_TRUE(exists(std::filesystem::path(NWBW_PAGES "/../package/") / entry));
     auto& clock = *window->statusBar()->findChildren<QLabel*>()[2];
     clock.clear();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !clock.text().isEmpty(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clock.text().contains(':'); }));
     EXPECT_EQ(QApplication::windowIcon().availableSizes().size(), 6);
     for (const int tab : {0, 2}) {
         QHelpEvent asked(QEvent::ToolTip, bar->tabRect(tab).center(), {});
@@ -414,7 +414,7 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         const auto panels = shown.statusBar()->findChildren<QLabel*>();
         EXPECT_EQ(panels[1]->text(),
                   QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
-        EXPECT_TRUE(panels[2]->text().contains(':'));
+        EXPECT_GT(panels[0]->width(), shown.width() / 2) << "takes what the others leave";
         while (application.Count() > 1) {
             Form& last = application.Forms(application.Count() - 1);
             EXPECT_EQ(windowOf(last).windowTitle(), name(last.Caption));
