@@ -138,11 +138,9 @@ TEST(Console, AUserReachesOnlyWhatCanBeUsed) {
     EXPECT_TRUE(desk.runtime.told("Windows Console player program  not found"));
     EXPECT_EQ(form.mnemonicTarget('E', nullptr), &form.play.optRecord(0));
     form.play.optPlayer(1).Value = false;
-    for (const int stop : {0, 1}) {  // the first usable one, since none is selected
-        for (const int i : {0, 1, 2})
-            EXPECT_EQ(form.play.optPlayer(i).isTabStop(), i == stop);
-        form.play.optPlayer(0).Enabled = false;
-    }
+    EXPECT_TRUE(form.play.optPlayer(0).isTabStop());
+    form.play.optPlayer(0).Enabled = false;
+    EXPECT_TRUE(form.play.optPlayer(1).isTabStop()) << "the first usable, as none is selected";
     auto& dialog = desk.application.load<dialogs::frmSettings2>(desk.program);
     for (const auto& [button, next] :
          {std::pair("btnBrowse(1)", "btnBrowse(2)"), {"btnBrowse(9)", "btnBrowse(0)"}})
