@@ -215,7 +215,7 @@ TEST_F(Batch, GivesEachTerminalItsWords) {
           "mate-terminal --disable-factory --maximize -x", "terminator --no-dbus --maximise -x",
           "lxterminal --no-remote --geometry=400x200 -e", "kitty --start-as=maximized",
           "alacritty -o 'window.startup_mode=\"Maximized\"' -e", "stterm -g 400x200 -e",
-          "st -g 400x200 -e", "other -e"},
+          "st -g 400x200 -e", "foot --maximized -e", "other -e"},
          command},
         {{"tilix --new-process --maximize -e", "sakura --maximize -x",
           "terminology --maximized -e"},

@@ -75,6 +75,7 @@ struct Windows : testing::Test {
         QWidget* focused = window->focusWidget();
         QTest::keyClick(focused ? focused : window, key, modifiers);
         QCoreApplication::processEvents();
+        EXPECT_FALSE(QApplication::activePopupWidget());
         return std::exchange(heard, "") + "@" + window->focusWidget()->objectName().toStdString();
     }
 };
@@ -82,12 +83,7 @@ struct Windows : testing::Test {
 TEST_F(Windows, KeysReachTheFormThenTheModel) {
     const auto& panel = form->compile;
     const Control& text = panel.txtFname;
-    const struct {
-        const Control& focus;
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        std::string expected;
-    } rows[] = {
+    const std::tuple<const Control&, Qt::Key, Qt::KeyboardModifiers, const char*> rows[] = {
         {text, Qt::Key_A, {}, "txtFname @txtFname"},
         {text, Qt::Key_Return, {}, "btnCompile @txtFname"},
         {panel.btnBrowse, Qt::Key_Enter, {}, "btnBrowse @btnBrowse"},
@@ -95,6 +91,7 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         {text, Qt::Key_P, Qt::AltModifier, "optFormat(2) @optFormat(2)"},
         {panel.optFormat(2), Qt::Key_Up, {}, "optFormat(0) @optFormat(0)"},
         {text, Qt::Key_Z, Qt::AltModifier, "@txtFname"},
+        {text, Qt::Key_F10, Qt::ControlModifier, "@txtFname"},
         {text, Qt::Key_Backspace, Qt::ControlModifier, "txtFname @txtFname"},
         {panel.optFormat(0), Qt::Key_Tab, {}, "@chkDebug"},
         {text, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameP"},
@@ -103,11 +100,11 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     };
     form->edit.txtFnameE.Text = "cave.kel";
     heard.clear();
-    for (const auto& row : rows) {
-        widget(row.focus).setFocus();
+    for (const auto& [focus, key, modifiers, expected] : rows) {
+        widget(focus).setFocus();
         QCoreApplication::processEvents();
-        EXPECT_EQ(strike(row.key, row.modifiers), row.expected)
-            << row.focus.fullName() << " " << QKeySequence(row.key).toString().toStdString();
+        EXPECT_EQ(strike(key, modifiers), expected)
+            << focus.fullName() << " " << QKeySequence(key).toString().toStdString();
     }
     EXPECT_FALSE(widget<QLineEdit>(form->edit.txtFnameE).hasSelectedText());
     for (const bool alt : {true, false}) {
@@ -116,7 +113,6 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         ASSERT_TRUE(QApplication::activePopupWidget());
         QApplication::activePopupWidget()->close();
     }
-
     Form& splash = application.load<docs::frmSplash>([] {});
     splash.Show();
     const QMainWindow& shown = windowOf(splash);
@@ -152,6 +148,7 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     EXPECT_EQ(list.selectedItems().size(), 1);
     panel.lstInclude.setList(0, "c:\\b");
     EXPECT_EQ(list.item(0)->text(), "c:\\b");
+    EXPECT_EQ(list.item(0)->toolTip(), qt::wrappingToolTip("c:\\b"));
     panel.lstInclude.AddItem("c:\\c");
     panel.lstInclude.RemoveItem(1);
     EXPECT_EQ(list.count(), 1);
@@ -186,7 +183,6 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     auto& frame = widget(form->play.fraPlayback);
     QTest::mouseClick(&frame, Qt::LeftButton, {}, {5, frame.height() - 5});
     EXPECT_EQ(heard, "fraPlayback ");
-
     panel.txtCmdline.Visible = true;
     panel.txtCmdline.Text = "one\r\ntwo";
     auto& lines = widget<QPlainTextEdit>(panel.txtCmdline);

@@ -51,6 +51,7 @@ constexpr auto known = std::to_array<Terminal>({
     {"alacritty", "", "-o 'window.startup_mode=\"Maximized\"'", "-e"},
     {"stterm", "", "-g 400x200", "-e"},
     {"st", "", "-g 400x200", "-e"},
+    {"foot", "", "--maximized", "-e"},
 });
 constexpr Terminal unknown = {"", "", "", "-e"};
 
