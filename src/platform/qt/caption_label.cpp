@@ -15,7 +15,7 @@ void CaptionLabel::setCaption(const QString& caption) {
                  (wordWrap() ? Qt::AlignTop : Qt::AlignVCenter));
     setText(wordWrap() ? caption
                        : fontMetrics().elidedText(caption, Qt::ElideMiddle, contentsRect().width(),
-                                                  textFlags()));
+                                                  buddy() ? Qt::TextShowMnemonic : 0));
 }
 
 QSize CaptionLabel::sizeOf(const QString& caption) const {
@@ -23,10 +23,6 @@ QSize CaptionLabel::sizeOf(const QString& caption) const {
     const double slanted = metrics.boundingRect(caption).right();  // italics reach further
     const double width = std::max(metrics.horizontalAdvance(caption), slanted);
     return QSizeF(width, metrics.height()).toSize() + QSize(1, 1);
-}
-
-int CaptionLabel::textFlags() const {
-    return (buddy() ? Qt::TextShowMnemonic : 0) | (wordWrap() ? Qt::TextWordWrap : 0);
 }
 
 }  // namespace qt

@@ -13,9 +13,6 @@ class CaptionLabel : public QLabel {
     void setCaption(const QString& caption);
     /// Returns the size of the caption on one line.
     [[nodiscard]] QSize sizeOf(const QString& caption) const;
-
-  private:
-    [[nodiscard]] int textFlags() const;
 };
 
 }  // namespace qt
