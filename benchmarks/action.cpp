@@ -9,9 +9,9 @@
 
 #include "benchmarks/home.h"
 #include "console/frm_console.h"
-#include "platform/none/no_platform.h"
-#include "platform/posix/invocation.h"
-#include "platform/posix/posix_runtime.h"
+#include "platform/linux/launch/terminal.h"
+#include "platform/linux/linux_runtime.h"
+#include "platform/stubs/stubs.h"
 
 namespace {
 
@@ -55,11 +55,11 @@ class TimedCompiler {
 void action(benchmark::State& state) {
     TimedCompiler timed;
     std::string error;
-    platform::PosixRuntime runtime([&](const std::string& text, int, const std::string&) {
+    platform::LinuxRuntime runtime([&](const std::string& text, int, const std::string&) {
         error = text;
         return core::Runtime::Answer::Ok;
     });
-    platform::NoToolkit windows;
+    stubs::StubToolkit windows;
     forms::Application application(windows, [&](const std::string& text) { error = text; });
     core::Program program{runtime, application, {}};
     program.state.CompilerPath = "c:\\kelm\\kelm.exe";

@@ -8,8 +8,8 @@
 
 #include "benchmarks/home.h"
 #include "console/frm_console.h"
-#include "platform/none/no_platform.h"
-#include "platform/posix/posix_runtime.h"
+#include "platform/linux/linux_runtime.h"
+#include "platform/stubs/stubs.h"
 
 namespace {
 
@@ -44,8 +44,8 @@ void keystroke(benchmark::State& state) {
     static const Home home;  // shared by all runs, since creating the files is slow
     home.enter();
     const auto paths = fill(home, state.range(0), state.range(1));
-    platform::PosixRuntime runtime(nullptr);
-    platform::NoToolkit windows;
+    platform::LinuxRuntime runtime(nullptr);
+    stubs::StubToolkit windows;
     forms::Application application(windows, nullptr);
     core::Program program{runtime, application, {}};
     program.state.CompilerPath = "c:\\kelm\\programs\\kelm.exe";

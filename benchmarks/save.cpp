@@ -9,8 +9,8 @@
 
 #include "benchmarks/home.h"
 #include "core/settings_file.h"
-#include "platform/none/no_platform.h"
-#include "platform/posix/posix_runtime.h"
+#include "platform/linux/linux_runtime.h"
+#include "platform/stubs/stubs.h"
 
 namespace {
 
@@ -32,11 +32,11 @@ class Saver {
   private:
     Home home_;
     std::string error_;
-    platform::PosixRuntime runtime_{[this](const std::string& text, int, const std::string&) {
+    platform::LinuxRuntime runtime_{[this](const std::string& text, int, const std::string&) {
         error_ = text;
         return core::Runtime::Answer::Ok;
     }};
-    platform::NoToolkit windows_;
+    stubs::StubToolkit windows_;
     forms::Application application_{windows_, nullptr};
     core::Program program_{runtime_, application_, {}};
 };

@@ -13,12 +13,11 @@
 #include <string>
 
 #include "console/frm_console.h"
-#include "platform/linux/fonts.h"
-#include "platform/posix/posix_runtime.h"
-#include "platform/qt/form_window.h"
-#include "platform/qt/message_box.h"
-#include "platform/qt/qt_application.h"
-#include "platform/qt/qt_toolkit.h"
+#include "platform/linux/linux_runtime.h"
+#include "platform/linux/qt/application.h"
+#include "platform/linux/qt/form_window.h"
+#include "platform/linux/qt/message_box.h"
+#include "platform/linux/qt/toolkit.h"
 
 namespace {
 
@@ -47,8 +46,8 @@ void showWord(int count, char** arguments) {
 }
 
 void showConsole(char** arguments) {
-    const qt::QtApplication application(arguments, platform::lookUpFonts);
-    platform::PosixRuntime runtime(qt::messageBox);
+    const qt::QtApplication application(arguments);
+    platform::LinuxRuntime runtime(qt::messageBox);
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
                           [&](const std::string& path) { return runtime.disk().toWindows(path); });
     forms::Application forms(toolkit, [](const std::string&) {});

@@ -1,15 +1,15 @@
 // A script is parsed into its lines. A command is split into words at blanks outside quotes, and
 // spawns the program that it names or none.
 
-#include "platform/posix/command_line.h"
+#include "platform/linux/launch/command_line.h"
 
 #include <algorithm>
 
 #include "check.h"
 #include "core/runtime.h"
 #include "core/text.h"
-#include "platform/posix/batch_script.h"
-#include "platform/posix/launcher.h"
+#include "platform/linux/launch/batch_script.h"
+#include "platform/linux/launch/launcher.h"
 #include "test_drives.h"
 
 namespace {

@@ -4,8 +4,8 @@
 
 #include "check.h"
 #include "core/runtime.h"
-#include "platform/posix/argument_map.h"
-#include "platform/posix/case_fold.h"
+#include "platform/linux/disk/case_fold.h"
+#include "platform/linux/launch/argument_map.h"
 #include "test_drives.h"
 
 namespace {

@@ -7,14 +7,14 @@
 #include "check.h"
 #include "core/field_reader.h"
 #include "core/settings_file.h"
-#include "platform/none/no_platform.h"
+#include "platform/stubs/stubs.h"
 
 namespace {
 
 using fuzz::check;
 
 /// A platform that has nothing but files, held in memory.
-class Files : public platform::NoRuntime {
+class Files : public stubs::StubRuntime {
   public:
     std::map<std::string, std::string> files;
 
@@ -60,7 +60,7 @@ void load(core::Program& program) {
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     std::string_view input(reinterpret_cast<const char*>(data), size);
-    platform::NoToolkit toolkit;
+    stubs::StubToolkit toolkit;
     forms::Application application(toolkit, [](const std::string&) {});
     Files runtime;
     core::Program program{runtime, application, {}};

@@ -1,13 +1,13 @@
 // Short names are short, each belongs to one file, and a file keeps its own when others are added.
 
-#include "platform/posix/short_names.h"
+#include "platform/linux/disk/short_names.h"
 
 #include <algorithm>
 #include <set>
 #include <string>
 
 #include "check.h"
-#include "platform/posix/case_fold.h"
+#include "platform/linux/disk/case_fold.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/posix/windows_disk.h"
+#include "platform/linux/disk/windows_disk.h"
 
 namespace fuzz {
 

@@ -6,9 +6,10 @@
 #include <sstream>
 
 #include "linux_desktop.h"
-#include "platform/linux/shell_words.h"
-#include "platform/posix/batch_interpreter.h"
-#include "platform/posix/posix_runtime.h"
+#include "platform/linux/launch/batch_interpreter.h"
+#include "platform/linux/launch/shell_words.h"
+#include "platform/linux/launch/terminal.h"
+#include "platform/linux/linux_runtime.h"
 
 using namespace platform;
 using namespace std::literals;
@@ -251,7 +252,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     char* arguments[] = {name, nullptr};
     const QCoreApplication application(count, arguments);
     std::string told;
-    PosixRuntime runtime(
+    LinuxRuntime runtime(
         [&](const std::string& text, int flags, const std::string&) {
             told = std::to_string(flags) + ' ' + text;
             return core::Runtime::Answer::Ok;
@@ -294,7 +295,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
         return errorOf([&] { runtime.rtcShell(command, 1); });
     };
     EXPECT_TRUE(errorOfStart("c:\\x.bat").starts_with("No terminal was found."));
-    EXPECT_EQ(errorOf([] { PosixRuntime(nullptr, "/none").rtcShell("c:\\x.bat", 1); }),
+    EXPECT_EQ(errorOf([] { LinuxRuntime(nullptr, "/none").rtcShell("c:\\x.bat", 1); }),
               "Cannot start c:\\x.bat: the program nwbw-batch is missing in /none");
     EXPECT_EQ(errorOfStart("c:\\none.bat"), "Cannot start c:\\none.bat: there is no such file");
 }

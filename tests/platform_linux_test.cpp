@@ -5,7 +5,7 @@
 #include <cerrno>
 
 #include "linux_desktop.h"
-#include "platform/posix/posix_runtime.h"
+#include "platform/linux/linux_runtime.h"
 
 using namespace platform;
 using core::Runtime;
@@ -136,7 +136,7 @@ TEST(ShortNames, KeepToEightCharactersWhenManyCompete) {
 }
 
 TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
-    PosixRuntime runtime(nullptr);
+    LinuxRuntime runtime(nullptr);
     const auto open = [&](const char* path) {
         return errorOf([&] { runtime.vbaFileOpen(path, Runtime::OpenMode::Output); });
     };

@@ -1,7 +1,7 @@
 // What the program expects of each operation of its platform, on every system.
 
 #ifdef _WIN32
-#include "platform_suite_win32.h"
+#include "platform_suite_windows.h"
 #else
 #include "platform_suite_linux.h"
 #endif

@@ -5,12 +5,12 @@
 
 #include "core/text.h"
 #include "linux_desktop.h"
-#include "platform/posix/posix_runtime.h"
+#include "platform/linux/linux_runtime.h"
 
 /// Linux for the suite: `place` is a folder on drive c:, and scripts run without a terminal.
 class System : public LinuxDesktop {
   protected:
-    using Runtime = platform::PosixRuntime;
+    using Runtime = platform::LinuxRuntime;
 
     System() {
         fs::create_directories(place);

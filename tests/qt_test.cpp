@@ -4,12 +4,12 @@
 #include <QtWidgets>
 
 #include "fakes.h"
-#include "platform/qt/form_window.h"
-#include "platform/qt/message_box.h"
-#include "platform/qt/qt_application.h"
-#include "platform/qt/qt_toolkit.h"
-#include "platform/qt/units.h"
-#include "platform/qt/widget_peer.h"
+#include "platform/linux/qt/application.h"
+#include "platform/linux/qt/control_peer.h"
+#include "platform/linux/qt/form_window.h"
+#include "platform/linux/qt/message_box.h"
+#include "platform/linux/qt/toolkit.h"
+#include "platform/linux/qt/units.h"
 
 namespace {
 
@@ -443,7 +443,7 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir settings;  // of Qt's own dialogs
     qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
-    const qt::QtApplication application(argv, [] {});
+    const qt::QtApplication application(argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -3,11 +3,11 @@
 #include <csignal>
 
 #include "endurance.h"
-#include "platform/qt/end_request.h"
-#include "platform/qt/form_window.h"
-#include "platform/qt/message_box.h"
-#include "platform/qt/qt_toolkit.h"
-#include "platform/qt/widget_peer.h"
+#include "platform/linux/qt/control_peer.h"
+#include "platform/linux/qt/end_request.h"
+#include "platform/linux/qt/form_window.h"
+#include "platform/linux/qt/message_box.h"
+#include "platform/linux/qt/toolkit.h"
 #include "rules.h"
 
 namespace {
@@ -86,7 +86,7 @@ struct WindowWalk : testing::Test, endurance::Choices {
 
     static void expectShown(forms::Form& form) {
         for (const forms::Control* control : form.allControls()) {
-            const auto* peer = dynamic_cast<qt::WidgetPeer*>(control->peer());
+            const auto* peer = dynamic_cast<qt::ControlPeer*>(control->peer());
             if (!peer || !control->Visible) continue;
             const QWidget& widget = peer->widget();
             const auto own = widget.metaObject()->userProperty().read(&widget).toString();

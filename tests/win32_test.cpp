@@ -4,11 +4,11 @@
 
 #include "endurance.h"
 #include "forms/file_lists.h"
-#include "platform/win32/common_controls.h"
-#include "platform/win32/form_window.h"
-#include "platform/win32/peers.h"
-#include "platform/win32/win32_toolkit.h"
 #include "platform/windows/wide.h"
+#include "platform/windows/win32/common_controls.h"
+#include "platform/windows/win32/form_window.h"
+#include "platform/windows/win32/peers.h"
+#include "platform/windows/win32/toolkit.h"
 #include "rules.h"
 
 using namespace fakes;

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "console/frm_console.h"
-#include "platform/none/no_platform.h"
+#include "platform/stubs/stubs.h"
 
 namespace tour {
 
@@ -21,8 +21,8 @@ class ConsoleMap {
     [[nodiscard]] Spot find(const std::string& control);
 
   private:
-    platform::NoRuntime runtime_;
-    platform::NoToolkit toolkit_;
+    stubs::StubRuntime runtime_;
+    stubs::StubToolkit toolkit_;
     forms::Application application_{toolkit_, [](const std::string&) {}};
     core::Program program_{runtime_, application_, {}};
     console::frmConsole console_{application_, program_};

@@ -18,7 +18,7 @@ using forms::RuntimeError;
 ///
 /// To add an operation:
 /// 1. Declare it here, with what it returns, units and errors.
-/// 2. Implement it in platform/posix, platform/windows and, doing nothing, platform/none.
+/// 2. Implement it in platform/linux, platform/windows and, doing nothing, platform/stubs.
 /// 3. Fake it in the FakeRuntime of the tests, counted as a step that can fail if it can fail.
 /// 4. Check it in tests/platform_suite.cpp, which runs on the real systems.
 class Runtime : public forms::Disk {

@@ -6,7 +6,7 @@
 #include "core/runtime.h"
 #include "core/text.h"
 #include "platform/windows/file.h"
-#include "platform/windows/script_reading.h"
+#include "platform/windows/script_check.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_api.h"

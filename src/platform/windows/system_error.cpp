@@ -1,6 +1,6 @@
 #include "platform/windows/system_error.h"
 
-#include "platform/common/common_runtime.h"
+#include "core/common_runtime.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_api.h"
 
@@ -27,7 +27,7 @@ void fail(const std::string& doing, const std::string& path) {
 }
 
 void fail(const std::string& doing, const std::string& path, unsigned long error) {
-    failTo(doing, path, textOf(error, path));
+    core::failTo(doing, path, textOf(error, path));
 }
 
 }  // namespace platform

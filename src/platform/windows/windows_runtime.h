@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "platform/common/common_runtime.h"
+#include "core/common_runtime.h"
 #include "platform/windows/file.h"
 
 namespace platform {
 
 /// The runtime on Windows.
-class WindowsRuntime : public CommonRuntime {
+class WindowsRuntime : public core::CommonRuntime {
   public:
     /// Makes critical errors of the system fail the operation instead of showing a box.
     explicit WindowsRuntime(MessageBox messageBox);

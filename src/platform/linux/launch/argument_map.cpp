@@ -1,0 +1,105 @@
+#include "platform/linux/launch/argument_map.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "core/runtime.h"
+#include "core/text.h"
+#include "platform/linux/disk/case_fold.h"
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool hasDrive(std::string_view word) {
+    return word.size() >= 2 && isLetter(word[0]) && word[1] == ':';
+}
+
+bool has(std::string_view word, char c) {
+    return word.find(c) != std::string_view::npos;
+}
+
+bool isPath(std::string_view word) {
+    return hasDrive(word) || has(word, '\\') || (word.starts_with('/') && has(word, '~'));
+}
+
+bool isOption(std::string_view word) {
+    return word.starts_with('-');
+}
+
+}  // namespace
+
+void ArgumentMap::toHost(std::vector<std::string>& arguments) {
+    map(arguments, Target::Host);
+}
+
+void ArgumentMap::toLongNames(std::vector<std::string>& arguments) {
+    map(arguments, Target::Windows);
+}
+
+void ArgumentMap::map(std::vector<std::string>& arguments, Target target) {
+    bool afterOption = false;
+    for (std::string& argument : arguments) {
+        const bool nowOption = isOption(argument);
+        argument = nowOption ? option(argument, target) : word(argument, target, afterOption);
+        afterOption = nowOption;
+    }
+}
+
+std::string ArgumentMap::path(const std::string& path, Target target) {
+    if (target == Target::Windows) return disk_.longPath(path);
+    std::string host = disk_.toHost(path);
+    if (host.empty()) {
+        throw core::RuntimeError("Cannot start " + program_ + ' ' + path +
+                                 ": there is no such place.");
+    }
+    return host;
+}
+
+/// Translates only a path whose folder exists: the file itself may be new, or named without its
+/// extension. A word without a further slash, like the option "/d", must exist itself.
+std::string ArgumentMap::rooted(const std::string& word) {
+    std::error_code failed;
+    if (fs::exists(fs::symlink_status(word, failed))) return word;
+    const std::string host = disk_.toHost('\\' + word.substr(1));
+    const bool hasFolder = word.find('/', 1) != std::string::npos;
+    const fs::path place = hasFolder ? fs::path(host).parent_path() : fs::path(host);
+    return fs::exists(place, failed) ? host : word;
+}
+
+std::string ArgumentMap::name(const std::string& name, Target target) {
+    return target == Target::Windows ? disk_.longPath(name) : disk_.nameHere(name);
+}
+
+std::string ArgumentMap::word(const std::string& word, Target target, bool mayBeValue) {
+    if (target == Target::Host && word.starts_with('/')) return rooted(word);
+    if (isPath(word)) return path(word, target);
+    if (has(word, '/')) return word;
+    // Only a short name is unambiguous. A word after an option may be its value and match a file by
+    // chance, and Windows programs ignore case themselves.
+    const bool unambiguous = has(word, '~');
+    if (!unambiguous && (mayBeValue || target == Target::Windows)) return word;
+    return name(word, target);
+}
+
+bool ArgumentMap::isJoinedPath(std::string_view text) {
+    if (hasDrive(text)) return text.substr(2).starts_with('\\');
+    if (has(text, '/')) return false;
+    if (text.starts_with("\\\\")) return true;  // to be refused: on no known drive
+    if (!has(text, '\\')) return has(text, '~') && disk_.nameHere(text) != text;
+    return !disk_.shortPath(text.substr(0, text.rfind('\\') + 1)).empty();
+}
+
+std::string ArgumentMap::option(const std::string& word, Target target) {
+    for (std::size_t at = 2; at < word.size() && isLetter(word[at - 1]); ++at) {
+        const std::string joined = word.substr(at);
+        if (!isJoinedPath(joined)) continue;
+        const bool bare = !hasDrive(joined) && !has(joined, '\\');
+        return word.substr(0, at) + (bare ? name(joined, target) : path(joined, target));
+    }
+    return word;
+}
+
+}  // namespace platform

@@ -1,0 +1,240 @@
+#include "platform/linux/linux_runtime.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTimer>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "core/text.h"
+#include "platform/linux/disk/case_fold.h"
+#include "platform/linux/launch/terminal.h"
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+[[noreturn]] void fail(const std::string& doing, const std::string& path) {
+    core::failTo(doing, path, std::strerror(errno));
+}
+
+/// Throws if the file system cannot tell.
+bool isOrdinaryFile(const std::string& host, const std::string& path) {
+    struct stat state = {};
+    if (stat(host.c_str(), &state) == 0) return S_ISREG(state.st_mode);
+    if (errno == EACCES || errno == EIO || errno == ESTALE) fail("look up", path);
+    return false;
+}
+
+/// True if the path can only name a folder, by how it ends.
+bool endsAsFolder(const std::string& path) {
+    const std::string name = path.substr(path.find_last_of("\\/") + 1);
+    return name.empty() || name == ".";
+}
+
+QSettings settingsOf(const std::string& application) {
+    return {QSettings::IniFormat, QSettings::UserScope, "nwbw",
+            QString::fromStdString(application)};
+}
+
+QString settingsKey(const std::string& section, const std::string& key) {
+    return QString::fromStdString(section) + '/' + QString::fromStdString(key);
+}
+
+}  // namespace
+
+LinuxRuntime::LinuxRuntime(MessageBox messageBox, const std::string& programFolder)
+    : CommonRuntime(std::move(messageBox)),
+      programFolder_(programFolder),
+      appPath_(disk_.toWindows(programFolder)) {
+    if (appPath_.ends_with('\\')) appPath_.pop_back();
+}
+
+std::string LinuxRuntime::TempPath() {
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    const QString folder = cache + "/nwbw";
+    QDir().mkpath(folder);
+    return disk_.toWindows(folder.toStdString());
+}
+
+std::string LinuxRuntime::rtcDir(const std::string& path) {
+    if (path.find_first_of("*?") != std::string::npos) return "";
+    const std::string host = disk_.toHost(path);
+    if (host.empty() || endsAsFolder(path) || !isOrdinaryFile(host, path)) return "";
+    const std::string_view name = core::afterLast(host, '/');
+    return std::string(name.starts_with('.') ? "" : name);
+}
+
+std::string LinuxRuntime::hostPath(const std::string& doing, const std::string& path) {
+    std::string host = disk_.toHost(path);
+    if (host.empty()) core::failTo(doing, path, "No such drive");
+    return host;
+}
+
+std::chrono::system_clock::time_point LinuxRuntime::rtcFileDateTime(const std::string& path) {
+    struct stat state = {};
+    if (stat(hostPath("find", path).c_str(), &state) != 0) fail("find", path);
+    const auto changed = std::chrono::seconds(state.st_mtim.tv_sec) +
+                         std::chrono::nanoseconds(state.st_mtim.tv_nsec);
+    return std::chrono::system_clock::time_point(changed);
+}
+
+void LinuxRuntime::openOutput(const std::string& path) {
+    // Do not follow a link, which could lead to any file, and do not wait for the reader of a pipe.
+    const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    const int handle = open(hostPath("open", path).c_str(), flags, 0666);
+    if (handle < 0) fail("open", path);
+    output_.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+}
+
+std::string LinuxRuntime::readFile(const std::string& path) {
+    QFile file(QFile::decodeName(hostPath("open", path).c_str()));
+    if (!file.open(QIODevice::ReadOnly))
+        core::failTo("open", path, file.errorString().toStdString());
+    std::string text = file.readAll().toStdString();
+    if (file.error() != QFileDevice::NoError) {
+        core::failTo("read", path, file.errorString().toStdString());
+    }
+    return text;
+}
+
+void LinuxRuntime::failToWrite() {
+    // A short write without an error means that the disk is full.
+    const bool hasError = output_.error() != QFileDevice::NoError;
+    const std::string reason =
+        hasError ? output_.errorString().toStdString() : std::strerror(ENOSPC);
+    output_.close();
+    core::failTo("write", outputPath(), reason);
+}
+
+void LinuxRuntime::writeOut() {
+    if (!output_.flush()) failToWrite();
+}
+
+void LinuxRuntime::closeOutput() {
+    if (!output_.isOpen()) return;
+    writeOut();
+    output_.close();
+    // Some file systems report a full disk only when the file is closed.
+    if (output_.error() != QFileDevice::NoError) {
+        core::failTo("write", outputPath(), output_.errorString().toStdString());
+    }
+}
+
+void LinuxRuntime::writeOutput(const std::string& text) {
+    if (output_.write(text.data(), std::ssize(text)) != std::ssize(text)) failToWrite();
+}
+
+void LinuxRuntime::vbaFileFlush() {
+    if (!output_.isOpen()) return;
+    writeOut();
+    // A file that cannot be flushed to a disk, such as a pipe, fails with EINVAL and needs no
+    // flush.
+    if (fsync(output_.handle()) != 0 && errno != EINVAL) fail("write", outputPath());
+}
+
+void LinuxRuntime::rtcKillFiles(const std::string& path) {
+    if (unlink(hostPath("delete", path).c_str()) != 0) fail("delete", path);
+}
+
+void LinuxRuntime::vbaNameFile(const std::string& from, const std::string& to) {
+    if (!renameToNew(hostPath("rename", from), hostPath("rename to", to))) {
+        fail("rename " + from + " to", to);
+    }
+}
+
+void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
+    const CommandLine line(command);
+    const bool maximised = windowStyle == maximisedFocus;
+    const std::string program = line.words.empty() ? "" : line.words.front();
+    if (caseFolded(program).ends_with(".bat")) {
+        startScript(program, maximised);
+        return;
+    }
+    const Invocation invocation = launcher_.prepare(line);
+    if (invocation.inTerminal) {
+        startInTerminal(invocation.words, maximised);
+    } else {
+        startDetached(invocation);
+    }
+}
+
+void LinuxRuntime::startInTerminal(const std::vector<std::string>& words, bool maximised) {
+    using namespace std::chrono_literals;
+    const Invocation terminal = inTerminal(words, maximised);
+    const std::shared_future<Ending> ending = startDetached(terminal).share();
+    if (QCoreApplication::instance() == nullptr) return;  // no event loop, so no later check
+    QTimer::singleShot(2s, &terminalChecks_, [this, name = terminal.words.front(), ending] {
+        const bool isOver = ending.wait_for(0s) == std::future_status::ready;
+        if (!isOver || ending.get().isGood()) return;
+        rtcMsgBox("The terminal " + name + ' ' + ending.get().text() +
+                      ". Name another one in the environment variable TERMINAL.",
+                  exclamation, "");
+    });
+}
+
+void LinuxRuntime::startScript(const std::string& path, bool maximised) {
+    const std::string script = hostPath("start", path);
+    if (!isOrdinaryFile(script, path)) core::failTo("start", path, "there is no such file");
+    const std::string interpreter = programFolder_ + "/nwbw-batch";
+    if (access(interpreter.c_str(), X_OK) != 0) {
+        core::failTo("start", path, "the program nwbw-batch is missing in " + programFolder_);
+    }
+    const std::string folder = platform::currentFolder();
+    startInTerminal({interpreter, script, folder.empty() ? "/" : folder, disk_.drives().prefix()},
+                    maximised);
+}
+
+std::string LinuxRuntime::rtcGetSetting(const std::string& application, const std::string& section,
+                                        const std::string& key, const std::string& byDefault) {
+    return settingsOf(application)
+        .value(settingsKey(section, key), QString::fromStdString(byDefault))
+        .toString()
+        .toStdString();
+}
+
+void LinuxRuntime::rtcSaveSetting(const std::string& application, const std::string& section,
+                                  const std::string& key, const std::string& value) {
+    QSettings settings = settingsOf(application);
+    settings.setValue(settingsKey(section, key), QString::fromStdString(value));
+    settings.sync();
+    if (settings.status() != QSettings::NoError) {
+        core::failTo("write", settings.fileName().toStdString(),
+                     "the settings could not be stored");
+    }
+}
+
+std::vector<std::string> LinuxRuntime::drives() {
+    return disk_.drives().names();
+}
+
+std::string LinuxRuntime::currentFolder() {
+    return disk_.toWindows(platform::currentFolder());
+}
+
+std::vector<std::string> LinuxRuntime::folders(const std::string& path) {
+    std::vector<std::string> names;
+    try {
+        for (const fs::directory_entry& entry : fs::directory_iterator(hostPath("open", path))) {
+            const bool hidden = entry.path().filename().string().starts_with('.');
+            std::error_code unreadable;
+            if (hidden || !entry.is_directory(unreadable)) continue;
+            names.emplace_back(core::afterLast(disk_.toWindows(entry.path().string()), '\\'));
+        }
+    } catch (const fs::filesystem_error& error) {
+        core::failTo("open", path, error.code().message());
+    }
+    return names;
+}
+
+}  // namespace platform

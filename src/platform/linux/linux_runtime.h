@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QFile>
+#include <QObject>
+#include <string>
+
+#include "core/common_runtime.h"
+#include "platform/linux/disk/files.h"
+#include "platform/linux/disk/windows_disk.h"
+#include "platform/linux/launch/launcher.h"
+
+namespace platform {
+
+/// The runtime on a system with a Unix in it: drives emulated on the host's files.
+class LinuxRuntime : public core::CommonRuntime {
+  public:
+    /// `programFolder` is the host path of the folder that contains nwbw and nwbw-batch.
+    explicit LinuxRuntime(MessageBox messageBox,
+                          const std::string& programFolder = folderOfProgram());
+
+    std::string AppPath() override { return appPath_; }
+    std::string TempPath() override;
+
+    std::string rtcDir(const std::string& path) override;
+    std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override;
+
+    void vbaFileFlush() override;
+    void rtcKillFiles(const std::string& path) override;
+    void vbaNameFile(const std::string& from, const std::string& to) override;
+
+    void rtcShell(const std::string& command, int windowStyle) override;
+
+    std::string rtcGetSetting(const std::string& application, const std::string& section,
+                              const std::string& key, const std::string& byDefault) override;
+    void rtcSaveSetting(const std::string& application, const std::string& section,
+                        const std::string& key, const std::string& value) override;
+
+    std::string GetShortPathName(const std::string& path) override { return disk_.shortPath(path); }
+
+    std::vector<std::string> drives() override;
+    std::string currentFolder() override;
+    std::vector<std::string> folders(const std::string& path) override;
+
+    // This system has no registry.
+    std::optional<RegistryKey> RegOpenKeyEx(std::uint32_t, const std::string&,
+                                            std::uint32_t) override {
+        return {};
+    }
+    std::optional<RegistryValue> RegQueryValueEx(RegistryKey, const std::string&) override {
+        return {};
+    }
+    void RegCloseKey(RegistryKey) override {}
+
+    /// Returns the disk that converts paths, for file dialogs that show host paths.
+    WindowsDisk& disk() { return disk_; }
+
+  protected:
+    std::string readFile(const std::string& path) override;
+    void openOutput(const std::string& path) override;
+    [[nodiscard]] bool isOutputOpen() const override { return output_.isOpen(); }
+    void writeOutput(const std::string& text) override;
+    void closeOutput() override;
+
+  private:
+    std::string hostPath(const std::string& doing, const std::string& path);
+    void writeOut();
+    [[noreturn]] void failToWrite();
+    void startInTerminal(const std::vector<std::string>& words, bool maximised);
+    void startScript(const std::string& path, bool maximised);
+
+    WindowsDisk disk_{Drives::ofUser()};
+    Launcher launcher_{disk_};
+    QObject terminalChecks_;  ///< owns the timers that check on started terminals
+    std::string programFolder_;
+    std::string appPath_;
+    QFile output_;
+};
+
+}  // namespace platform

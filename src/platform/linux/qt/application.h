@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QApplication>
+#include <thread>
+
+namespace qt {
+
+/// Qt's application. Looks up the system's fonts while QApplication connects to the display: both
+/// are slow and independent.
+class QtApplication {
+  public:
+    /// Uses only the program's name of main's arguments.
+    explicit QtApplication(char** arguments);
+
+  private:
+    int count_ = 1;
+    std::jthread fonts_;
+    QApplication application_;
+};
+
+}  // namespace qt

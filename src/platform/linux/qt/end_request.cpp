@@ -1,0 +1,78 @@
+#include "platform/linux/qt/end_request.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+
+#include "forms/form.h"
+
+namespace qt {
+
+namespace {
+
+constexpr int endSignals[] = {SIGTERM, SIGHUP, SIGINT};
+
+std::atomic<int> wakeUp = -1;  // the write end of the pipe
+std::atomic_flag asked;
+
+extern "C" void noteSignal(int number) {
+    if (asked.test_and_set()) {
+        std::signal(number, SIG_DFL);
+        std::raise(number);
+        return;
+    }
+    const int error = errno;
+    [[maybe_unused]] const auto written = write(wakeUp, "", 1);
+    errno = error;
+}
+
+void closeBoxes() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* box = qobject_cast<QDialog*>(window); box && box->isVisible()) box->reject();
+}
+
+}  // namespace
+
+EndRequest::EndRequest(forms::Application& application) : application_(application) {
+    qApp->installEventFilter(this);
+    if (pipe2(pipe_, O_CLOEXEC | O_NONBLOCK) != 0) return;
+    wakeUp = pipe_[1];
+    auto* notifier = new QSocketNotifier(pipe_[0], QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
+        notifier->setEnabled(false);
+        end();
+    });
+    for (const int number : endSignals)
+        if (std::signal(number, noteSignal) == SIG_IGN) std::signal(number, SIG_IGN);
+}
+
+EndRequest::~EndRequest() {
+    for (const int number : endSignals)
+        if (std::signal(number, SIG_DFL) == SIG_IGN) std::signal(number, SIG_IGN);
+    asked.clear();
+    close(pipe_[0]);
+    close(pipe_[1]);
+}
+
+bool EndRequest::eventFilter(QObject* /*watched*/, QEvent* event) {
+    if (event->type() != QEvent::Quit) return false;
+    end();
+    return true;
+}
+
+void EndRequest::end() {
+    if (application_.Count() > 0) application_.Forms(0).close();
+    // Again and again, since a handler that waited for a box continues and may show another one.
+    auto* timer = new QTimer(this);
+    timer->callOnTimeout(closeBoxes);
+    timer->start(0);
+}
+
+}  // namespace qt

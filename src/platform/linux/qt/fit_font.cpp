@@ -1,0 +1,109 @@
+#include "platform/linux/qt/fit_font.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QStyle>
+#include <QStyleOption>
+#include <algorithm>
+
+#include "forms/fit.h"
+#include "platform/linux/qt/units.h"
+
+namespace qt {
+
+namespace {
+
+// In points, for windows that are not enlarged.
+constexpr double usualLargest = 10;
+constexpr double usualSmallest = 7;
+
+/// How much larger text may be in Liberation Sans than in the usual fonts of desktops.
+constexpr double narrowFontGain = 1.13;
+
+/// Measures captions and asks the style for the room that it leaves them, without any widget.
+class StyleRuler : public forms::Ruler {
+  public:
+    explicit StyleRuler(const QFont& font) : metrics_(font) {}
+
+    [[nodiscard]] int lineHeight() const override { return metrics_.height(); }
+    [[nodiscard]] int width(const std::string& caption) const override {
+        return metrics_.horizontalAdvance(QString::fromStdString(forms::withoutMnemonic(caption)));
+    }
+    [[nodiscard]] int wrappedHeight(const std::string& caption, int width) const override {
+        return metrics_
+            .boundingRect({0, 0, width, 0}, Qt::TextWordWrap, QString::fromStdString(caption))
+            .height();
+    }
+
+    [[nodiscard]] forms::Size room(const forms::Label& label) const override {
+        const QSize place = sizeOf(label);
+        return {place.width(), place.height()};
+    }
+    [[nodiscard]] forms::Size room(const forms::Button& button) const override {
+        const int sides = 4;  // a caption that touches the button's edge is hard to read
+        return inside<QStyleOptionButton>(QStyle::SE_PushButtonContents, button, 2 * sides);
+    }
+    [[nodiscard]] forms::Size room(const forms::CheckBox& box) const override {
+        return inside<QStyleOptionButton>(QStyle::SE_CheckBoxContents, box);
+    }
+    [[nodiscard]] forms::Size room(const forms::OptionButton& option) const override {
+        return inside<QStyleOptionButton>(QStyle::SE_RadioButtonContents, option);
+    }
+    [[nodiscard]] forms::Size room(const forms::TextBox& box) const override {
+        return inside<QStyleOptionFrame>(QStyle::SE_LineEditContents, box);
+    }
+    [[nodiscard]] forms::Size room(const forms::Frame& frame) const override {
+        QStyleOptionGroupBox option;
+        option.rect = {{}, sizeOf(frame)};
+        option.fontMetrics = metrics_;
+        option.text = QString::fromStdString(frame.Caption);
+        option.subControls = QStyle::SC_GroupBoxFrame | QStyle::SC_GroupBoxLabel;
+        const QRect title =
+            style_.subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, nullptr);
+        return {(title & option.rect).width(), title.height()};
+    }
+    [[nodiscard]] forms::Size room(const forms::TabStrip& tabs) const override {
+        QStyleOptionTab option;
+        const int edges = style_.pixelMetric(QStyle::PM_TabBarTabHSpace, &option) *
+                          static_cast<int>(tabs.Tabs.size());
+        const QSize place = sizeOf(tabs);
+        return {place.width() - edges, place.height()};
+    }
+
+  private:
+    template <typename Option>
+    [[nodiscard]] forms::Size inside(QStyle::SubElement element, const forms::Control& control,
+                                     int sides = 0) const {
+        Option option;
+        option.rect = {{}, sizeOf(control)};
+        option.fontMetrics = metrics_;
+        if constexpr (std::is_same_v<Option, QStyleOptionFrame>)
+            option.lineWidth = style_.pixelMetric(QStyle::PM_DefaultFrameWidth, &option);
+        const QSize room = style_.subElementRect(element, &option).size();
+        return {room.width() - sides, room.height()};
+    }
+
+    static QSize sizeOf(const forms::Control& control) { return placeOf(control).size(); }
+
+    QFontMetrics metrics_;
+    const QStyle& style_ = *QApplication::style();
+};
+
+}  // namespace
+
+QFont fittingFont(forms::Form& form) {
+    QFont font = QApplication::font();
+    const double smallest = usualSmallest * enlargement();
+    const double largest = std::clamp(userPoints(), smallest, usualLargest * enlargement());
+    font.setPointSizeF(largest);
+    const double room = forms::captionRoom(form, StyleRuler(font));
+    if (room >= 1) return font;
+
+    const double tried = forms::halfPoints(std::min(largest, largest * room * narrowFontGain));
+    font = QFont("Liberation Sans");
+    font.setPointSizeF(tried);
+    font.setPointSizeF(std::max(smallest, forms::fittingPoints(form, tried, StyleRuler(font))));
+    return font;
+}
+
+}  // namespace qt

@@ -1,0 +1,50 @@
+#include "platform/linux/qt/toolkit.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QTimer>
+
+#include "platform/linux/qt/form_window.h"
+#include "platform/linux/qt/units.h"
+
+/// The resources of a static library must be linked explicitly.
+static void linkPictures() {
+    Q_INIT_RESOURCE(pictures);
+}
+
+namespace qt {
+
+namespace {
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128})
+        icon.addFile(QString(":/pictures/nwbw-%1.png").arg(size));
+    return icon;
+}
+
+}  // namespace
+
+QtToolkit::QtToolkit(PathMap toHost, PathMap toWindows)
+    : toWindows_(toWindows), files_(std::move(toHost), std::move(toWindows)) {
+    takeScale();
+    QApplication::setQuitOnLastWindowClosed(false);
+    linkPictures();
+    constexpr int afterTheFirstPaint = 100;  // ms; a window need not wait for its icon
+    QTimer::singleShot(afterTheFirstPaint, qApp,
+                       [] { QApplication::setWindowIcon(programIcon()); });
+}
+
+void QtToolkit::build(forms::Form& form) {
+    form.attachWindow(std::make_unique<FormWindow>(form, toWindows_));
+}
+
+std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion& question) {
+    return files_.choose(dynamic_cast<FormWindow&>(*owner.window()).widget(), question);
+}
+
+void QtToolkit::quit() {
+    QCoreApplication::exit();
+}
+
+}  // namespace qt

@@ -1,0 +1,15 @@
+#include "console/workbench.h"
+#include "platform/windows/win32/message_box.h"
+#include "platform/windows/win32/toolkit.h"
+#include "platform/windows/windows_api.h"
+#include "platform/windows/windows_runtime.h"
+
+/// The program on Windows: the system's own files and controls.
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    platform::WindowsRuntime runtime(win32::messageBox);
+    win32::Win32Toolkit toolkit;
+    console::Workbench workbench(runtime, toolkit);
+    workbench.start();
+    toolkit.run();
+    return 0;
+}

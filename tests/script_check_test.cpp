@@ -1,0 +1,32 @@
+#include "platform/windows/script_check.h"
+
+#include <gtest/gtest.h>
+
+#include "helpers.h"
+
+TEST(ScriptCheck, TellsWhereAScriptRunsOrWhatIsTakenForACommand) {
+    const std::string k = R"("c:\a & (b)^\k.exe" )";
+    const std::pair<std::string, std::string> cases[] = {
+        {"c:\r\ncd \"\\my games\\\"\r\n" + k + "cave\r\nexit\r\n", "c:\\my games\\"},
+        {"é:\r\n" + k + R"(-Include "c:\x|y" a(b);c,d=e!' -OFx.txt)", "é:"},
+        {"cd \"old\\a&b\\\"\r\n" + k + "cave -L < \"a & b.log\"", "old\\a&b\\"},
+        {k + "a&ed -Pack < walk.log", R"("&" in the name "a&ed" )"},
+        {k + "a | b  -OFx.txt", R"("|" in the name "a | b" )"},
+        {k + "cave  -OFx^y.txt", R"("^" in the name "-OFx^y.txt" )"},
+        {k + "cave < wa<lk log", R"("<" in the name "wa<lk log" )"},
+        {k + R"("x"y&z" a|b)", R"("&" in the name "y&z" )"},
+        {"c:\r\ncd \"\\100%\\\"\r\n" + k, R"("%" in the name "\100%\" )"},
+        {k + "a\x1a", "a control character in the name \"a\x1a\" "},
+        {k + "cave < ", R"(no file is named after "<")"},
+        {"cd \"\\\\server\\games\\\"", "a folder without a drive, such as \\\\server\\games\\."},
+        {"cd \"/d\\\"", R"("/" in the name "/d\" )"},
+    };
+    for (const auto& [script, told] : cases) {
+        std::string folder;
+        const std::string error =
+            errorOf([&, &script = script] { folder = platform::folderOfScript(script); });
+        EXPECT_TRUE(error.empty() ? folder == told
+                                  : !told.empty() && error.find(told) != std::string::npos)
+            << script << ": " << folder << error;
+    }
+}
