@@ -26,8 +26,7 @@ void checkScript(std::string_view script) {
     const auto same = [](const auto& one, const auto& other) {
         return one.text == other.text && one.kind == other.kind && one.folder == other.folder;
     };
-    check(std::equal(lines.begin(), lines.end(), parsed.begin(), parsed.end(), same),
-          "a script of these lines says the same");
+    check(std::ranges::equal(lines, parsed, same), "a script of these lines says the same");
 }
 
 /// Drives with a few programs, on them and on the search path.
@@ -99,7 +98,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::string program = programs[kind];
     const CommandLine command(core::quoted(program) + ' ' + std::string(input));
     check(command.words.front() == program, "the first word is the program");
-    check(std::equal(line.words.begin(), line.words.end(), command.words.begin() + 1,
+    check(std::ranges::equal(line.words, command.words.begin() + 1,
                      command.words.end()),
           "the others are its arguments");
     checkStart(installed, command);

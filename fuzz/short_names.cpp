@@ -22,7 +22,7 @@ Names namesIn(std::string_view input) {
         const bool possible = !name.empty() && name != "." && name != ".." &&
                               name.find('/') == std::string_view::npos &&
                               name.find('\0') == std::string_view::npos;
-        const bool known = std::find(names.begin(), names.end(), name) != names.end();
+        const bool known = std::ranges::find(names, name) != names.end();
         if (possible && !known && names.size() < 20) names.emplace_back(name);
     });
     return names;
@@ -30,7 +30,7 @@ Names namesIn(std::string_view input) {
 
 platform::ShortNames shortNamesOf(const Names& names) {
     return {names, [&](const std::string& name) {
-                return std::find(names.begin(), names.end(), name) - names.begin();
+                return std::ranges::find(names, name) - names.begin();
             }};
 }
 
@@ -48,8 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         check(!parts.stem.empty() && parts.stem.size() <= 8 && parts.extension.size() <= 3, "8.3");
         if (shortName == name) continue;
         check(seen.insert(platform::caseFolded(shortName)).second, "no two files share one");
-        check(std::find(names.begin(), names.end(), shortName) == names.end(),
-              "nor has a third it");
+        check(std::ranges::find(names, shortName) == names.end(), "nor has a third it");
         check(all.nameFor(shortName) == name, "it leads back to its file");
         check(again.shortFor(name) == shortName, "it is the same at each call");
         const std::string sibling = all.withLongStem(std::string(parts.stem) + ".new");

@@ -26,7 +26,7 @@ struct Request {
     std::optional<std::string> output;  ///< the output name given to the extractor
 
     [[nodiscard]] bool has(const std::string& option) const {
-        return std::find(options.begin(), options.end(), option) != options.end();
+        return std::ranges::find(options, option) != options.end();
     }
 };
 
@@ -132,8 +132,7 @@ void compile(const Record& record) {
 
     std::string listing = "Practice compiler\n\nSource:   " + source.file;
     listing += "\nOptions: " + joined(request.options);
-    listing +=
-        "\nLines:    " + std::to_string(std::count(source.text.begin(), source.text.end(), '\n'));
+    listing += "\nLines:    " + std::to_string(std::ranges::count(source.text, '\n'));
     listing += "\nTexts:    " + std::to_string(texts.size()) + "\n";
     for (const std::string& folder : request.includes)
         if (!std::filesystem::is_directory(folder)) listing += "Not found: " + folder + "\n";

@@ -9,8 +9,9 @@ namespace practice {
 namespace {
 
 std::string lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    std::ranges::transform(text, text.begin(), [](unsigned char letter) {
+        return static_cast<char>(std::tolower(letter));
+    });
     return text;
 }
 

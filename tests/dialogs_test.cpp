@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -329,7 +330,7 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
     runtime.tree.erase(R"(c:\)");
     edit(R"(d:\nosuch)", [](Add&) {});
     const FakeRuntime::Box once = {R"(Cannot open c:\)", 48};
-    EXPECT_EQ(std::count(runtime.boxes.begin(), runtime.boxes.end(), once), 1);
+    EXPECT_EQ(std::ranges::count(runtime.boxes, once), 1);
     runtime.current = R"(e:\)";
     edit("", [](Add& add) { EXPECT_EQ(add.Dir1.rows().size(), 1u) << "to go up from"; });
 }

@@ -32,9 +32,8 @@ bool explains(const std::string& message) {
         }
         return expressions;
     }();
-    return std::any_of(messages.begin(), messages.end(), [&](const auto& expression) {
-        return std::regex_match(message, expression);
-    });
+    return std::ranges::any_of(
+        messages, [&](const auto& expression) { return std::regex_match(message, expression); });
 }
 
 }  // namespace pages

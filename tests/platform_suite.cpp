@@ -219,11 +219,11 @@ TEST_F(Platform, ListsDrivesAndFolders) {
     write(place / "games/x");
     write(place / "file");
     std::vector<std::string> names = runtime.folders(folder);
-    std::sort(names.begin(), names.end());
+    std::ranges::sort(names);
     EXPECT_EQ(names, (std::vector<std::string>{"games", "tales"}));
     EXPECT_TRUE(runtime.folders(in("games\\")).empty());
     EXPECT_EQ(runtime.currentFolder(), folder);
     const std::vector<std::string> drives = runtime.drives();
-    EXPECT_EQ(std::count(drives.begin(), drives.end(), "c:"), 1);
-    EXPECT_TRUE(std::is_sorted(drives.begin(), drives.end()));
+    EXPECT_EQ(std::ranges::count(drives, "c:"), 1);
+    EXPECT_TRUE(std::ranges::is_sorted(drives));
 }

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "core/settings_file.h"
 #include "fakes.h"
 
@@ -184,7 +186,7 @@ TEST_F(Settings, AFailureOrKillAtAnyCallOfARunLosesNothing) {
             runtime.files = disk;
             runtime.failAt = call;
             const auto boxes = [&runtime](auto fits) {
-                return std::count_if(runtime.boxes.begin(), runtime.boxes.end(), fits);
+                return std::ranges::count_if(runtime.boxes, fits);
             };
             const bool loaded = work(runtime);
             ASSERT_EQ(boxes([](const auto& box) { return box.flags == 48; }), 1) << call;
@@ -201,7 +203,7 @@ TEST_F(Settings, AFailureOrKillAtAnyCallOfARunLosesNothing) {
             for (const auto& [path, file] : runtime.files)
                 if (file.text == sample || file.text == older.text) kept.insert(path);
             EXPECT_EQ(boxes([&](const auto& box) {
-                          return std::any_of(kept.begin(), kept.end(), [&](const auto& path) {
+                          return std::ranges::any_of(kept, [&](const auto& path) {
                               return box.text.find('"' + path + '"') != std::string::npos;
                           });
                       }),

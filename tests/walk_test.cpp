@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "endurance.h"
 #include "forms/file_lists.h"
 #include "rules.h"
@@ -97,7 +99,7 @@ TEST(FormWalk, RandomActionsOverAllFormsKeepEveryRuleAndNoMemory) {
         ASSERT_EQ(desk.application.Count(), 1);
         if (HasFatalFailure()) return;
         const auto boxes = desk.runtime.newBoxes();
-        const bool failed = std::any_of(boxes.begin(), boxes.end(), [](const auto& box) {
+        const bool failed = std::ranges::any_of(boxes, [](const auto& box) {
             return box.text.starts_with("vba") || box.text.starts_with("rtc");
         });
         ASSERT_TRUE(!failed || desk.runtime.shells.empty()) << "no incomplete script starts";

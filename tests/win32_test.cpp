@@ -1,5 +1,6 @@
 #include <shlobj.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "endurance.h"
@@ -221,7 +222,7 @@ struct WindowsWalk : Windows, endurance::Choices {
             strike(worked);
         } else if (dynamic_cast<forms::MenuItem*>(&control)) {
             const auto all = worked.allControls();
-            const auto id = std::find(all.begin(), all.end(), &control) - all.begin();
+            const auto id = std::ranges::find(all, &control) - all.begin();
             SendMessageW(window(), WM_COMMAND, win32::firstId + id, 0);
         } else if (win32::peerOf(&control) && any(3) == 0) {
             if (control.usable()) SetFocus(windowOf(control));

@@ -47,7 +47,7 @@ std::string Demo::text(const std::string& path) const {
 fs::path Demo::place(const std::string& path) const {
     if (!path.starts_with("c:\\")) return program_ / path;
     std::string rest = path.substr(3);
-    std::replace(rest.begin(), rest.end(), '\\', '/');
+    std::ranges::replace(rest, '\\', '/');
     return driveC_ / rest;
 }
 
@@ -91,7 +91,7 @@ class LinuxDemo : public Demo {
         const std::size_t at = line.find(driveC().string());
         if (at == std::string::npos) return line;
         std::string path = line.substr(at + driveC().string().size());
-        std::replace(path.begin(), path.end(), '/', '\\');
+        std::ranges::replace(path, '/', '\\');
         return line.substr(0, at) + "c:" + path;
     }
 };

@@ -118,7 +118,7 @@ void Guide::operator()(const Script& script) {
     expect("the command script", script.lines, [&] {
         const std::string text = demo_.text("~kelmcon.bat");
         Lines found = lines(text);
-        const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\r'));
+        const auto ends = static_cast<std::size_t>(std::ranges::count(text, '\r'));
         if (ends != found.size() || !text.ends_with("\r\n")) found.push_back("(line ends differ)");
         return found;
     });

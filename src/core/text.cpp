@@ -9,7 +9,7 @@ static bool startsCharacter(char byte) {
 }
 
 std::size_t length(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), startsCharacter));
+    return static_cast<std::size_t>(std::ranges::count_if(text, startsCharacter));
 }
 
 std::string_view drivePart(std::string_view text) {

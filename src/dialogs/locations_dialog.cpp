@@ -144,9 +144,8 @@ void LocationsDialog::Form_Load() {
 }
 
 void LocationsDialog::btnBrowse_Click(int index) {
-    const auto location =
-        std::find_if(locations_.begin(), locations_.end(),
-                     [&](const Location& candidate) { return candidate.index == index; });
+    const auto location = std::ranges::find_if(
+        locations_, [&](const Location& candidate) { return candidate.index == index; });
     tools::pickFile(CommonDialog1, location->title, location->filter, txtFname(index));
 }
 

@@ -47,8 +47,8 @@ void Application::add(std::unique_ptr<Form> form) {
 
 void Application::remove(Form& form) {
     if (active_ == &form) active_ = nullptr;
-    const auto found = std::find_if(open_.begin(), open_.end(),
-                                    [&](const auto& open) { return open.get() == &form; });
+    const auto found =
+        std::ranges::find_if(open_, [&](const auto& open) { return open.get() == &form; });
     gone_.push_back(std::move(*found));
     open_.erase(found);
 }

@@ -42,21 +42,18 @@ bool OptionButton::isTabStop() const {
     const auto reached = [](const OptionButton* option) {
         return option->Enabled && option->Visible;
     };
-    auto stop = std::find_if(options.begin(), options.end(), [&](const OptionButton* option) {
-        return option->Value && reached(option);
-    });
-    if (stop == options.end()) stop = std::find_if(options.begin(), options.end(), reached);
+    auto stop = std::ranges::find_if(
+        options, [&](const OptionButton* option) { return option->Value && reached(option); });
+    if (stop == options.end()) stop = std::ranges::find_if(options, reached);
     return stop != options.end() && *stop == this;
 }
 
 OptionButton& OptionButton::nextOption(int step) {
     auto options = group();
-    if (step < 0) std::reverse(options.begin(), options.end());
-    std::rotate(options.begin(), std::find(options.begin(), options.end(), this) + 1,
-                options.end());
-    return **std::find_if(options.begin(), options.end(), [this](const OptionButton* option) {
-        return option == this || option->usable();
-    });
+    if (step < 0) std::ranges::reverse(options);
+    std::rotate(options.begin(), std::ranges::find(options, this) + 1, options.end());
+    return **std::ranges::find_if(
+        options, [this](const OptionButton* option) { return option == this || option->usable(); });
 }
 
 void TextBox::type(const std::string& text) {

@@ -11,15 +11,15 @@ namespace forms {
 namespace {
 
 std::string lowered(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::ranges::transform(text, text.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return text;
 }
 
 /// Normalises a path for the folder list: a bare drive means its root, and only a root ends in a
 /// backslash.
 std::string folderPath(std::string path) {
-    std::replace(path.begin(), path.end(), '/', '\\');
+    std::ranges::replace(path, '/', '\\');
     while (path.size() > 3 && path.back() == '\\')
         path.pop_back();
     if (path.size() == 2 && path[1] == ':') path += '\\';
@@ -30,8 +30,7 @@ std::string folderPath(std::string path) {
 /// is on none of the drives.
 std::string startFolder(Disk& disk, const std::vector<std::string>& drives) {
     const std::string current = folderPath(disk.currentFolder());
-    const bool onDrive =
-        std::find(drives.begin(), drives.end(), lowered(current.substr(0, 2))) != drives.end();
+    const bool onDrive = std::ranges::find(drives, lowered(current.substr(0, 2))) != drives.end();
     return onDrive || drives.empty() ? current : folderPath(drives.front());
 }
 
@@ -45,7 +44,7 @@ DriveList::DriveList(Container& parent, Definition definition, Disk& disk)
 void DriveList::select(const std::string& drive) {
     const std::string selected = lowered(drive);
     if (selected == drive_) return;
-    if (std::find(drives_.begin(), drives_.end(), selected) == drives_.end()) {
+    if (std::ranges::find(drives_, selected) == drives_.end()) {
         throw RuntimeError("There is no drive " + drive);
     }
     const std::string before = std::exchange(drive_, selected);
@@ -81,7 +80,7 @@ void FolderList::open(const std::string& path) {
 }
 
 void FolderList::fill(const std::string& path, std::vector<std::string> inside) {
-    std::sort(inside.begin(), inside.end(), [](const std::string& one, const std::string& other) {
+    std::ranges::sort(inside, [](const std::string& one, const std::string& other) {
         return lowered(one) < lowered(other);
     });
     const std::string root = path.substr(0, 2) + '\\';

@@ -8,7 +8,7 @@ namespace forms {
 
 /// Returns the first of the controls that is usable and takes the focus, or null.
 static Control* firstFocus(const std::vector<Control*>& controls, const TakesFocus& takesFocus) {
-    const auto first = std::find_if(controls.begin(), controls.end(), [&](const Control* control) {
+    const auto first = std::ranges::find_if(controls, [&](const Control* control) {
         return control->usable() && takesFocus(*control);
     });
     return first == controls.end() ? nullptr : *first;
@@ -37,8 +37,7 @@ Control* focusAfter(Control& gone, const TakesFocus& takesFocus) {
         if (Control* beside = focusBeside(*container, takesFocus)) return beside;
     }
     std::vector<Control*> controls = gone.form().allControls();
-    std::rotate(controls.begin(), std::find(controls.begin(), controls.end(), &gone),
-                controls.end());
+    std::rotate(controls.begin(), std::ranges::find(controls, &gone), controls.end());
     return firstFocus(controls, takesFocus);
 }
 

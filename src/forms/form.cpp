@@ -73,9 +73,9 @@ Control* Form::mnemonicTarget(char letter, const Control* after) {
         if (dynamic_cast<MenuItem*>(child) && reached(child)) return child;
     }
     std::vector<Control*> controls = allControls();
-    const auto from = std::find(controls.begin(), controls.end(), after);
+    const auto from = std::ranges::find(controls, after);
     if (from != controls.end()) std::rotate(controls.begin(), from + 1, controls.end());
-    const auto found = std::find_if(controls.begin(), controls.end(), [&](Control* control) {
+    const auto found = std::ranges::find_if(controls, [&](Control* control) {
         return reached(control) && !dynamic_cast<MenuItem*>(control);
     });
     return found == controls.end() ? nullptr : *found;
@@ -94,7 +94,7 @@ void Form::moved(const Place& place, forms::WindowState state) {
 }
 
 bool Form::hasMenu() const {
-    return std::any_of(children().begin(), children().end(), [](const Control* control) {
+    return std::ranges::any_of(children(), [](const Control* control) {
         return dynamic_cast<const MenuItem*>(control) != nullptr;
     });
 }

@@ -23,7 +23,7 @@ bool isLetter(char c) {
 }
 
 std::string caseFolded(std::string_view text) {
-    if (!std::all_of(text.begin(), text.end(), isAscii)) {
+    if (!std::ranges::all_of(text, isAscii)) {
         using Flag = QStringDecoder::Flag;
         QStringDecoder decode(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
         const QString decoded = decode(QByteArrayView(text.data(), std::ssize(text)));
@@ -31,7 +31,7 @@ std::string caseFolded(std::string_view text) {
         if (!decode.hasError()) return decoded.toCaseFolded().toStdString();
     }
     std::string folded(text);
-    std::transform(folded.begin(), folded.end(), folded.begin(), lowered);
+    std::ranges::transform(folded, folded.begin(), lowered);
     return folded;
 }
 

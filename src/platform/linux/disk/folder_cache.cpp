@@ -54,7 +54,7 @@ std::optional<Folder> Folder::read(const std::string& path) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") folder.names_.emplace_back(name);
     }
-    std::sort(folder.names_.begin(), folder.names_.end());
+    std::ranges::sort(folder.names_);
     return folder;
 }
 
@@ -64,16 +64,15 @@ bool Folder::isCurrent() const {
 }
 
 const std::string* Folder::findExact(std::string_view name) const {
-    const auto found = std::lower_bound(names_.begin(), names_.end(), name);
+    const auto found = std::ranges::lower_bound(names_, name);
     return found != names_.end() && *found == name ? &*found : nullptr;
 }
 
 const std::string* Folder::findInAnyCase(std::string_view name) {
     // Only a settled folder is cached, which makes an index worthwhile.
     if (!settled_) {
-        const auto found = std::find_if(names_.begin(), names_.end(), [&](const auto& known) {
-            return equalIgnoringCase(known, name);
-        });
+        const auto found = std::ranges::find_if(
+            names_, [&](const auto& known) { return equalIgnoringCase(known, name); });
         return found != names_.end() ? &*found : nullptr;
     }
     if (byFoldedName_.empty()) {

@@ -20,7 +20,7 @@ bool isPlain(char c) {
 }
 
 bool allPlain(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), isPlain);
+    return std::ranges::all_of(text, isPlain);
 }
 
 bool isShortExtension(std::string_view extension) {
@@ -133,7 +133,7 @@ ShortNames::ShortNames(const std::vector<std::string>& names,
     std::vector<Candidate> byAge;
     for (const std::string& name : names)
         if (!isShortName(name)) byAge.push_back({createdAt(name), &name});
-    std::sort(byAge.begin(), byAge.end(), [](const Candidate& one, const Candidate& other) {
+    std::ranges::sort(byAge, [](const Candidate& one, const Candidate& other) {
         return std::tie(one.created, *one.name) < std::tie(other.created, *other.name);
     });
 

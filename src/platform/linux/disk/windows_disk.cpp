@@ -29,7 +29,7 @@ std::string withoutSlash(std::string path) {
 /// False if the name contains a character that a Windows path cannot contain, or that would end a
 /// line or a quoted text in a script. A short name never contains one.
 bool fitsWindows(std::string_view name) {
-    return std::none_of(name.begin(), name.end(), [](char c) {
+    return std::ranges::none_of(name, [](char c) {
         constexpr std::string_view reserved = "\\:*?\"<>|";
         return static_cast<unsigned char>(c) < 0x20 || reserved.find(c) != std::string_view::npos;
     });
@@ -75,7 +75,7 @@ std::optional<WindowsDisk::Start> WindowsDisk::startOf(std::string_view path) {
 /// listing the folders. Returns the rest of the path.
 std::string_view WindowsDisk::enterExact(std::string& host, std::string_view path) {
     std::string names(path);
-    std::replace(names.begin(), names.end(), '\\', '/');
+    std::ranges::replace(names, '\\', '/');
     if (!names.starts_with('/')) names.insert(0, 1, '/');
     const auto has = [&](const char* text) { return names.find(text) != std::string::npos; };
     if (names.ends_with('/') || has("//") || has("/.")) return path;

@@ -23,7 +23,7 @@ namespace {
 std::string printable(const std::string& text) {
     const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
     QString result = QString::fromStdString(text);
-    std::replace_if(result.begin(), result.end(), isControl, QChar('?'));
+    std::ranges::replace_if(result, isControl, QChar('?'));
     return result.toStdString();
 }
 

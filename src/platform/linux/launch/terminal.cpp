@@ -57,9 +57,8 @@ constexpr auto known = std::to_array<Terminal>({
 constexpr Terminal unknown = {"", "", "", "-e"};
 
 const Terminal* knownAs(const std::string& name) {
-    const auto* found = std::find_if(known.begin(), known.end(), [&](const Terminal& terminal) {
-        return terminal.name == name;
-    });
+    const auto* found = std::ranges::find_if(
+        known, [&](const Terminal& terminal) { return terminal.name == name; });
     return found == known.end() ? nullptr : found;
 }
 

@@ -57,8 +57,7 @@ bool FileInput::eventFilter(QObject* watched, QEvent* event) {
 /// Accepts one file, as a copy: a file manager deletes a file that was moved.
 bool FileInput::drop(QWidget& on, QDropEvent& event) {
     const QList<QUrl> urls = event.mimeData()->urls();
-    if (std::none_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); }))
-        return false;
+    if (std::ranges::none_of(urls, [](const QUrl& url) { return url.isLocalFile(); })) return false;
     const QWidget* at = on.childAt(event.position().toPoint());
     forms::Control* control = controlOf(form_, at ? at : &on);
     forms::TextBox* box =

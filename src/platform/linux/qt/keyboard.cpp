@@ -28,8 +28,8 @@ int windowsKeyCode(int key) {
         {Qt::Key_Left, 37},     {Qt::Key_Up, 38},       {Qt::Key_Right, 39},   {Qt::Key_Down, 40},
         {Qt::Key_Delete, 46},
     }};
-    const auto* found = std::find_if(codes.begin(), codes.end(),
-                                     [key](const auto& code) { return code.first == key; });
+    const auto* found =
+        std::ranges::find_if(codes, [key](const auto& code) { return code.first == key; });
     return found == codes.end() ? 0 : found->second;
 }
 

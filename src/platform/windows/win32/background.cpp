@@ -14,7 +14,7 @@ namespace {
 
 bool holdsTabs(const forms::Container& container) {
     const auto& children = container.children();
-    return std::any_of(children.begin(), children.end(), [](const forms::Control* child) {
+    return std::ranges::any_of(children, [](const forms::Control* child) {
         return dynamic_cast<const forms::TabStrip*>(child) != nullptr;
     });
 }

@@ -20,7 +20,7 @@ std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
                                 const std::wstring& offered) {
     const std::wstring title = platform::wide(question.title);
     std::wstring filter = platform::wide(question.filter + "|");
-    std::replace(filter.begin(), filter.end(), L'|', L'\0');
+    std::ranges::replace(filter, L'|', L'\0');
     std::wstring name = offered;
     name.resize(forms::longestName + 1);
 

@@ -32,7 +32,7 @@ class DrivePeer : public PeerOf<forms::DriveList> {
 
     void draw() override {
         const auto& drives = control_.drives();
-        const auto selected = std::find(drives.begin(), drives.end(), control_.Drive());
+        const auto selected = std::ranges::find(drives, control_.Drive());
         send(CB_SETCURSEL, selected == drives.end() ? -1 : selected - drives.begin());
     }
 

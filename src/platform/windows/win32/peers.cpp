@@ -33,7 +33,7 @@ bool needsAccessibleName(const forms::Control& control) {
 
 int idOf(forms::Control& control) {
     const auto controls = control.form().allControls();
-    const auto found = std::find(controls.begin(), controls.end(), &control);
+    const auto found = std::ranges::find(controls, &control);
     return firstId + static_cast<int>(found - controls.begin());
 }
 

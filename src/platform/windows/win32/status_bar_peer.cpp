@@ -50,7 +50,7 @@ class StatusBarPeer : public PeerOf<forms::StatusBar> {
     /// Sets the texts only if one has changed.
     void draw() override {
         const std::vector<std::wstring> before = texts_;
-        std::transform(control_.Panels.begin(), control_.Panels.end(), texts_.begin(), now);
+        std::ranges::transform(control_.Panels, texts_.begin(), now);
         if (texts_ == before) return;
         RECT room;
         GetClientRect(window(), &room);
