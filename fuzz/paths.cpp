@@ -19,27 +19,27 @@ std::string otherCase(std::string text) {
     return text;
 }
 
-bool isInside(const std::string& host, const fs::path& drive) {
-    return host == drive.string() || host.starts_with(drive.string() + '/');
-}
+using platform::HostPath;
 
-void checkPlace(fuzz::TestDrives& drives, const std::string& path, const std::string& host) {
+void checkPlace(fuzz::TestDrives& drives, const std::string& path, const HostPath& place) {
     const bool onD = path.size() >= 2 && (path[0] | 0x20) == 'd' && path[1] == ':';
-    check(isInside(host, onD ? drives.d : drives.c), "a path stays on its drive");
+    const std::string& host = place.text();
+    check(place.isIn(HostPath(onD ? drives.d : drives.c)), "a path stays on its drive");
     check(host == fs::path(host).lexically_normal(), "a place has one name");
-    const std::string other = drives.disk.toHost(otherCase(path));
-    check(platform::equalIgnoringCase(other, host), "case does not matter");
+    const auto other = drives.disk.toHost(otherCase(path));
+    check(other && platform::equalIgnoringCase(other->text(), host), "case does not matter");
 
-    const std::string windows = drives.disk.toWindows(host);
+    const std::string windows = drives.disk.toWindows(place);
     // A backslash can only come from a stem on the disk, combined with another extension.
     std::error_code failed;
     const bool newWithBackslash = host.find('\\') != std::string::npos && !fs::exists(host, failed);
-    check(newWithBackslash || drives.disk.toHost(windows) == host, "to Windows and back");
-    check(drives.disk.toHost(drives.disk.longPath(path)) == host,
+    check(newWithBackslash || drives.disk.toHost(windows) == place, "to Windows and back");
+    check(drives.disk.toHost(drives.disk.longPath(path)) == place,
           "the long form is the same place");
 }
 
-void checkShortForm(fuzz::TestDrives& drives, const std::string& path, const std::string& host) {
+void checkShortForm(fuzz::TestDrives& drives, const std::string& path, const HostPath& place) {
+    const std::string& host = place.text();
     const std::string shortPath = drives.disk.shortPath(path);
     std::error_code failed;
     if (shortPath.empty()) {
@@ -50,7 +50,7 @@ void checkShortForm(fuzz::TestDrives& drives, const std::string& path, const std
         return;
     }
     check(fs::exists(host, failed), "only what exists has a short form");
-    check(drives.disk.toHost(shortPath) == host, "the short form is the same place");
+    check(drives.disk.toHost(shortPath) == place, "the short form is the same place");
     check(drives.disk.shortPath(shortPath) == shortPath, "the short form is its own");
     check(shortPath.find_first_of(" \"<>|\n") == std::string::npos, "no short form needs quotes");
 }
@@ -67,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::string path(reinterpret_cast<const char*>(data), size);
     if (path.starts_with('/')) return -1;  // maps to the host's own folders
 
-    const std::string host = drives.disk.toHost(path);
+    const auto host = drives.disk.toHost(path);
     std::vector<std::string> words = {path, "-OF" + path};
     try {
         platform::ArgumentMap(drives.disk, "k").toHost(words);
@@ -75,7 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         // The paths are on no drive.
     }
     check(words[1].starts_with("-OF"), "an option stays one");
-    if (host.empty()) {
+    if (!host) {
         const bool noDrive = (path.size() >= 2 && path[1] == ':' && (path[0] | 0x20) != 'c' &&
                               (path[0] | 0x20) != 'd') ||
                              path.starts_with("\\\\");
@@ -84,7 +84,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         check(drives.disk.shortPath(path).empty(), "no place has no short form");
         return 0;
     }
-    checkPlace(drives, path, host);
-    checkShortForm(drives, path, host);
+    checkPlace(drives, path, *host);
+    checkShortForm(drives, path, *host);
     return 0;
 }

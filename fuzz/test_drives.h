@@ -20,7 +20,7 @@ class TestDrives {
   public:
     /// Creates the files, each a program, in drive_c, in drive_d or beside them.
     explicit TestDrives(const std::vector<const char*>& files)
-        : home(filled(files)), disk(platform::Drives(home)) {
+        : home(filled(files)), disk(platform::Drives(platform::HostPath(home))) {
         for (const char* name :
              {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
             setenv(name, home.c_str(), 1);

@@ -257,7 +257,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
             told = std::to_string(flags) + ' ' + text;
             return core::Runtime::Answer::Ok;
         },
-        NWBW_PROGRAMS);
+        HostPath(NWBW_PROGRAMS));
     const std::string xterm = home / "bin/xterm";
     const std::string file = "[" + (c / "my games/cave.kel").string() + "]\n";
     const auto openEditor = [&] {
@@ -295,7 +295,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
         return errorOf([&] { runtime.rtcShell(command, 1); });
     };
     EXPECT_TRUE(errorOfStart("c:\\x.bat").starts_with("No terminal was found."));
-    EXPECT_EQ(errorOf([] { LinuxRuntime(nullptr, "/none").rtcShell("c:\\x.bat", 1); }),
+    EXPECT_EQ(errorOf([] { LinuxRuntime(nullptr, HostPath("/none")).rtcShell("c:\\x.bat", 1); }),
               "Cannot start c:\\x.bat: the program nwbw-batch is missing in /none");
     EXPECT_EQ(errorOfStart("c:\\none.bat"), "Cannot start c:\\none.bat: there is no such file");
 }

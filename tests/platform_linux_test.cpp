@@ -36,6 +36,12 @@ namespace {
 
 class Disk : public LinuxDesktop {
   protected:
+    /// Returns the host path of a Windows path; empty if there is no such place.
+    fs::path hostOf(const std::string& path) {
+        const auto host = disk.toHost(path);
+        return host ? host->text() : "";
+    }
+
     WindowsDisk disk{Drives::ofUser()};
 };
 
@@ -72,7 +78,7 @@ TEST_F(Disk, FollowsPathsAndShortensThem) {
         {std::string("c:\\cave\0.kel", 12), "", ""},
     };
     for (const auto& [path, host, shortPath] : cases) {
-        EXPECT_EQ(disk.toHost(path), host.string()) << path;
+        EXPECT_EQ(hostOf(path), host) << path;
         EXPECT_EQ(disk.shortPath(path), shortPath) << path;
     }
 }
@@ -89,23 +95,23 @@ TEST_F(Disk, MapsHostPathsToTheNearestDrive) {
         {"/", "z:\\"},
     };
     for (const auto& [host, path] : cases) {
-        EXPECT_EQ(disk.toWindows(host), path) << host;
-        EXPECT_EQ(disk.toHost(path), fs::weakly_canonical(host)) << host;
+        EXPECT_EQ(disk.toWindows(HostPath(host)), path) << host;
+        EXPECT_EQ(hostOf(path), fs::weakly_canonical(host)) << host;
     }
-    EXPECT_EQ(disk.toHost(d.string()), d);
-    EXPECT_TRUE(disk.toWindows(d.string() + "2").starts_with("z:\\"));
+    EXPECT_EQ(hostOf(d), d);
+    EXPECT_TRUE(disk.toWindows(HostPath(d.string() + "2")).starts_with("z:\\"));
 }
 
 TEST_F(LinuxDesktop, TakesTheDrivesOfTheWinePrefixOrMakesItsOwn) {
     fs::create_directories(home / ".wine/dosdevices");
     fs::create_directory_symlink(d, home / ".wine/dosdevices/w:");
-    EXPECT_EQ(Drives::ofUser().folderOf('W'), d.string());
+    EXPECT_EQ(Drives::ofUser().folderOf('W'), HostPath(d));
     setenv("WINEPREFIX", (home / "none").c_str(), 1);
     EXPECT_EQ(Drives::ofUser().names(), (std::vector<std::string>{"c:", "d:", "z:"}));
     fs::remove_all(home / "nwbw");
     const Drives fresh = Drives::ofUser();
-    EXPECT_EQ(fresh.folderOf('c'), c.string());
-    EXPECT_EQ(fresh.folderOf('z'), "");
+    EXPECT_EQ(fresh.folderOf('c'), HostPath(c));
+    EXPECT_EQ(fresh.folderOf('z'), HostPath("/"));
 }
 
 TEST_F(Disk, SeesEveryChangeOfAKeptFolder) {

@@ -32,7 +32,7 @@ class System : public LinuxDesktop {
         fs::create_directories(programs);
         if (!fs::exists(programs / "nwbw-batch"))
             fs::create_symlink(NWBW_PROGRAMS "/nwbw-batch", programs / "nwbw-batch");
-        return Runtime(box, programs);
+        return Runtime(box, platform::HostPath(programs));
     }
 
     /// Does nothing: an open file can be renamed here.
@@ -53,7 +53,7 @@ class System : public LinuxDesktop {
     static inline const std::map<std::string, std::string> refusedNames;
     static fs::path pathOf(const std::string& name) { return name; }
     static std::string asTyped(Runtime& runtime, const fs::path& file) {
-        return runtime.disk().toWindows(file);
+        return runtime.disk().toWindows(platform::HostPath(file));
     }
     /// Returns the names of the game that the compiler and Notepad get, without extension.
     static std::pair<std::string, std::string> wordsFor(Runtime&, const fs::path& game) {

@@ -30,9 +30,12 @@ struct Windows : testing::Test {
     std::string heard;
     std::string host;
     fakes::FakeRuntime runtime;
-    qt::QtToolkit toolkit{
-        [this](const std::string& path) { return path[0] == 'q' ? "" : host + path.substr(2); },
-        [](const std::string& path) { return "c:" + path; }};
+    qt::QtToolkit toolkit{[this](const std::string& path) {
+                              return path[0] == 'q'
+                                         ? std::nullopt
+                                         : std::optional<platform::HostPath>(host + path.substr(2));
+                          },
+                          [](const platform::HostPath& path) { return "c:" + path.text(); }};
     Application application{toolkit, [this](const std::string& text) { told += text; }};
     core::Program program{runtime, application, {}};
     console::frmConsole* form = nullptr;

@@ -120,8 +120,9 @@ struct WindowWalk : testing::Test, endurance::Choices {
         Qt::Key_Colon,  Qt::Key_Period, Qt::Key_Backslash, Qt::Key_Tab};
     const QTemporaryDir folder;
     fakes::FakeRuntime runtime;
-    qt::QtToolkit toolkit{[this](const std::string&) { return folder.path().toStdString(); },
-                          [this](const std::string&) { return anyName(); }};
+    qt::QtToolkit toolkit{
+        [this](const std::string&) { return platform::HostPath(folder.path().toStdString()); },
+        [this](const platform::HostPath&) { return anyName(); }};
     forms::Application application{
         toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
     core::Program program{runtime, application, {}};

@@ -29,7 +29,7 @@ namespace {
 }
 
 /// Throws if the file system cannot tell.
-bool isOrdinaryFile(const std::string& host, const std::string& path) {
+bool isOrdinaryFile(const HostPath& host, const std::string& path) {
     struct stat state = {};
     if (stat(host.c_str(), &state) == 0) return S_ISREG(state.st_mode);
     if (errno == EACCES || errno == EIO || errno == ESTALE) fail("look up", path);
@@ -53,7 +53,7 @@ QString settingsKey(const std::string& section, const std::string& key) {
 
 }  // namespace
 
-LinuxRuntime::LinuxRuntime(MessageBox messageBox, const std::string& programFolder)
+LinuxRuntime::LinuxRuntime(MessageBox messageBox, const HostPath& programFolder)
     : CommonRuntime(std::move(messageBox)),
       programFolder_(programFolder),
       appPath_(disk_.toWindows(programFolder)) {
@@ -64,21 +64,20 @@ std::string LinuxRuntime::TempPath() {
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
     const QString folder = cache + "/nwbw";
     QDir().mkpath(folder);
-    return disk_.toWindows(folder.toStdString());
+    return disk_.toWindows(HostPath(folder.toStdString()));
 }
 
 std::string LinuxRuntime::rtcDir(const std::string& path) {
     if (path.find_first_of("*?") != std::string::npos) return "";
-    const std::string host = disk_.toHost(path);
-    if (host.empty() || endsAsFolder(path) || !isOrdinaryFile(host, path)) return "";
-    const std::string_view name = core::afterLast(host, '/');
-    return std::string(name.starts_with('.') ? "" : name);
+    const auto host = disk_.toHost(path);
+    if (!host || endsAsFolder(path) || !isOrdinaryFile(*host, path)) return "";
+    return std::string(host->name().starts_with('.') ? "" : host->name());
 }
 
-std::string LinuxRuntime::hostPath(const std::string& doing, const std::string& path) {
-    std::string host = disk_.toHost(path);
-    if (host.empty()) core::failTo(doing, path, "No such drive");
-    return host;
+HostPath LinuxRuntime::hostPath(const std::string& doing, const std::string& path) {
+    const auto host = disk_.toHost(path);
+    if (!host) core::failTo(doing, path, "No such drive");
+    return *host;
 }
 
 std::chrono::system_clock::time_point LinuxRuntime::rtcFileDateTime(const std::string& path) {
@@ -184,14 +183,15 @@ void LinuxRuntime::startInTerminal(const std::vector<std::string>& words, bool m
 }
 
 void LinuxRuntime::startScript(const std::string& path, bool maximised) {
-    const std::string script = hostPath("start", path);
+    const HostPath script = hostPath("start", path);
     if (!isOrdinaryFile(script, path)) core::failTo("start", path, "there is no such file");
-    const std::string interpreter = programFolder_ + "/nwbw-batch";
+    const HostPath interpreter = programFolder_ / "nwbw-batch";
     if (access(interpreter.c_str(), X_OK) != 0) {
-        core::failTo("start", path, "the program nwbw-batch is missing in " + programFolder_);
+        core::failTo("start", path,
+                     "the program nwbw-batch is missing in " + programFolder_.text());
     }
-    const std::string folder = platform::currentFolder();
-    startInTerminal({interpreter, script, folder.empty() ? "/" : folder, disk_.drives().prefix()},
+    startInTerminal({interpreter.text(), script.text(), platform::currentFolder().text(),
+                     disk_.drives().prefix().text()},
                     maximised);
 }
 
@@ -225,11 +225,12 @@ std::string LinuxRuntime::currentFolder() {
 std::vector<std::string> LinuxRuntime::folders(const std::string& path) {
     std::vector<std::string> names;
     try {
-        for (const fs::directory_entry& entry : fs::directory_iterator(hostPath("open", path))) {
+        for (const fs::directory_entry& entry :
+             fs::directory_iterator(hostPath("open", path).text())) {
             const bool hidden = entry.path().filename().string().starts_with('.');
             std::error_code unreadable;
             if (hidden || !entry.is_directory(unreadable)) continue;
-            names.emplace_back(core::afterLast(disk_.toWindows(entry.path().string()), '\\'));
+            names.emplace_back(core::afterLast(disk_.toWindows(HostPath(entry.path())), '\\'));
         }
     } catch (const fs::filesystem_error& error) {
         core::failTo("open", path, error.code().message());

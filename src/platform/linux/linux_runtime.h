@@ -14,9 +14,8 @@ namespace platform {
 /// The runtime on a system with a Unix in it: drives emulated on the host's files.
 class LinuxRuntime : public core::CommonRuntime {
   public:
-    /// `programFolder` is the host path of the folder that contains nwbw and nwbw-batch.
-    explicit LinuxRuntime(MessageBox messageBox,
-                          const std::string& programFolder = folderOfProgram());
+    /// `programFolder` contains nwbw and nwbw-batch.
+    explicit LinuxRuntime(MessageBox messageBox, const HostPath& programFolder = folderOfProgram());
 
     std::string AppPath() override { return appPath_; }
     std::string TempPath() override;
@@ -62,7 +61,7 @@ class LinuxRuntime : public core::CommonRuntime {
     void closeOutput() override;
 
   private:
-    std::string hostPath(const std::string& doing, const std::string& path);
+    HostPath hostPath(const std::string& doing, const std::string& path);
     void writeOut();
     [[noreturn]] void failToWrite();
     void startInTerminal(const std::vector<std::string>& words, bool maximised);
@@ -71,7 +70,7 @@ class LinuxRuntime : public core::CommonRuntime {
     WindowsDisk disk_{Drives::ofUser()};
     Launcher launcher_{disk_};
     QObject terminalChecks_;  ///< owns the timers that check on started terminals
-    std::string programFolder_;
+    HostPath programFolder_;
     std::string appPath_;
     QFile output_;
 };

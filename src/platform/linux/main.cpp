@@ -10,8 +10,9 @@ int main(int /*count*/, char** arguments) {
     const qt::QtApplication application(arguments);
 
     platform::LinuxRuntime runtime(qt::messageBox);
-    qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
-                          [&](const std::string& path) { return runtime.disk().toWindows(path); });
+    qt::QtToolkit toolkit(
+        [&](const std::string& path) { return runtime.disk().toHost(path); },
+        [&](const platform::HostPath& path) { return runtime.disk().toWindows(path); });
     console::Workbench workbench(runtime, toolkit);
     const qt::EndRequest endRequest(workbench.application());
     workbench.start();

@@ -37,42 +37,37 @@ void makePrefix(const fs::path& prefix) {
     fs::create_directory_symlink("/", prefix / linksFolder / "z:", failed);
 }
 
-bool isInside(std::string_view path, std::string_view folder) {
-    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
-}
-
 }  // namespace
 
 Drives Drives::ofUser() {
-    const std::string prefix = usersPrefix();
-    makePrefix(prefix);
+    const HostPath prefix(usersPrefix());
+    makePrefix(prefix.text());
     return Drives(prefix);
 }
 
-Drives::Drives(std::string prefix) : prefix_(std::move(prefix)) {
+Drives::Drives(HostPath prefix) : prefix_(std::move(prefix)) {
     std::error_code failed;
-    fs::directory_iterator links(fs::path(prefix_) / linksFolder, failed);
+    fs::directory_iterator links((prefix_ / linksFolder).text(), failed);
     for (; links != fs::directory_iterator(); links.increment(failed)) {
         const fs::directory_entry& link = *links;
         const std::string name = link.path().filename().string();
         if (name.size() != 2 || !isLetter(name[0]) || name[1] != ':') continue;
         const fs::path target = fs::canonical(link.path(), failed);
-        if (failed) continue;
-        folders_[caseFolded(name)[0]] = target == "/" ? "" : target.string();
+        if (!failed) folders_.emplace(caseFolded(name)[0], target);
     }
 }
 
-std::optional<std::string> Drives::folderOf(char letter) const {
+std::optional<HostPath> Drives::folderOf(char letter) const {
     const auto found = folders_.find(caseFolded({&letter, 1})[0]);
     if (found == folders_.end()) return {};
     return found->second;
 }
 
-Drives::Place Drives::placeOf(std::string_view hostPath) const {
-    Place best;
+std::optional<Drives::Place> Drives::placeOf(const HostPath& path) const {
+    std::optional<Place> best;
     for (const auto& [letter, folder] : folders_) {
-        const bool longer = best.drive.empty() || folder.size() > best.folder.size();
-        if (longer && isInside(hostPath, folder)) best = {{letter, ':'}, folder};
+        const bool inner = !best || (folder.isIn(best->folder) && folder != best->folder);
+        if (inner && path.isIn(folder)) best = {{letter, ':'}, folder};
     }
     return best;
 }

@@ -10,12 +10,12 @@
 
 namespace platform {
 
-std::string folderOfProgram() {
+HostPath folderOfProgram() {
     std::error_code failed;
-    return std::filesystem::read_symlink("/proc/self/exe", failed).parent_path().string();
+    return HostPath(std::filesystem::read_symlink("/proc/self/exe", failed).parent_path());
 }
 
-bool renameToNew(const std::string& from, const std::string& to) {
+bool renameToNew(const HostPath& from, const HostPath& to) {
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
     if (errno != EINVAL && errno != ENOSYS) return false;
     // The file system cannot do this in one step.
@@ -27,7 +27,7 @@ bool renameToNew(const std::string& from, const std::string& to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
 }
 
-DIR* openFolder(const std::string& path) {
+DIR* openFolder(const HostPath& path) {
     constexpr int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
     int handle = open(path.c_str(), flags | O_NOATIME);
     // Only the folder's owner may do that.
@@ -35,7 +35,7 @@ DIR* openFolder(const std::string& path) {
     return handle < 0 ? nullptr : fdopendir(handle);
 }
 
-std::int64_t createdAt(const std::string& path) {
+std::int64_t createdAt(const HostPath& path) {
     struct statx state = {};  // the time stays 0 where the file system does not know it
     statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BTIME, &state);
     return state.stx_btime.tv_sec * 1'000'000'000LL + state.stx_btime.tv_nsec;

@@ -45,7 +45,7 @@ bool showsChanges(const struct stat& state) {
 
 }  // namespace
 
-std::optional<Folder> Folder::read(const std::string& path) {
+std::optional<Folder> Folder::read(const HostPath& path) {
     const std::unique_ptr<DIR, int (*)(DIR*)> handle(openFolder(path), closedir);
     Folder folder(path);
     if (!handle || fstat(dirfd(handle.get()), &folder.state_) != 0) return {};
@@ -115,14 +115,13 @@ std::string Folder::spelledStem(std::string_view stem) const {
 
 ShortNames& Folder::shortNames() {
     if (!shortNames_) {
-        shortNames_.emplace(names_,
-                            [this](const auto& name) { return createdAt(path_ + '/' + name); });
+        shortNames_.emplace(names_, [this](const auto& name) { return createdAt(path_ / name); });
     }
     return *shortNames_;
 }
 
-Folder* FolderCache::at(const std::string& path) {
-    const auto known = folders_.find(path);
+Folder* FolderCache::at(const HostPath& path) {
+    const auto known = folders_.find(path.text());
     if (known != folders_.end()) {
         if (known->second.isCurrent()) return &known->second;
         names_ -= known->second.size();
@@ -135,7 +134,7 @@ Folder* FolderCache::at(const std::string& path) {
         names_ = 0;
     }
     names_ += folder->size();
-    return &folders_.emplace(path, std::move(*folder)).first->second;
+    return &folders_.emplace(path.text(), std::move(*folder)).first->second;
 }
 
 }  // namespace platform

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/linux/disk/host_path.h"
 #include "platform/linux/disk/short_names.h"
 
 namespace platform {
@@ -16,7 +17,7 @@ namespace platform {
 class Folder {
   public:
     /// Reads the folder. Returns nullopt if it cannot be listed.
-    static std::optional<Folder> read(const std::string& path);
+    static std::optional<Folder> read(const HostPath& path);
 
     /// Finds the name on the disk that `name` means: the exact one, else one in another case, else
     /// the one with that short name. Returns null if there is none.
@@ -35,12 +36,12 @@ class Folder {
     [[nodiscard]] std::size_t size() const { return 1 + names_.size(); }
 
   private:
-    explicit Folder(std::string path) : path_(std::move(path)) {}
+    explicit Folder(HostPath path) : path_(std::move(path)) {}
     [[nodiscard]] const std::string* findExact(std::string_view name) const;
     const std::string* findInAnyCase(std::string_view name);
     ShortNames& shortNames();
 
-    std::string path_;
+    HostPath path_;
     struct stat state_ = {};
     bool settled_ = false;            ///< every change since then shows in the times of state_
     std::vector<std::string> names_;  ///< sorted
@@ -53,11 +54,11 @@ class Folder {
 class FolderCache {
   public:
     /// Returns the folder as it is now, or null if it cannot be listed. Valid until the next call.
-    Folder* at(const std::string& path);
+    Folder* at(const HostPath& path);
 
   private:
-    std::unordered_map<std::string, Folder> folders_;
-    std::size_t names_ = 0;  ///< in all folders together
+    std::unordered_map<std::string, Folder> folders_;  ///< by host path
+    std::size_t names_ = 0;                            ///< in all folders together
 };
 
 }  // namespace platform

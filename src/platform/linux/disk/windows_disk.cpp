@@ -20,12 +20,6 @@ bool isSeparator(char c) {
     return separators.find(c) != std::string_view::npos;
 }
 
-std::string withoutSlash(std::string path) {
-    while (path.ends_with('/'))
-        path.pop_back();
-    return path;
-}
-
 /// False if the name contains a character that a Windows path cannot contain, or that would end a
 /// line or a quoted text in a script. A short name never contains one.
 bool fitsWindows(std::string_view name) {
@@ -35,45 +29,41 @@ bool fitsWindows(std::string_view name) {
     });
 }
 
-void leave(std::string& host, const std::string& root) {
-    if (host.size() > root.size()) host.erase(host.rfind('/'));
-}
+const HostPath hostRoot("/");
 
 }  // namespace
 
-std::string currentFolder() {
+HostPath currentFolder() {
     std::error_code failed;
-    return withoutSlash(fs::current_path(failed).string());
+    const fs::path current = fs::current_path(failed);
+    return failed ? hostRoot : HostPath(current);
 }
 
 std::optional<WindowsDisk::Start> WindowsDisk::startOf(std::string_view path) {
     if (path.empty() || path.find('\0') != std::string_view::npos) return {};
-    if (path.front() == '/') return Start{"", "", path.substr(0, 1)};
+    if (path.front() == '/') return Start{hostRoot, hostRoot, path.substr(0, 1)};
     if (path.starts_with("\\\\")) return {};
 
     const bool hasDrive = path.size() >= 2 && path[1] == ':' && isLetter(path[0]);
     const std::size_t used = hasDrive ? 2 : 0;
     const bool fromRoot = path.size() > used && isSeparator(path[used]);
-    Start start{"", "", path.substr(0, used)};
+    const std::string_view leading = path.substr(0, used);
+    std::optional<HostPath> root;
     if (hasDrive) {
-        const auto folder = drives_.folderOf(path[0]);
-        if (!folder) return {};
-        start.root = *folder;
+        root = drives_.folderOf(path[0]);
+        if (!root) return {};
+        if (fromRoot) return Start{*root, *root, leading};
     }
-    if (hasDrive && fromRoot) {
-        start.host = start.root;
-        return start;
-    }
-    const std::string current = currentFolder();
-    const std::string here = drives_.placeOf(current).folder;
-    if (!hasDrive) start.root = here;
-    start.host = !fromRoot && start.root == here ? current : start.root;
-    return start;
+    const HostPath current = currentFolder();
+    const auto place = drives_.placeOf(current);
+    const HostPath& here = place ? place->folder : hostRoot;
+    if (!root) root = here;
+    return Start{!fromRoot && *root == here ? current : *root, *root, leading};
 }
 
 /// Enters the path, or else its folder, if the disk has it in exactly this spelling, which saves
 /// listing the folders. Returns the rest of the path.
-std::string_view WindowsDisk::enterExact(std::string& host, std::string_view path) {
+std::string_view WindowsDisk::enterExact(HostPath& host, std::string_view path) {
     std::string names(path);
     std::ranges::replace(names, '\\', '/');
     if (!names.starts_with('/')) names.insert(0, 1, '/');
@@ -81,30 +71,30 @@ std::string_view WindowsDisk::enterExact(std::string& host, std::string_view pat
     if (names.ends_with('/') || has("//") || has("/.")) return path;
 
     struct stat state = {};
-    const auto isThere = [&] { return lstat((host + names).c_str(), &state) == 0; };
-    if (isThere()) {
-        host += names;
-        return {};
-    }
+    const auto enterIfThere = [&] {
+        HostPath place = host / std::string_view(names).substr(1);
+        const bool isThere = lstat(place.c_str(), &state) == 0;
+        if (isThere) host = std::move(place);
+        return isThere;
+    };
+    if (enterIfThere()) return {};
     names.erase(names.rfind('/'));
-    if (names.empty() || !isThere()) return path;
-    host += names;
+    if (names.empty() || !enterIfThere()) return path;
     return path.substr(path.find_last_of(separators) + 1);
 }
 
 void WindowsDisk::enter(Found& place, std::string_view part, Spelling spelling) {
-    Folder* folder = list(place.host);
+    Folder* folder = folders_.at(place.host);
     const std::string* name = folder != nullptr ? folder->find(part) : nullptr;
-    place.host += '/';
     if (name != nullptr) {
-        place.host += *name;
+        place.host = place.host / *name;
         if (spelling == Spelling::Host) return;
         const bool asItIs = spelling == Spelling::Long && fitsWindows(*name);
         place.text += asItIs ? *name : folder->shortFor(*name);
         return;
     }
     const std::string asGiven = folder != nullptr ? folder->nameForNew(part) : std::string(part);
-    place.host += asGiven;
+    place.host = place.host / asGiven;
     place.text += fitsWindows(asGiven) ? asGiven : part;
     // The name can exist in a folder that may be entered but not listed.
     struct stat state = {};
@@ -127,7 +117,7 @@ std::optional<WindowsDisk::Found> WindowsDisk::follow(std::string_view path, Spe
         path.remove_prefix(part.size());
         if (part == "." || part == "..") {
             place.text += part;
-            if (part == "..") leave(place.host, start->root);
+            if (part == ".." && place.host != start->root) place.host = place.host.parent();
         } else {
             enter(place, part, spelling);
         }
@@ -135,10 +125,10 @@ std::optional<WindowsDisk::Found> WindowsDisk::follow(std::string_view path, Spe
     return place;
 }
 
-std::string WindowsDisk::toHost(std::string_view path) {
+std::optional<HostPath> WindowsDisk::toHost(std::string_view path) {
     const auto found = follow(path, Spelling::Host);
-    if (!found) return "";
-    return found->host.empty() ? "/" : found->host;
+    if (!found) return {};
+    return found->host;
 }
 
 std::string WindowsDisk::shortPath(std::string_view path) {
@@ -146,7 +136,7 @@ std::string WindowsDisk::shortPath(std::string_view path) {
     if (!found || !found->exists) return "";
     std::error_code failed;
     const bool asFolder = isSeparator(path.back());
-    return asFolder && !fs::is_directory(found->host + '/', failed) ? "" : found->text;
+    return asFolder && !fs::is_directory(found->host.text(), failed) ? "" : found->text;
 }
 
 std::string WindowsDisk::longPath(std::string_view path) {
@@ -154,35 +144,35 @@ std::string WindowsDisk::longPath(std::string_view path) {
     return found ? found->text : std::string(path);
 }
 
-std::string WindowsDisk::toWindows(const std::string& hostPath) {
-    const std::string plain = withoutSlash(fs::path(hostPath).lexically_normal().string());
-    const fs::path path(plain.empty() ? "/" : plain);
+std::string WindowsDisk::toWindows(const HostPath& hostPath) {
+    HostPath path(fs::path(hostPath.text()).lexically_normal());
     std::error_code failed;
-    const fs::path folder = fs::weakly_canonical(path.parent_path(), failed);
-    const std::string canonical =
-        failed ? plain : withoutSlash((folder / path.filename()).string());
+    const fs::path folder = fs::weakly_canonical(path.parent().text(), failed);
+    const HostPath canonical = failed ? path : HostPath(folder) / path.name();
 
-    Drives::Place place = drives_.placeOf(plain);
-    const Drives::Place canonicalPlace = drives_.placeOf(canonical);
-    const bool takeCanonical = canonicalPlace.folder.size() > place.folder.size();
-    const std::string& chosen = takeCanonical ? canonical : plain;
-    if (takeCanonical) place = canonicalPlace;
-    if (place.drive.empty()) return hostPath;
+    const auto lengthOf = [](const auto& place) { return place ? place->folder.text().size() : 0; };
+    auto place = drives_.placeOf(path);
+    const auto canonicalPlace = drives_.placeOf(canonical);
+    if (lengthOf(canonicalPlace) > lengthOf(place)) {
+        path = canonical;
+        place = canonicalPlace;
+    }
+    if (!place) return hostPath.text();
 
-    std::string host = place.folder;
-    std::string result = place.drive;
-    for (const fs::path& step : fs::path(chosen.substr(host.size())).relative_path()) {
+    HostPath host = place->folder;
+    std::string result = place->drive;
+    for (const fs::path& step : fs::path(path.text().substr(host.text().size())).relative_path()) {
         const std::string name = step.string();
-        Folder* names = fitsWindows(name) ? nullptr : list(host);
+        Folder* names = fitsWindows(name) ? nullptr : folders_.at(host);
         result += '\\';
         result += names != nullptr ? names->shortFor(name) : name;
-        host += '/' + name;
+        host = host / name;
     }
-    return result.size() == place.drive.size() ? result + '\\' : result;
+    return path == place->folder ? result + '\\' : result;
 }
 
 std::string WindowsDisk::nameHere(std::string_view name) {
-    Folder* folder = list(currentFolder());
+    Folder* folder = folders_.at(currentFolder());
     if (folder == nullptr) return std::string(name);
     if (const std::string* known = folder->find(name)) return *known;
     std::string longName = folder->nameForNew(name);

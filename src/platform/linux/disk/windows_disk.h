@@ -20,12 +20,11 @@ class WindowsDisk {
     explicit WindowsDisk(Drives drives) : drives_(std::move(drives)) {}
 
     /// Returns the host path for a path with long or short names; a file that does not exist keeps
-    /// the name given. Returns an empty string if the path is empty, contains a NUL byte, names a
-    /// computer, or has an unknown drive.
-    std::string toHost(std::string_view path);
-    /// Returns the Windows path of an absolute host path, or the host path itself if no drive
-    /// contains it.
-    std::string toWindows(const std::string& hostPath);
+    /// the name given. Returns nullopt if the path is empty, contains a NUL byte, names a computer,
+    /// or has an unknown drive.
+    std::optional<HostPath> toHost(std::string_view path);
+    /// Returns the Windows path of a host path, or the host path itself if no drive contains it.
+    std::string toWindows(const HostPath& hostPath);
     /// Returns the path with the short form of every part, or an empty string if it does not exist.
     std::string shortPath(std::string_view path);
     /// Returns the path as spelled on the disk, with long names for short ones where a Windows path
@@ -42,26 +41,25 @@ class WindowsDisk {
   private:
     enum class Spelling { Short, Long, Host };
     struct Found {
-        std::string host;  ///< "/" is empty here
+        HostPath host;
         std::string text;  ///< the path in the spelling Short or Long
         bool exists = true;
     };
     struct Start {
-        std::string host;
-        std::string root;          ///< ".." does not lead above it
+        HostPath host;
+        HostPath root;             ///< ".." does not lead above it
         std::string_view leading;  ///< the part of the path used so far
     };
-    Folder* list(const std::string& host) { return folders_.at(host.empty() ? "/" : host); }
     std::optional<Start> startOf(std::string_view path);
     std::optional<Found> follow(std::string_view path, Spelling spelling);
-    static std::string_view enterExact(std::string& host, std::string_view path);
+    static std::string_view enterExact(HostPath& host, std::string_view path);
     void enter(Found& place, std::string_view part, Spelling spelling);
 
     Drives drives_;
     FolderCache folders_;
 };
 
-/// Returns the current folder of the process, an absolute path without a trailing slash.
-std::string currentFolder();
+/// Returns the current folder of the process, or the root if it no longer exists.
+HostPath currentFolder();
 
 }  // namespace platform

@@ -50,12 +50,12 @@ void ArgumentMap::map(std::vector<std::string>& arguments, Target target) {
 
 std::string ArgumentMap::path(const std::string& path, Target target) {
     if (target == Target::Windows) return disk_.longPath(path);
-    std::string host = disk_.toHost(path);
-    if (host.empty()) {
+    const auto host = disk_.toHost(path);
+    if (!host) {
         throw core::RuntimeError("Cannot start " + program_ + ' ' + path +
                                  ": there is no such place.");
     }
-    return host;
+    return host->text();
 }
 
 /// Translates only a path whose folder exists: the file itself may be new, or named without its
@@ -63,10 +63,11 @@ std::string ArgumentMap::path(const std::string& path, Target target) {
 std::string ArgumentMap::rooted(const std::string& word) {
     std::error_code failed;
     if (fs::exists(fs::symlink_status(word, failed))) return word;
-    const std::string host = disk_.toHost('\\' + word.substr(1));
+    const auto host = disk_.toHost('\\' + word.substr(1));
+    if (!host) return word;
     const bool hasFolder = word.find('/', 1) != std::string::npos;
-    const fs::path place = hasFolder ? fs::path(host).parent_path() : fs::path(host);
-    return fs::exists(place, failed) ? host : word;
+    const HostPath place = hasFolder ? host->parent() : *host;
+    return fs::exists(place.text(), failed) ? host->text() : word;
 }
 
 std::string ArgumentMap::name(const std::string& name, Target target) {

@@ -36,9 +36,9 @@ std::string printable(const std::string& text) {
     throw core::RuntimeError("The command was not run: cannot read " + file + ": " + reason + '.');
 }
 
-void enter(const std::string& hostFolder, const std::string& name) {
-    if (hostFolder.empty()) refuseFolder(name, "No such drive");
-    if (chdir(hostFolder.c_str()) != 0) refuseFolder(name, std::strerror(errno));
+void enter(const std::optional<HostPath>& folder, const std::string& name) {
+    if (!folder) refuseFolder(name, "No such drive");
+    if (chdir(folder->c_str()) != 0) refuseFolder(name, std::strerror(errno));
 }
 
 }  // namespace
@@ -83,27 +83,28 @@ BatchInterpreter::Next BatchInterpreter::execute(const BatchLine& line) {
 }
 
 std::string BatchInterpreter::currentDrive() {
-    return disk_.drives().placeOf(currentFolder()).drive;
+    const auto place = disk_.drives().placeOf(currentFolder());
+    return place ? place->drive : "";
 }
 
 void BatchInterpreter::changeDrive(const std::string& drive) {
     const std::string now = currentDrive();
     if (equalIgnoringCase(now, drive)) return;
     const auto left = folders_.find(caseFolded(drive));
-    const std::string folder = left == folders_.end() ? disk_.toHost(drive + '\\') : left->second;
-    const std::string leaving = currentFolder() + '/';
-    enter(folder, drive);
-    folders_[caseFolded(now)] = leaving;
+    const HostPath leaving = currentFolder();
+    enter(left == folders_.end() ? disk_.toHost(drive + '\\') : left->second, drive);
+    folders_.insert_or_assign(caseFolded(now), leaving);
 }
 
 void BatchInterpreter::changeFolder(const std::string& path) {
-    const std::string host = disk_.toHost(path);
+    const auto host = disk_.toHost(path);
     const std::string drive = caseFolded(core::drivePart(path));
     if (drive.empty() || drive == currentDrive()) return enter(host, path);
     // On another drive, it takes effect when a later line changes to that drive.
     std::error_code failed;
-    if (!std::filesystem::is_directory(host, failed)) refuseFolder(path, "No such folder");
-    folders_[drive] = host;
+    if (!host || !std::filesystem::is_directory(host->text(), failed))
+        refuseFolder(path, "No such folder");
+    folders_.insert_or_assign(drive, *host);
 }
 
 std::string BatchInterpreter::inputFile(const CommandLine& command) {
@@ -111,13 +112,13 @@ std::string BatchInterpreter::inputFile(const CommandLine& command) {
     if (command.input->empty()) {
         throw core::RuntimeError("The command was not run: no file is named after \"<\".");
     }
-    std::string file = disk_.toHost(*command.input);
-    if (file.empty()) refuseInput(*command.input, "No such drive");
-    if (access(file.c_str(), R_OK) != 0) refuseInput(*command.input, std::strerror(errno));
+    const auto file = disk_.toHost(*command.input);
+    if (!file) refuseInput(*command.input, "No such drive");
+    if (access(file->c_str(), R_OK) != 0) refuseInput(*command.input, std::strerror(errno));
     std::error_code failed;
-    if (!std::filesystem::is_regular_file(file, failed))
+    if (!std::filesystem::is_regular_file(file->text(), failed))
         refuseInput(*command.input, "It is not an ordinary file");
-    return file;
+    return file->text();
 }
 
 BatchInterpreter::Next BatchInterpreter::runCommand(const std::string& text) {

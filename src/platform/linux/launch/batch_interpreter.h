@@ -44,8 +44,7 @@ class BatchInterpreter {
     std::istream& in_;
     std::ostream& out_;
     Titles titles_;
-    /// Current folders of other drives, as host paths.
-    std::map<std::string, std::string> folders_;
+    std::map<std::string, HostPath> folders_;  ///< current folders of other drives
     bool failed_ = false;
     std::string lastFailure_;  ///< how the last program failed; empty if it did not
 };

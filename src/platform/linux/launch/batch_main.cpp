@@ -24,7 +24,7 @@ bool runScript(const char* path, const char* prefix) {
     }
     // Read completely before running: the workbench may rewrite the script meanwhile.
     const std::string script{std::istreambuf_iterator<char>(file), {}};
-    platform::WindowsDisk disk{platform::Drives(prefix)};
+    platform::WindowsDisk disk{platform::Drives(platform::HostPath(prefix))};
     using platform::BatchInterpreter;
     const auto titles =
         isatty(STDOUT_FILENO) != 0 ? BatchInterpreter::Titles::Yes : BatchInterpreter::Titles::No;

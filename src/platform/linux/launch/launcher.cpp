@@ -17,8 +17,8 @@ namespace {
 
 enum class Kind { Host, Windows, Unknown };
 
-Kind kindOf(const std::string& program) {
-    std::ifstream file(program, std::ios::binary);
+Kind kindOf(const HostPath& program) {
+    std::ifstream file(program.text(), std::ios::binary);
     // A file that may be executed but not read can only be a host program.
     if (!file) return access(program.c_str(), X_OK) == 0 ? Kind::Host : Kind::Unknown;
     std::string text(4, '\0');
@@ -27,7 +27,7 @@ Kind kindOf(const std::string& program) {
     return text.starts_with("MZ") ? Kind::Windows : Kind::Unknown;
 }
 
-bool isFile(const std::string& path) {
+bool isFile(const HostPath& path) {
     struct stat state = {};
     return stat(path.c_str(), &state) == 0 && S_ISREG(state.st_mode);
 }
@@ -42,43 +42,44 @@ bool isNotepad(const std::string& name) {
 
 }  // namespace
 
-std::string Launcher::find(const std::string& name) {
+HostPath Launcher::find(const std::string& name) {
     if (name.empty()) throw core::RuntimeError("Cannot start a program: none is named.");
     if (name.find_first_of("\\/:") == std::string::npos) {
         std::string program = onSearchPath(name);
         if (program.empty()) refuse(name, "there is no such program on the search path.");
-        return program;
+        return HostPath(std::move(program));
     }
-    std::string program = disk_.toHost(name);
-    if (!isFile(program)) refuse(name, "there is no such program.");
-    return program;
+    const auto program = disk_.toHost(name);
+    if (!program || !isFile(*program)) refuse(name, "there is no such program.");
+    return *program;
 }
 
 Invocation Launcher::editorFor(const std::string& file) {
-    const std::string host = file.empty() ? "" : disk_.toHost(file);
-    if (host.empty() && !file.empty()) refuse("notepad " + file, "there is no such place.");
-    return textEditor(host);
+    if (file.empty()) return textEditor("");
+    const auto host = disk_.toHost(file);
+    if (!host) refuse("notepad " + file, "there is no such place.");
+    return textEditor(host->text());
 }
 
-Invocation Launcher::viaWine(const std::string& name, const std::string& program) {
+Invocation Launcher::viaWine(const std::string& name, const HostPath& program) {
     const std::string wine = onSearchPath("wine");
     if (wine.empty()) {
         throw core::RuntimeError(name + " is a Windows program, and Wine is not installed.");
     }
-    return {{wine, disk_.toWindows(program)}, disk_.drives().prefix(), false};
+    return {{wine, disk_.toWindows(program)}, disk_.drives().prefix().text(), false};
 }
 
 Invocation Launcher::prepare(const CommandLine& command) {
     const std::string name = command.words.empty() ? "" : command.words.front();
     if (isNotepad(name)) return editorFor(command.rest);
 
-    const std::string program = find(name);
+    const HostPath program = find(name);
     std::vector<std::string> arguments(command.words.begin() + 1, command.words.end());
     Invocation invocation;
     switch (kindOf(program)) {
         case Kind::Host:
             if (access(program.c_str(), X_OK) != 0) refuse(name, "it may not be executed.");
-            invocation.words = {program};
+            invocation.words = {program.text()};
             ArgumentMap(disk_, name).toHost(arguments);
             break;
         case Kind::Windows:

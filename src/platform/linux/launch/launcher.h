@@ -20,8 +20,8 @@ class Launcher {
 
   private:
     Invocation editorFor(const std::string& file);
-    Invocation viaWine(const std::string& name, const std::string& program);
-    std::string find(const std::string& name);
+    Invocation viaWine(const std::string& name, const HostPath& program);
+    HostPath find(const std::string& name);
 
     WindowsDisk& disk_;
 };

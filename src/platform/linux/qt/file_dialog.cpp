@@ -34,11 +34,11 @@ OfferedName offeredName(const std::string& text) {
 /// A file dialog that knows Windows paths and drives.
 class FileDialog : public QFileDialog {
   public:
-    FileDialog(QWidget& owner, const PathMap& toHost) : QFileDialog(&owner), toHost_(toHost) {
+    FileDialog(QWidget& owner, const ToHost& toHost) : QFileDialog(&owner), toHost_(toHost) {
         QList<QUrl> places = sidebarUrls();
         for (char drive = 'a'; drive <= 'z'; ++drive) {
-            const std::string root = toHost(std::string(1, drive) + ":\\");
-            if (!root.empty()) places << QUrl::fromLocalFile(QString::fromStdString(root));
+            if (const auto root = toHost(std::string(1, drive) + ":\\"))
+                places << QUrl::fromLocalFile(QString::fromStdString(root->text()));
         }
         setSidebarUrls(places);
     }
@@ -47,19 +47,19 @@ class FileDialog : public QFileDialog {
         auto* edit = findChild<QLineEdit*>("fileNameEdit");
         static const QRegularExpression drive("^[a-zA-Z]:");
         if (edit && drive.match(edit->text()).hasMatch()) {
-            const std::string path = toHost_(edit->text().toStdString());
-            if (path.empty()) {
+            const auto path = toHost_(edit->text().toStdString());
+            if (!path) {
                 QMessageBox::warning(this, windowTitle(),
                                      "There is no drive " + edit->text().left(2));
                 return;
             }
-            edit->setText(QString::fromStdString(path));
+            edit->setText(QString::fromStdString(path->text()));
         }
         QFileDialog::accept();
     }
 
   private:
-    const PathMap& toHost_;
+    const ToHost& toHost_;
 };
 
 QString withoutCase(const QString& pattern) {
@@ -89,18 +89,15 @@ QStringList nameFilters(const std::string& filter) {
 
 }  // namespace
 
-FileChooser::FileChooser(PathMap toHost, PathMap toWindows)
+FileChooser::FileChooser(ToHost toHost, ToWindows toWindows)
     : toHost_(std::move(toHost)), toWindows_(std::move(toWindows)), folder_(QDir::homePath()) {}
 
 std::string FileChooser::choose(QWidget& owner, const forms::FileQuestion& question) {
     const OfferedName offered = offeredName(question.name);
     if (!offered.folder.isEmpty()) {
-        const QString folder = QString::fromStdString(toHost_(offered.folder.toStdString()));
-        if (folder.isEmpty()) {
-            folder_ = QDir::homePath();
-        } else if (QDir(folder).exists()) {
-            folder_ = folder;
-        }
+        const auto place = toHost_(offered.folder.toStdString());
+        const QString folder = place ? QString::fromStdString(place->text()) : QDir::homePath();
+        if (QDir(folder).exists()) folder_ = folder;
     }
 
     FileDialog dialog(owner, toHost_);
@@ -113,7 +110,8 @@ std::string FileChooser::choose(QWidget& owner, const forms::FileQuestion& quest
     if (dialog.exec() != QDialog::Accepted) return {};
 
     folder_ = dialog.directory().absolutePath();
-    std::string chosen = toWindows_(dialog.selectedFiles().value(0).toStdString());
+    std::string chosen =
+        toWindows_(platform::HostPath(dialog.selectedFiles().value(0).toStdString()));
     if (QString::fromStdString(chosen).size() > forms::longestName)
         throw forms::RuntimeError(forms::nameTooLong + (": " + chosen));
     return chosen;

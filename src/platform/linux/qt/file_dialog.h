@@ -13,15 +13,15 @@ namespace qt {
 /// Lets the user choose a file, in the folder where the last one was chosen.
 class FileChooser {
   public:
-    FileChooser(PathMap toHost, PathMap toWindows);
+    FileChooser(ToHost toHost, ToWindows toWindows);
 
     /// Shows a file dialog above the owner. Returns an empty string if the user cancels. Throws
     /// forms::RuntimeError if the name chosen is longer than 260 characters.
     std::string choose(QWidget& owner, const forms::FileQuestion& question);
 
   private:
-    PathMap toHost_;
-    PathMap toWindows_;
+    ToHost toHost_;
+    ToWindows toWindows_;
     QString folder_;  ///< where the last file was chosen
 };
 

@@ -16,7 +16,7 @@
 
 namespace qt {
 
-FileInput::FileInput(forms::Form& form, QMainWindow& window, PathMap toWindows)
+FileInput::FileInput(forms::Form& form, QMainWindow& window, ToWindows toWindows)
     : form_(form), window_(window), toWindows_(std::move(toWindows)) {
     window.setAcceptDrops(true);
     window.installEventFilter(this);
@@ -70,7 +70,7 @@ bool FileInput::drop(QWidget& on, QDropEvent& event) {
     event.accept();
     if (event.type() != QEvent::Drop) return true;
     window_.activateWindow();
-    box->type(toWindows_(urls.front().toLocalFile().toStdString()));
+    box->type(toWindows_(platform::HostPath(urls.front().toLocalFile().toStdString())));
     return true;
 }
 
@@ -100,7 +100,8 @@ bool FileInput::openMenu(QLineEdit& edit, const QPoint& place) {
 std::string FileInput::windowsPath(const std::string& text) const {
     QString path = QString::fromStdString(text);
     if (path.startsWith("file:///")) path = QUrl(path).toLocalFile();
-    return path.startsWith('/') && QFileInfo::exists(path) ? toWindows_(path.toStdString()) : text;
+    if (!path.startsWith('/') || !QFileInfo::exists(path)) return text;
+    return toWindows_(platform::HostPath(path.toStdString()));
 }
 
 }  // namespace qt

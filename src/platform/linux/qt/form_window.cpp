@@ -54,7 +54,7 @@ void setUpMenuBar(QMenuBar& bar) {
 
 }  // namespace
 
-FormWindow::FormWindow(forms::Form& form, PathMap toWindows)
+FormWindow::FormWindow(forms::Form& form, ToWindows toWindows)
     : form_(form),
       toWindows_(std::move(toWindows)),
       window_(*new QMainWindow(nullptr, windowFlags(form.style))) {

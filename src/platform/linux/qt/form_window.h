@@ -17,7 +17,7 @@ namespace qt {
 class FormWindow final : public QObject, public forms::WindowPeer {
   public:
     /// Creates the window hidden. The form's controls get their peers when it is first shown.
-    FormWindow(forms::Form& form, PathMap toWindows);
+    FormWindow(forms::Form& form, ToWindows toWindows);
     ~FormWindow() override;
 
     void show() override;
@@ -37,7 +37,7 @@ class FormWindow final : public QObject, public forms::WindowPeer {
     void report();
 
     forms::Form& form_;
-    PathMap toWindows_;
+    ToWindows toWindows_;
     QMainWindow& window_;
     forms::Place given_;                  ///< the place that the program set last
     std::unique_ptr<FileInput> files_;    ///< created when the window is first shown

@@ -25,7 +25,7 @@ QIcon programIcon() {
 
 }  // namespace
 
-QtToolkit::QtToolkit(PathMap toHost, PathMap toWindows)
+QtToolkit::QtToolkit(ToHost toHost, ToWindows toWindows)
     : toWindows_(toWindows), files_(std::move(toHost), std::move(toWindows)) {
     takeScale();
     QApplication::setQuitOnLastWindowClosed(false);

@@ -11,7 +11,7 @@ namespace qt {
 /// message loop.
 class QtToolkit : public forms::Toolkit {
   public:
-    QtToolkit(PathMap toHost, PathMap toWindows);
+    QtToolkit(ToHost toHost, ToWindows toWindows);
 
     void build(forms::Form& form) override;
     /// Throws forms::RuntimeError if the name chosen is longer than 260 characters.
@@ -19,7 +19,7 @@ class QtToolkit : public forms::Toolkit {
     void quit() override;
 
   private:
-    PathMap toWindows_;
+    ToWindows toWindows_;
     FileChooser files_;
 };
 
