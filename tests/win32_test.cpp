@@ -112,7 +112,7 @@ struct Windows : testing::Test {
         });
     }
     [[nodiscard]] HWND window() const {
-        return dynamic_cast<win32::FormWindow&>(*form->window()).handle();
+        return dynamic_cast<win32::FormWindow&>(*form->window()).window();
     }
 };
 
