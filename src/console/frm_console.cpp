@@ -49,9 +49,9 @@ frmConsole::frmConsole(forms::Application& application, core::Program& program)
            {.caption = core::appTitle,
             .place = {0, 0, 7080, 6810},
             .sizable = true,
-            .centred = false,
-            .keyPreview = true}),
+            .centred = false}),
       program_(program) {
+    KeyPreview = true;
     connectFilePickers();
     compile.btnModifyIncludes.setHandler([this] { btnModifyIncludes_Click(); });
 }

@@ -7,9 +7,10 @@ frmSplash::frmSplash(forms::Application& application, std::function<void()> open
            {.accessibleName = core::appTitle,
             .place = {0, 0, 7275, 4320},
             .bare = true,
-            .keyPreview = true,
             .background = 0x000080}),
-      openConsole_(std::move(openConsole)) {}
+      openConsole_(std::move(openConsole)) {
+    KeyPreview = true;
+}
 
 void frmSplash::Form_Load() {
     lblProductName.Caption = core::appTitle;

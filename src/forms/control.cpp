@@ -1,8 +1,8 @@
 #include "forms/control.h"
 
+#include <algorithm>
 #include <cctype>
 
-#include "forms/controls.h"
 #include "forms/form.h"
 
 namespace forms {
@@ -13,6 +13,8 @@ Control::Control(Container* parent, Definition definition)
       tooltip(std::move(definition.tooltip)),
       definedAccessibleName(std::move(definition.accessibleName)),
       font(std::move(definition.font)),
+      isDefault(definition.isDefault),
+      isCancel(definition.isCancel),
       Caption(*this, std::move(definition.caption)),
       Left(*this, definition.place.left),
       Top(*this, definition.place.top),
@@ -25,6 +27,12 @@ Control::Control(Container* parent, Definition definition)
     if (parent_) parent_->children_.push_back(this);
 }
 
+Control::~Control() {
+    if (parent_) std::erase(parent_->children_, this);
+    for (Control* child : children_)
+        child->parent_ = nullptr;
+}
+
 std::string Control::fullName() const {
     return index < 0 ? name : name + "(" + std::to_string(index) + ")";
 }
@@ -32,13 +40,10 @@ std::string Control::fullName() const {
 std::string Control::accessibleName() const {
     if (!definedAccessibleName.empty()) return definedAccessibleName;
     if (!Caption().empty() || !parent_) return withoutMnemonic(Caption);
-    const Control* before = nullptr;
-    for (const Control* sibling : parent_->children()) {
-        if (sibling == this) break;
-        before = sibling;
-    }
-    if (dynamic_cast<const Label*>(before)) return withoutMnemonic(before->Caption);
-    return parent_->accessibleName();
+    const std::vector<Control*>& siblings = parent_->children();
+    const auto self = std::ranges::find(siblings, this);
+    const std::string given = self == siblings.begin() ? "" : self[-1]->nameForNext();
+    return given.empty() ? parent_->accessibleName() : given;
 }
 
 char Control::mnemonic() const {
@@ -81,14 +86,14 @@ void Control::raise() {
     if (event_) event_();
 }
 
-static void collect(const Container& container, std::vector<Control*>& controls) {
+static void collect(const Control& container, std::vector<Control*>& controls) {
     for (Control* control : container.children()) {
         controls.push_back(control);
-        if (const auto* inner = dynamic_cast<Container*>(control)) collect(*inner, controls);
+        collect(*control, controls);
     }
 }
 
-std::vector<Control*> Container::allControls() const {
+std::vector<Control*> Control::allControls() const {
     std::vector<Control*> controls;
     collect(*this, controls);
     return controls;

@@ -12,6 +12,8 @@ namespace forms {
 class Container;
 class ControlVisitor;
 class Form;
+class OptionButton;
+class TextBox;
 
 /// A control's rectangle in its container, in twips (1440 per inch, 15 per pixel at 96 dpi).
 struct Place {
@@ -63,19 +65,21 @@ class Peer {
 };
 
 /// A control: a name, properties and one event, independent of any toolkit. Controls are declared
-/// in their container in reading order, which is also the tab order.
+/// in their container in reading order, which is also the tab order, and leave it when they die.
 class Control {
   public:
     Control(Container* parent, Definition definition);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
-    virtual ~Control() = default;
+    virtual ~Control();
 
     const std::string name;
     const int index;
     const std::string tooltip;
     const std::string definedAccessibleName;
     const Font font;
+    const bool isDefault;
+    const bool isCancel;
 
     Property<std::string> Caption;
     Property<int> Left;
@@ -90,8 +94,10 @@ class Control {
     /// Returns the name, with the index if the control is in an array: "optFormat(2)".
     [[nodiscard]] std::string fullName() const;
     /// Returns the name for screen readers: the definition's, or else the caption without "&", or
-    /// else the caption of the label declared before it, or else the container's name.
+    /// else the one that the control declared before it gives, or else the container's name.
     [[nodiscard]] virtual std::string accessibleName() const;
+    /// Returns a label's name for the control declared after it; empty for the other kinds.
+    [[nodiscard]] virtual std::string nameForNext() const { return {}; }
     /// Returns the mnemonic in upper case, or 0.
     [[nodiscard]] char mnemonic() const;
     /// True if the control is visible and not moved out of its container to the left, where it is
@@ -100,13 +106,17 @@ class Control {
     /// True if the control and all its containers are visible and enabled.
     [[nodiscard]] bool usable() const;
     [[nodiscard]] Container* parent() const { return parent_; }
+    /// The direct children, in declaration order. Only a container has any.
+    [[nodiscard]] const std::vector<Control*>& children() const { return children_; }
+    /// Returns all descendants in tab order, containers before their contents.
+    [[nodiscard]] std::vector<Control*> allControls() const;
     /// Returns the form that the control belongs to.
     [[nodiscard]] virtual Form& form();
 
     void attach(std::unique_ptr<Peer> peer) { peer_ = std::move(peer); }
     [[nodiscard]] Peer* peer() const { return peer_.get(); }
 
-    /// Sets the handler, for a control whose event is handled in another part of the program.
+    /// Replaces the handler. The tests of windows need it: they log which handlers run.
     void setHandler(std::function<void()> handler) { event_ = std::move(handler); }
 
     /// Moves the keyboard focus to the control.
@@ -115,6 +125,12 @@ class Control {
     void click();
     /// True if a focused control handles Enter itself instead of the default button.
     [[nodiscard]] virtual bool takesEnter() const { return false; }
+    /// True for an item of a menu.
+    [[nodiscard]] virtual bool inMenu() const { return false; }
+    /// Returns the control itself if it is an option, or else null.
+    virtual OptionButton* option() { return nullptr; }
+    /// Returns the control itself if it is a box for the path of a file or folder, or else null.
+    virtual TextBox* pathBox() { return nullptr; }
 
     /// Applies the effect of a changed property. Called by properties only.
     virtual void changed(Effect effect);
@@ -129,6 +145,7 @@ class Control {
 
   private:
     Container* parent_;
+    std::vector<Control*> children_;
     std::function<void()> event_;
     std::unique_ptr<Peer> peer_;
 };
@@ -137,15 +154,6 @@ class Control {
 class Container : public Control {
   public:
     using Control::Control;
-
-    /// The direct children, in declaration order.
-    [[nodiscard]] const std::vector<Control*>& children() const { return children_; }
-    /// Returns all descendants in tab order, containers before their contents.
-    [[nodiscard]] std::vector<Control*> allControls() const;
-
-  private:
-    friend class Control;
-    std::vector<Control*> children_;
 };
 
 template <typename T>

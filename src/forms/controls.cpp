@@ -20,7 +20,7 @@ Groove::Groove(Container& parent, Definition dark, Definition light, const Span&
 std::vector<OptionButton*> OptionButton::group() const {
     std::vector<OptionButton*> group;
     for (Control* sibling : parent()->children()) {
-        if (auto* option = dynamic_cast<OptionButton*>(sibling)) group.push_back(option);
+        if (OptionButton* option = sibling->option()) group.push_back(option);
     }
     return group;
 }

@@ -23,6 +23,7 @@ class Label : public Control {
           centred(definition.centred),
           autoSize(definition.autoSize) {}
     void accept(ControlVisitor& visitor) override;
+    [[nodiscard]] std::string nameForNext() const override { return withoutMnemonic(Caption); }
 
     const bool centred;
     const bool autoSize;  ///< as large as its text; if centred, around the centre of its place
@@ -71,15 +72,9 @@ class Image : public Control {
 
 class Button : public Control {
   public:
-    Button(Container& parent, const Definition& definition)
-        : Control(&parent, definition),
-          isDefault(definition.isDefault),
-          isCancel(definition.isCancel) {}
+    Button(Container& parent, Definition definition) : Control(&parent, std::move(definition)) {}
     void accept(ControlVisitor& visitor) override;
     [[nodiscard]] bool takesEnter() const override { return true; }
-
-    const bool isDefault;
-    const bool isCancel;
 };
 
 class CheckBox : public Control {
@@ -102,6 +97,7 @@ class OptionButton : public Control {
         : Control(&parent, definition), Value(*this, definition.ticked, Effect::Raise) {}
     void accept(ControlVisitor& visitor) override;
     void changed(Effect effect) override;
+    OptionButton* option() override { return this; }
 
     Property<bool> Value;
 
@@ -134,6 +130,7 @@ class TextBox : public Control {
           Text(*this, definition.text, Effect::Raise) {}
     void accept(ControlVisitor& visitor) override;
     [[nodiscard]] bool takesEnter() const override { return multiLine && !readOnly; }
+    TextBox* pathBox() override { return holdsPath ? this : nullptr; }
 
     const bool readOnly;
     const bool multiLine;
@@ -235,6 +232,7 @@ class MenuItem : public Container {
     MenuItem(Container& parent, Definition definition)
         : Container(&parent, std::move(definition)) {}
     void accept(ControlVisitor& visitor) override;
+    [[nodiscard]] bool inMenu() const override { return true; }
 };
 
 /// The system's file dialog as an invisible control, which keeps its values between uses.
@@ -268,6 +266,8 @@ class ControlArray {
     /// An array with controls in several containers, which are added one by one.
     explicit ControlArray(std::string name, Handler handler = {})
         : name_(std::move(name)), handler_(std::move(handler)) {}
+    ControlArray(const ControlArray&) = delete;  // the controls' events refer to the array
+    ControlArray& operator=(const ControlArray&) = delete;
 
     void add(Container& parent, Definition definition) {
         const int index = definition.index;

@@ -1,22 +1,13 @@
 #include "forms/drop.h"
 
-#include <algorithm>
-
 namespace forms {
 
-static TextBox* pathBox(Control& control) {
-    auto* box = dynamic_cast<TextBox*>(&control);
-    return box && box->holdsPath ? box : nullptr;
-}
-
 TextBox* dropTarget(Control& control) {
-    if (TextBox* box = pathBox(control)) return box->usable() ? box : nullptr;
-    auto* container = dynamic_cast<Container*>(&control);
-    if (!container) container = control.parent();
-    for (; container; container = container->parent()) {
+    if (TextBox* box = control.pathBox()) return box->usable() ? box : nullptr;
+    for (const Control* place = &control; place; place = place->parent()) {
         TextBox* found = nullptr;
-        for (Control* inside : container->allControls()) {
-            TextBox* box = pathBox(*inside);
+        for (Control* inside : place->allControls()) {
+            TextBox* box = inside->pathBox();
             if (!box || !box->usable()) continue;
             if (found) return nullptr;
             found = box;

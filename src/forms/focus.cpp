@@ -14,16 +14,14 @@ static Control* firstFocus(const std::vector<Control*>& controls, const TakesFoc
     return first == controls.end() ? nullptr : *first;
 }
 
-Control* firstFocus(const Container& container, const TakesFocus& takesFocus) {
+Control* firstFocus(const Control& container, const TakesFocus& takesFocus) {
     return firstFocus(container.allControls(), takesFocus);
 }
 
 /// Returns the first focusable control of a usable sibling of the container, or null.
 static Control* focusBeside(const Container& gone, const TakesFocus& takesFocus) {
     for (Control* sibling : gone.parent()->children()) {
-        const auto* other = dynamic_cast<Container*>(sibling);
-        Control* first = other ? firstFocus(*other, takesFocus) : nullptr;
-        if (first) return first;
+        if (Control* first = firstFocus(*sibling, takesFocus)) return first;
     }
     return nullptr;
 }

@@ -40,29 +40,28 @@ void Form::activate() {
 }
 
 void Form::keyDown(int keyCode, int shift) {
-    if (style.keyPreview) act([=, this] { Form_KeyDown(keyCode, shift); });
+    if (KeyPreview) act([=, this] { Form_KeyDown(keyCode, shift); });
 }
 
 void Form::keyPress(int keyAscii) {
-    if (style.keyPreview) act([=, this] { Form_KeyPress(keyAscii); });
+    if (KeyPreview) act([=, this] { Form_KeyPress(keyAscii); });
 }
 
-bool Form::press(const bool Button::*which) {
+bool Form::press(const bool Control::*which) {
     for (Control* control : allControls()) {
-        auto* button = dynamic_cast<Button*>(control);
-        if (!button || !(button->*which) || !button->usable()) continue;
-        button->click();
+        if (!(control->*which) || !control->usable()) continue;
+        control->click();
         return true;
     }
     return false;
 }
 
 bool Form::pressDefault() {
-    return press(&Button::isDefault);
+    return press(&Control::isDefault);
 }
 
 bool Form::pressCancel() {
-    return press(&Button::isCancel);
+    return press(&Control::isCancel);
 }
 
 Control* Form::mnemonicTarget(char letter, const Control* after) {
@@ -70,14 +69,13 @@ Control* Form::mnemonicTarget(char letter, const Control* after) {
         return control->mnemonic() == letter && control->usable();
     };
     for (Control* child : children()) {
-        if (dynamic_cast<MenuItem*>(child) && reached(child)) return child;
+        if (child->inMenu() && reached(child)) return child;
     }
     std::vector<Control*> controls = allControls();
     const auto from = std::ranges::find(controls, after);
     if (from != controls.end()) std::rotate(controls.begin(), from + 1, controls.end());
-    const auto found = std::ranges::find_if(controls, [&](Control* control) {
-        return reached(control) && !dynamic_cast<MenuItem*>(control);
-    });
+    const auto found = std::ranges::find_if(
+        controls, [&](Control* control) { return reached(control) && !control->inMenu(); });
     return found == controls.end() ? nullptr : *found;
 }
 
@@ -94,9 +92,7 @@ void Form::moved(const Place& place, forms::WindowState state) {
 }
 
 bool Form::hasMenu() const {
-    return std::ranges::any_of(children(), [](const Control* control) {
-        return dynamic_cast<const MenuItem*>(control) != nullptr;
-    });
+    return std::ranges::any_of(children(), &Control::inMenu);
 }
 
 Control* Form::find(const std::string& fullName) {

@@ -17,7 +17,6 @@ struct FormStyle {
     bool sizable = false;                 ///< with minimise and maximise buttons
     bool bare = false;                    ///< without a title bar or a task bar entry
     bool centred = true;                  ///< on the screen; on its owner where it has one
-    bool keyPreview = false;              ///< the form gets keys before the focused control
     std::uint32_t background = noColour;  ///< 0xRRGGBB
 
     static constexpr std::uint32_t noColour = 0xffffffff;
@@ -36,6 +35,7 @@ class Form : public Container {
 
     const FormStyle style;
     forms::WindowState WindowState = forms::WindowState::Normal;
+    bool KeyPreview = false;  ///< the form gets keys before the focused control
 
     /// Shows the form and returns at once.
     void Show();
@@ -87,7 +87,7 @@ class Form : public Container {
 
   private:
     friend class Application;
-    bool press(const bool Button::*which);
+    bool press(const bool Control::*which);
 
     Application& application_;
     std::unique_ptr<WindowPeer> window_;
