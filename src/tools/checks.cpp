@@ -43,11 +43,12 @@ std::string requireSource(Runtime& runtime, const std::string& fileBase) {
 }
 
 bool requireStem(Runtime& runtime, const std::string& stem, const std::string& file) {
+    const bool isShort = core::length(stem) <= longestStem;
     const bool hasBlanks = stem.find(' ') != std::string::npos;
-    if (!stem.empty() && (core::length(stem) <= longestStem || !hasBlanks)) return true;
+    if (stem.empty() ? stemOf(file).empty() : isShort || !hasBlanks) return true;
     runtime.rtcMsgBox("The file " + core::quoted(file) + " cannot be given to the tool: " +
                           (stem.empty() ? noShortPath : noShortName),
-                      Runtime::exclamation);
+                      Runtime::okOnly);
     return false;
 }
 

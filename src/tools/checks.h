@@ -19,9 +19,10 @@ bool requireEditor(core::Runtime& runtime, const std::string& path);
 /// ".kelm". If neither exists, shows a message and returns an empty string.
 std::string requireSource(core::Runtime& runtime, const std::string& fileBase);
 
-/// True if the stem names the existing file unambiguously in a command; otherwise shows a message.
-/// It does not if there is no short path of usable length, or if the drive keeps no short names and
-/// the long stem contains blanks: the tool would read several names.
+/// True if the stem names the existing file unambiguously in a command, or if the file has no stem
+/// at all; otherwise shows a message. A stem does not name the file if it is empty, since there is
+/// no short path of usable length, or if the drive keeps no short names and the long stem contains
+/// blanks: the tool would read several names.
 bool requireStem(core::Runtime& runtime, const std::string& stem, const std::string& file);
 
 }  // namespace tools

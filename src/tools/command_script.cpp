@@ -6,6 +6,11 @@ namespace tools {
 
 using core::crlf;
 
+std::string_view stemOf(std::string_view path) {
+    path.remove_prefix(core::drivePart(path).size());
+    return core::beforeLast(core::afterLast(path, '\\'), '.');
+}
+
 void CommandScript::SplitFileName(const std::string& fileText, forms::TextBox& box) {
     const std::string_view drive = core::drivePart(fileText);
     const std::string_view afterDrive = std::string_view(fileText).substr(drive.size());
@@ -30,9 +35,7 @@ void CommandScript::ShortenStem(const std::string& fileText,
         if (!shortPath.empty()) break;
         shortPath = core::GetShortName(program_.runtime, std::string(FileBase).append(extension));
     }
-    std::string_view ShortStem = shortPath;
-    ShortStem.remove_prefix(core::drivePart(ShortStem).size());
-    FileStem = core::beforeLast(core::afterLast(ShortStem, '\\'), '.');
+    FileStem = stemOf(shortPath);
 }
 
 void CommandScript::RunCommandScript(const std::string& commandText, bool withTail,

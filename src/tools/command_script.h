@@ -12,6 +12,9 @@ namespace tools {
 /// Longer stems, in characters, appear in commands in their short form.
 inline constexpr std::size_t longestStem = 8;
 
+/// Returns the path's file name without drive, folder and extension.
+std::string_view stemOf(std::string_view path);
+
 /// What the three panels with a command script share: splitting the file name into commands, and
 /// writing and running the script. One instance serves all three, so the fields describe the panel
 /// that was rebuilt last.
