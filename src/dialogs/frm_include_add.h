@@ -24,19 +24,13 @@ class frmIncludeAdd : public forms::Form {
     forms::ListBox& list_;
 
   public:
-    forms::Label Label1{
-        *this,
-        {
-            .name = "Label1",
-            .caption = "Folder Name",
-            .place = {180, 150, 3000, 225},
-        },
-    };
+    // Declared in tab order.
     forms::TextBox txtFolder{
         *this,
         {
             .name = "txtFolder",
             .text = "Text1",
+            .accessibleName = "Folder Name",
             .place = {180, 390, 5100, 345},
             .holdsPath = true,
         },
@@ -69,6 +63,14 @@ class frmIncludeAdd : public forms::Form {
             .place = {4185, 855, 1095, 375},
             .isDefault = true,
             .event = [this] { OKButton_Click(); },
+        },
+    };
+    forms::Label Label1{
+        *this,
+        {
+            .name = "Label1",
+            .caption = "Folder Name",
+            .place = {180, 150, 3000, 225},
         },
     };
     forms::Button CancelButton{

@@ -58,10 +58,11 @@ constexpr int buttonHeight = 375;
 
 LocationsDialog::LocationsDialog(forms::Application& application, core::Program& program,
                                  const std::string& name, const std::string& caption,
-                                 std::vector<Location> locations)
+                                 std::vector<Location> locations, std::vector<int> loadOrder)
     : Form(application, name, {.caption = caption, .place = {0, 0, width, 0}}),
       program_(program),
-      locations_(std::move(locations)) {
+      locations_(std::move(locations)),
+      loadOrder_(std::move(loadOrder)) {
     int top = margin;
     for (auto row = locations_.begin(); row != locations_.end();) {
         const auto groupEnd = std::find_if(row, locations_.end(), [&](const Location& other) {
@@ -138,15 +139,16 @@ void LocationsDialog::addButtons(int top) {
 }
 
 void LocationsDialog::Form_Load() {
-    for (const Location& location : locations_) {
-        txtFname(location.index).Text = program_.state.*location.field;
-    }
+    for (const int index : loadOrder_)
+        txtFname(index).Text = program_.state.*location(index).field;
+}
+
+const Location& LocationsDialog::location(int index) const {
+    return *std::ranges::find(locations_, index, &Location::index);
 }
 
 void LocationsDialog::btnBrowse_Click(int index) {
-    const auto location = std::ranges::find_if(
-        locations_, [&](const Location& candidate) { return candidate.index == index; });
-    tools::pickFile(CommonDialog1, location->title, location->filter, txtFname(index));
+    tools::pickFile(CommonDialog1, location(index).title, location(index).filter, txtFname(index));
 }
 
 void LocationsDialog::OKButton_Click() {
@@ -159,10 +161,11 @@ void LocationsDialog::OKButton_Click() {
 
 frmSettings::frmSettings(forms::Application& application, core::Program& program)
     : LocationsDialog(application, program, "frmSettings",
-                      "Kelm Programs and Documenation File Locations", kelmLocations) {}
+                      "Kelm Programs and Documenation File Locations", kelmLocations,
+                      {0, 3, 4, 1, 5, 8, 7, 6}) {}
 
 frmSettings2::frmSettings2(forms::Application& application, core::Program& program)
     : LocationsDialog(application, program, "frmSettings2", "Other Program Locations",
-                      otherLocations) {}
+                      otherLocations, {2, 9, 0, 1}) {}
 
 }  // namespace dialogs

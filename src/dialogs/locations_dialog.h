@@ -32,9 +32,10 @@ struct Location {
 /// settings.
 class LocationsDialog : public forms::Form {
   public:
+    /// loadOrder holds the locations' indices.
     LocationsDialog(forms::Application& application, core::Program& program,
                     const std::string& name, const std::string& caption,
-                    std::vector<Location> locations);
+                    std::vector<Location> locations, std::vector<int> loadOrder);
 
     void Form_Load() override;
 
@@ -42,6 +43,8 @@ class LocationsDialog : public forms::Form {
     void btnBrowse_Click(int index);
     void OKButton_Click();
     void CancelButton_Click() { Unload(); }
+
+    [[nodiscard]] const Location& location(int index) const;
 
     // These add controls at `top`, in twips; the first two return the top of what follows.
     int addGroove(int top);
@@ -51,6 +54,7 @@ class LocationsDialog : public forms::Form {
 
     core::Program& program_;
     const std::vector<Location> locations_;
+    const std::vector<int> loadOrder_;
     std::deque<forms::Frame> frames_;
     std::deque<forms::Groove> grooves_;
 
