@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <sstream>
 #include <utility>
 
 #include "forms/application.h"
@@ -16,22 +17,39 @@ std::string lowered(std::string text) {
     return text;
 }
 
-/// Normalises a path for the folder list: a bare drive means its root, and only a root ends in a
-/// backslash.
-std::string folderPath(std::string path) {
+std::string driveOf(const std::string& path) {
+    return lowered(path.substr(0, 2));
+}
+
+/// Returns the full path of a folder, without "." and "..", where only a root ends in a backslash.
+/// A bare drive means its root. A path that begins below no root begins in the current folder, or
+/// in the root of its drive if that is another one. A path without a drive stays as it is.
+std::string fullPath(std::string path, Disk& disk) {
     std::ranges::replace(path, '/', '\\');
-    while (path.size() > 3 && path.back() == '\\')
-        path.pop_back();
-    if (path.size() == 2 && path[1] == ':') path += '\\';
-    return path;
+    if (path.size() < 2 || path[1] != ':') return path;
+    const std::string drive = path.substr(0, 2);
+    if (path.size() > 2 && path[2] != '\\') {
+        const std::string current = disk.currentFolder();
+        path = (driveOf(current) == driveOf(drive) ? current : drive) + '\\' + path.substr(2);
+    }
+    std::vector<std::string> names;
+    std::istringstream rest(path.substr(2));
+    for (std::string name; std::getline(rest, name, '\\');) {
+        if (name == ".." && !names.empty()) names.pop_back();
+        if (!name.empty() && name != "." && name != "..") names.push_back(name);
+    }
+    std::string full = drive;
+    for (const std::string& name : names)
+        full += '\\' + name;
+    return names.empty() ? drive + '\\' : full;
 }
 
 /// Returns the folder that the lists start on: the current one, or the first drive's root if that
 /// is on none of the drives.
 std::string startFolder(Disk& disk, const std::vector<std::string>& drives) {
-    const std::string current = folderPath(disk.currentFolder());
-    const bool onDrive = std::ranges::find(drives, lowered(current.substr(0, 2))) != drives.end();
-    return onDrive || drives.empty() ? current : folderPath(drives.front());
+    const std::string current = fullPath(disk.currentFolder(), disk);
+    const bool onDrive = std::ranges::find(drives, driveOf(current)) != drives.end();
+    return onDrive || drives.empty() ? current : fullPath(drives.front(), disk);
 }
 
 }  // namespace
@@ -39,7 +57,7 @@ std::string startFolder(Disk& disk, const std::vector<std::string>& drives) {
 DriveList::DriveList(Container& parent, Definition definition, Disk& disk)
     : Control(&parent, std::move(definition)),
       drives_(disk.drives()),
-      drive_(lowered(startFolder(disk, drives_).substr(0, 2))) {}
+      drive_(driveOf(startFolder(disk, drives_))) {}
 
 void DriveList::select(const std::string& drive) {
     const std::string selected = lowered(drive);
@@ -73,7 +91,7 @@ FolderList::FolderList(Container& parent, Definition definition, Disk& disk)
 }
 
 void FolderList::open(const std::string& path) {
-    const std::string opened = folderPath(path);
+    const std::string opened = fullPath(path, disk_);
     if (opened == path_) return;
     fill(opened, disk_.folders(opened));
     changed(Effect::Raise);

@@ -55,8 +55,8 @@ class FolderList : public Control {
     [[nodiscard]] bool takesEnter() const override { return true; }
 
     /// The folder whose contents are listed: a full path, without a trailing backslash unless it is
-    /// a drive's root. Assigning a folder that cannot be read throws RuntimeError and leaves the
-    /// list unchanged.
+    /// a drive's root. Assigning completes a path that is relative to a drive's current folder. A
+    /// folder that cannot be read throws RuntimeError and leaves the list unchanged.
     struct PathProperty {
         FolderList& list;
         operator const std::string&() const { return list.path_; }
