@@ -52,8 +52,6 @@ frmConsole::frmConsole(forms::Application& application, core::Program& program)
             .centred = false}),
       program_(program) {
     KeyPreview = true;
-    connectFilePickers();
-    compile.btnModifyIncludes.setHandler([this] { btnModifyIncludes_Click(); });
 }
 
 void frmConsole::Form_Load() {
@@ -164,11 +162,10 @@ void frmConsole::mnuOptionsOther_Click() {
     application().load<dialogs::frmSettings2>(program_).ShowModal(*this);
 }
 
-void frmConsole::btnModifyIncludes_Click() {
+void frmConsole::editIncludes() {
     auto& dialog = application().load<dialogs::frmIncludeList>(program_, compile.lstInclude);
     fillWithFolders(dialog.List1);
     dialog.ShowModal(*this);
-    compile.UpdateCmdline();
 }
 
 void frmConsole::tbsOptions_Click() {

@@ -27,10 +27,9 @@ class frmConsole : public forms::Form {
     void mnuFileExit_Click() { Unload(); }
     void mnuOptionsPrograms_Click();
     void mnuOptionsOther_Click();
-    void btnModifyIncludes_Click();
     void tbsOptions_Click();
 
-    void connectFilePickers();
+    void editIncludes();
 
     void placeWindow();
     void storePlace();
@@ -113,13 +112,10 @@ class frmConsole : public forms::Form {
             },
         },
     };
-    tools::EditPanel edit{program_, picOptions(0)};
-    tools::CompilePanel compile{program_, script_, picOptions(1)};
-    tools::PlayPanel play{program_, script_, picOptions(2)};
-    tools::SpellingPanel spelling{program_, script_, picOptions(3)};
-
-    // Shared by the file pickers of all panels.
-    forms::CommonDialog CommonDialog1{compile.fraSample2, {.name = "CommonDialog1"}};
+    tools::CompilePanel compile{program_, script_, picOptions(1), [this] { editIncludes(); }};
+    tools::EditPanel edit{program_, compile.CommonDialog1, picOptions(0)};
+    tools::PlayPanel play{program_, script_, compile.CommonDialog1, picOptions(2)};
+    tools::SpellingPanel spelling{program_, script_, compile.CommonDialog1, picOptions(3)};
 
     forms::StatusBar sbStatusBar{
         *this,

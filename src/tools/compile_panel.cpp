@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "tools/checks.h"
+#include "tools/pick_file.h"
 
 namespace tools {
 
@@ -12,8 +13,9 @@ using core::Runtime;
 // Indexed like optCharset.
 static constexpr const char* charsetOptions[] = {"", " -CharSet ISO", " -CharSet Mac"};
 
-CompilePanel::CompilePanel(core::Program& program, CommandScript& script, forms::Container& panel)
-    : program_(program), script_(script), panel_(panel) {}
+CompilePanel::CompilePanel(core::Program& program, CommandScript& script, forms::Container& panel,
+                           std::function<void()> editIncludes)
+    : program_(program), script_(script), panel_(panel), editIncludes_(std::move(editIncludes)) {}
 
 void CompilePanel::UpdateCmdline() {
     Runtime& runtime = program_.runtime;
@@ -36,7 +38,9 @@ void CompilePanel::btnCompile_Click() {
     Runtime& runtime = program_.runtime;
     const core::AppState& state = program_.state;
     UpdateCmdline();
-    const std::string& FileBase = script_.FileBase;
+    // Copies: while the question is open, another panel can be rebuilt.
+    const std::string FileBase = script_.FileBase;
+    const std::string FileStem = script_.FileStem;
 
     const std::string source = requireSource(runtime, FileBase);
     if (source.empty()) return;
@@ -51,23 +55,24 @@ void CompilePanel::btnCompile_Click() {
         if (answer == Runtime::Answer::No) return;
     }
 
-    if (optEditor(1).Value && !requireEditor(runtime, state.EditorPath)) return;
+    if (optEditor(textEditor).Value && !requireEditor(runtime, state.EditorPath)) return;
     if (!requireProgram(runtime, "Kelm compiler program ", state.CompilerPath,
                         " not found. Please check program location in Settings menu.")) {
         return;
     }
-    if (!requireStem(runtime, script_.FileStem, source)) return;
+    if (!requireStem(runtime, FileStem, source)) return;
     script_.RunCommandScript(txtCmdline.Text, true, Runtime::normalFocus);
 }
 
 void CompilePanel::chooseViewer() {
-    ViewerPrefix = optEditor(1).Value ? core::quoted(program_.state.EditorPath) + " " : "notepad ";
+    ViewerPrefix =
+        optEditor(textEditor).Value ? core::quoted(program_.state.EditorPath) + " " : "notepad ";
 }
 
 void CompilePanel::fitToPaths() {
     const bool hasEditor = !program_.state.EditorPath.empty();
-    optEditor(1).Enabled = hasEditor;
-    if (!hasEditor) optEditor(3).Value = true;
+    optEditor(textEditor).Enabled = hasEditor;
+    if (!hasEditor) optEditor(notepad).Value = true;
 }
 
 void CompilePanel::chkHideC_Click() {
@@ -76,7 +81,7 @@ void CompilePanel::chkHideC_Click() {
 }
 
 void CompilePanel::optFormat_Click(int index) {
-    PackOption = index == 2 ? " -Pack" : "";
+    PackOption = index == packed ? " -Pack" : "";
     UpdateCmdline();
 }
 
@@ -97,6 +102,15 @@ void CompilePanel::chkFullsource_Click() {
 
 void CompilePanel::optCharset_Click(int index) {
     CharsetOption = charsetOptions[index];
+    UpdateCmdline();
+}
+
+void CompilePanel::btnBrowse_Click() {
+    pickFile(CommonDialog1, panel::sourceTitle, panel::sourceFilter, txtFname);
+}
+
+void CompilePanel::btnModifyIncludes_Click() {
+    editIncludes_();
     UpdateCmdline();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/module1.h"
@@ -13,7 +14,13 @@ namespace tools {
 /// listing's viewer, checks the files and runs the commands.
 class CompilePanel {
   public:
-    CompilePanel(core::Program& program, CommandScript& script, forms::Container& panel);
+    /// editIncludes lets the user edit the search list.
+    CompilePanel(core::Program& program, CommandScript& script, forms::Container& panel,
+                 std::function<void()> editIncludes);
+
+    // Indices of optFormat and optEditor.
+    enum Format { normal = 0, packed = 2 };
+    enum Viewer { textEditor = 1, notepad = 3 };
 
     /// Sets the viewer of the listing from the selected option.
     void chooseViewer();
@@ -25,6 +32,7 @@ class CompilePanel {
 
   private:
     void txtFname_Change() { UpdateCmdline(); }
+    void btnBrowse_Click();
     void btnCompile_Click();
     void chkHideC_Click();
     void optFormat_Click(int index);
@@ -32,10 +40,12 @@ class CompilePanel {
     void optEditor_Click(int index);
     void chkFullsource_Click();
     void optCharset_Click(int index);
+    void btnModifyIncludes_Click();
 
     core::Program& program_;
     CommandScript& script_;
     forms::Container& panel_;
+    std::function<void()> editIncludes_;
 
     // Each is its part of the command with a leading blank, or empty.
     std::string PackOption;
@@ -46,14 +56,9 @@ class CompilePanel {
 
     static constexpr int column = 2850;
     static constexpr int rightColumn = panel::left + panel::width - column;
-    // A groove separates the last row of the upper frames from the two above it.
+    // A groove separates the rows of the upper frames from the two at the top.
     static constexpr int grooveGap = 75;
     static constexpr int grooveTop = panel::row(2, column).top + grooveGap / 2;
-    static constexpr forms::Place belowGroove() {
-        forms::Place place = panel::row(2, column);
-        place.top += grooveGap;
-        return place;
-    }
     static constexpr int upperHeight = panel::frameHeight(3) + grooveGap;
     static constexpr int secondRow = panel::optionsTop + upperHeight + 105;
 
@@ -85,6 +90,7 @@ class CompilePanel {
             .caption = panel::browseCaption,
             .tooltip = "open a file-browse dialog box to select desired source code file",
             .place = panel::browseButton,
+            .event = [this] { btnBrowse_Click(); },
         },
     };
     forms::Button btnCompile{
@@ -131,14 +137,14 @@ class CompilePanel {
         "optFormat",
         {
             {
-                .index = 0,
+                .index = normal,
                 .caption = "&Normal",
                 .tooltip = "The game text is stored in normal, readable, form in the .dat file ",
                 .place = panel::row(0, column),
                 .ticked = true,
             },
             {
-                .index = 2,
+                .index = packed,
                 .caption = "&Packed",
                 .tooltip =
                     "The game text is stored in compressed, unreadable, form in the .dat file ",
@@ -160,7 +166,7 @@ class CompilePanel {
             .caption = "&Debug",
             .tooltip =
                 "The game is compiled with extra information required for playing in debug mode",
-            .place = belowGroove(),
+            .place = panel::row(2, column, grooveGap),
             .event = [this] { chkDebug_Click(); },
         },
     };
@@ -180,14 +186,14 @@ class CompilePanel {
         "optEditor",
         {
             {
-                .index = 3,
+                .index = notepad,
                 .caption = "Use N&otepad",
                 .tooltip = "Display compiler messages in Windows Notepad",
                 .place = panel::row(0, column),
                 .ticked = true,
             },
             {
-                .index = 1,
+                .index = textEditor,
                 .caption = "Use my text &Editor",
                 .tooltip = "Display compiler messages in text editor (see Options)",
                 .place = panel::row(1, column),
@@ -207,7 +213,7 @@ class CompilePanel {
             .name = "chkFullsource",
             .caption = "List &full sourcecode",
             .tooltip = "Print ALL the game source code in compiler message file",
-            .place = belowGroove(),
+            .place = panel::row(2, column, grooveGap),
             .event = [this] { chkFullsource_Click(); },
         },
     };
@@ -277,6 +283,7 @@ class CompilePanel {
             .caption = "&Modify",
             .tooltip = "Add, remove or change file folders listed",
             .place = {1920, 315, 810, 375},
+            .event = [this] { btnModifyIncludes_Click(); },
         },
     };
 
@@ -302,6 +309,9 @@ class CompilePanel {
             .multiLine = true,
         },
     };
+
+    /// Shared by the Browse buttons of all panels.
+    forms::CommonDialog CommonDialog1{fraSample2, {.name = "CommonDialog1"}};
 };
 
 }  // namespace tools

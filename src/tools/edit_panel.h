@@ -12,17 +12,21 @@ namespace tools {
 /// only action spawns the editor directly.
 class EditPanel {
   public:
-    EditPanel(core::Program& program, forms::Container& panel);
+    EditPanel(core::Program& program, forms::CommonDialog& dialog, forms::Container& panel);
+
+    enum Editor { ownEditor, notepad };  ///< indices of optEditWith
 
     /// Enables the options whose programs are set; disables and deselects the others. Called when
     /// the panel is shown.
     void fitToPaths();
 
   private:
+    void btnBrowseE_Click();
     void btnEdit_Click();
     void chkHideE_Click();
 
     core::Program& program_;
+    forms::CommonDialog& dialog_;
     forms::Container& panel_;
 
   public:
@@ -52,6 +56,7 @@ class EditPanel {
             .caption = panel::browseCaption,
             .tooltip = "open a file-browse dialog box to select desired source code file",
             .place = panel::browseButton,
+            .event = [this] { btnBrowseE_Click(); },
         },
     };
     forms::Button btnEdit{
@@ -100,14 +105,14 @@ class EditPanel {
         "optEditWith",
         {
             {
-                .index = 0,
+                .index = ownEditor,
                 .caption = "&My Text Editor",
                 .tooltip = "edit the file with the text editor program specified in Settings",
                 .place = panel::row(0, panel::width),
                 .ticked = true,
             },
             {
-                .index = 1,
+                .index = notepad,
                 .caption = "Windows &Notepad",
                 .tooltip = "Use Windows Notepad rather than editor specified in Settings",
                 .place = panel::row(1, panel::width),

@@ -45,12 +45,15 @@ constexpr int frameHeight(int rows) {
     return 390 + rows * rowHeight;
 }
 
-/// Returns the place of a row, counted from 0, inside a frame of the given width.
-constexpr forms::Place row(int number, int frameWidth) {
-    return {120, 315 + number * rowHeight, frameWidth - 180, rowHeight};
+/// Returns the place of a row, counted from 0, inside a frame of the given width. Rows below
+/// something else that the frame holds are lowered by its height.
+constexpr forms::Place row(int number, int frameWidth, int lowered = 0) {
+    return {120, 315 + number * rowHeight + lowered, frameWidth - 180, rowHeight};
 }
 
 inline constexpr const char* browseCaption = "&Browse";
+inline constexpr const char* sourceTitle = "Select source code file";
+inline constexpr const char* sourceFilter = "Source File (*.kel)|*.kel|All Files (*.*)|*.*";
 inline constexpr const char* hideCaption = "H&ide Options";
 inline constexpr const char* hideTooltip =
     "Remove the options from view (but options remain as set)";

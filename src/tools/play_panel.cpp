@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "tools/checks.h"
+#include "tools/pick_file.h"
 
 namespace tools {
 
@@ -12,12 +13,11 @@ using core::Runtime;
 
 namespace {
 
-struct Player {
+// Indexed like optPlayer.
+constexpr struct {
     std::string AppState::*path;
     const char* name;  ///< begins the message for a missing player
-};
-
-constexpr Player players[] = {
+} players[] = {
     {&AppState::GuiPlayerPath, "Windows GUI player program "},
     {&AppState::ConsolePlayerPath, "Windows Console player program "},
     {&AppState::DosPlayerPath, "MSDOS player program "},
@@ -25,13 +25,24 @@ constexpr Player players[] = {
 
 }  // namespace
 
-PlayPanel::PlayPanel(core::Program& program, CommandScript& script, forms::Container& panel)
-    : program_(program), script_(script), panel_(panel) {}
+PlayPanel::PlayPanel(core::Program& program, CommandScript& script, forms::CommonDialog& dialog,
+                     forms::Container& panel)
+    : program_(program), script_(script), dialog_(dialog), panel_(panel) {}
 
-int PlayPanel::player() const {
-    for (const int index : {0, 1})
-        if (optPlayer(index).Value) return index;
-    return 2;
+PlayPanel::Player PlayPanel::player() const {
+    for (const Player player : {windowsGui, windowsConsole})
+        if (optPlayer(player).Value) return player;
+    return msdosConsole;
+}
+
+void PlayPanel::btnBrowseP_Click() {
+    pickFile(dialog_, "Select game file", "Game ('Kcode') File (*.kcd)|*.kcd|All Files (*.*)|*.*",
+             txtFnameP);
+}
+
+void PlayPanel::btnBrowselog_Click() {
+    pickFile(dialog_, "Select command-log file", "Log File (*.log)|*.log|All Files (*.*)|*.*",
+             txtLogfile);
 }
 
 void PlayPanel::UpdateCmdlineP() {
@@ -47,7 +58,7 @@ void PlayPanel::btnPlay_Click() {
     Runtime& runtime = program_.runtime;
     UpdateCmdlineP();
 
-    const Player& chosen = players[player()];
+    const auto& chosen = players[player()];
     if (!requireProgram(runtime, chosen.name, program_.state.*chosen.path,
                         " not found. Please check program location settings.")) {
         return;
@@ -58,18 +69,19 @@ void PlayPanel::btnPlay_Click() {
         return;
     }
     if (!requireStem(runtime, script_.FileStem, game)) return;
-    script_.RunCommandScript(txtCmdlineP.Text, false,
-                             optPlayer(0).Value ? Runtime::normalFocus : Runtime::maximisedFocus);
+    script_.RunCommandScript(
+        txtCmdlineP.Text, false,
+        player() == windowsGui ? Runtime::normalFocus : Runtime::maximisedFocus);
 }
 
 void PlayPanel::chkKbug_Click() {
     if (chkKbug.Value) {
         KbugOption = " -d";
-        if (optRecord(1).Value) optRecord(0).Value = true;
-        optRecord(1).Enabled = false;
+        if (optRecord(transcript).Value) optRecord(none).Value = true;
+        optRecord(transcript).Enabled = false;
     } else {
         KbugOption.clear();
-        optRecord(1).Enabled = true;
+        optRecord(transcript).Enabled = true;
     }
     UpdateCmdlineP();
 }
@@ -85,23 +97,23 @@ void PlayPanel::chkSingle_Click() {
 }
 
 void PlayPanel::optRecord_Click(int index) {
-    if (index > 0) {
+    if (index != none) {
         forcePlayer(index);
         RecordOption = " -L";
     } else {
-        if (!chkPlayback.Value) optPlayer(0).Enabled = true;
-        optPlayer(1).Enabled = true;
-        optPlayer(2).Enabled = true;
+        if (!chkPlayback.Value) optPlayer(windowsGui).Enabled = true;
+        optPlayer(windowsConsole).Enabled = true;
+        optPlayer(msdosConsole).Enabled = true;
         RecordOption.clear();
     }
     UpdateCmdlineP();
 }
 
-/// Only the player with the same index can make a recording of mode 1 or 2.
-void PlayPanel::forcePlayer(int index) {
-    optPlayer(index).Value = true;
-    for (int other : {0, 1, 2})
-        optPlayer(other).Enabled = other == index;
+/// Selects the only player that can make the recording.
+void PlayPanel::forcePlayer(int recording) {
+    optPlayer(recording).Value = true;
+    for (const Player player : {windowsGui, windowsConsole, msdosConsole})
+        optPlayer(player).Enabled = player == recording;
 }
 
 void PlayPanel::chkPlayback_Click() {
@@ -114,20 +126,20 @@ void PlayPanel::chkPlayback_Click() {
 }
 
 void PlayPanel::startPlayback() {
-    if (optPlayer(0).Value) optPlayer(1).Value = true;
-    optPlayer(0).Enabled = false;
+    if (optPlayer(windowsGui).Value) optPlayer(windowsConsole).Value = true;
+    optPlayer(windowsGui).Enabled = false;
     chkKbug.Value = 0;
     chkKbug.Enabled = false;
-    if (optRecord(2).Value) optRecord(0).Value = true;
-    optRecord(2).Enabled = false;
+    if (optRecord(commands).Value) optRecord(none).Value = true;
+    optRecord(commands).Enabled = false;
     enableLogfile(true);
     PlaybackOption = " < " + txtLogfile.Text();
 }
 
 void PlayPanel::endPlayback() {
-    if (!optRecord(1).Value) optPlayer(0).Enabled = true;
+    if (!optRecord(transcript).Value) optPlayer(windowsGui).Enabled = true;
     chkKbug.Enabled = true;
-    optRecord(2).Enabled = true;
+    optRecord(commands).Enabled = true;
     enableLogfile(false);
     PlaybackOption.clear();
 }

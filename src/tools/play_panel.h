@@ -17,17 +17,22 @@ namespace tools {
 /// triggers.
 class PlayPanel {
   public:
-    PlayPanel(core::Program& program, CommandScript& script, forms::Container& panel);
+    PlayPanel(core::Program& program, CommandScript& script, forms::CommonDialog& dialog,
+              forms::Container& panel);
+
+    enum Player { windowsGui, windowsConsole, msdosConsole };  ///< indices of optPlayer
+    /// Indices of optRecord. A recording has the index of the only player that can make it.
+    enum Recording { none, transcript = windowsConsole, commands = msdosConsole };
 
     /// Rebuilds the command text; sets FileStem and FileBase to the game.
     void UpdateCmdlineP();
-    /// Index of the selected player: 0 Windows GUI, 1 Windows console, 2 MSDOS console.
-    [[nodiscard]] int player() const;
+    [[nodiscard]] Player player() const;
 
   private:
+    void btnBrowseP_Click();
     void btnPlay_Click();
     void chkHideP_Click();
-    void optPlayer_Click() { UpdateCmdlineP(); }
+    void optPlayer_Click(int /*index*/) { UpdateCmdlineP(); }
     void chkKbug_Click();
     void chkTrace_Click();
     void chkSingle_Click();
@@ -35,14 +40,16 @@ class PlayPanel {
     void chkPlayback_Click();
     void txtFnameP_Change() { UpdateCmdlineP(); }
     void txtLogfile_Change();
+    void btnBrowselog_Click();
 
     void startPlayback();
     void endPlayback();
-    void forcePlayer(int index);
+    void forcePlayer(int recording);
     void enableLogfile(bool enabled);
 
     core::Program& program_;
     CommandScript& script_;
+    forms::CommonDialog& dialog_;
     forms::Container& panel_;
 
     // Each is its part of the command with a leading blank, or empty.
@@ -89,6 +96,7 @@ class PlayPanel {
             .tooltip = "open a file-browse dialog box to select desired game file",
             .accessibleName = "Browse for the game file",
             .place = panel::browseButton,
+            .event = [this] { btnBrowseP_Click(); },
         },
     };
     forms::Button btnPlay{
@@ -136,26 +144,26 @@ class PlayPanel {
         "optPlayer",
         {
             {
-                .index = 0,
+                .index = windowsGui,
                 .caption = "&Windows GUI",
                 .tooltip = "Play game using the Windows graphics mode \"WinGlk\" version of Krun",
                 .place = panel::row(0, playerWidth),
             },
             {
-                .index = 1,
+                .index = windowsConsole,
                 .caption = "Windows &Console",
                 .tooltip = "Play game using the Windows text-mode version of Krun",
                 .place = panel::row(1, playerWidth),
                 .ticked = true,
             },
             {
-                .index = 2,
+                .index = msdosConsole,
                 .caption = "&MSDOS Console",
                 .tooltip = "Play game using the basic MSDOS text-mode version of Krun",
                 .place = panel::row(2, playerWidth),
             },
         },
-        [this](int) { optPlayer_Click(); },
+        [this](int index) { optPlayer_Click(index); },
     };
 
     forms::Frame fraMode{
@@ -216,14 +224,14 @@ class PlayPanel {
         "optRecord",
         {
             {
-                .index = 0,
+                .index = none,
                 .caption = "Non&e",
                 .tooltip = "Normal play mode - no recording saved to disk",
                 .place = panel::row(0, recordWidth),
                 .ticked = true,
             },
             {
-                .index = 1,
+                .index = transcript,
                 .caption = "F&ull Transcript",
                 .tooltip =
                     "Record all text displayed while playing to a log file (requires Windows "
@@ -231,7 +239,7 @@ class PlayPanel {
                 .place = panel::row(1, recordWidth),
             },
             {
-                .index = 2,
+                .index = commands,
                 .caption = "Pla&yer's Commands",
                 .tooltip =
                     "Record a list of the player's commands to a log file (requires MSDOS Console "
@@ -294,6 +302,7 @@ class PlayPanel {
             .accessibleName = "Browse for the log file",
             .place = {4890, 615, 840, 375},
             .enabled = false,
+            .event = [this] { btnBrowselog_Click(); },
         },
     };
 

@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "tools/checks.h"
+#include "tools/pick_file.h"
 
 namespace tools {
 
@@ -21,12 +22,23 @@ constexpr const char* overwriteHint =
 
 }  // namespace
 
-SpellingPanel::SpellingPanel(core::Program& program, CommandScript& script, forms::Container& panel)
+SpellingPanel::SpellingPanel(core::Program& program, CommandScript& script,
+                             forms::CommonDialog& dialog, forms::Container& panel)
     : program_(program),
       script_(script),
+      dialog_(dialog),
       panel_(panel),
       CodesOption(codesOptions[0]),
       ParamOption(paramOptions[0]) {}
+
+void SpellingPanel::btnBrowseS_Click() {
+    pickFile(dialog_, panel::sourceTitle, panel::sourceFilter, txtFnameS);
+}
+
+void SpellingPanel::btnBrowseO_Click() {
+    pickFile(dialog_, "Select text file", "Source File (*.txt)|*.txt|All Files (*.*)|*.*",
+             txtFnameO);
+}
 
 void SpellingPanel::UpdateCmdlineS() {
     const std::string& fileText = txtFnameS.Text;

@@ -13,7 +13,8 @@ namespace tools {
 /// and the word processor, checks the files and runs the commands.
 class SpellingPanel {
   public:
-    SpellingPanel(core::Program& program, CommandScript& script, forms::Container& panel);
+    SpellingPanel(core::Program& program, CommandScript& script, forms::CommonDialog& dialog,
+                  forms::Container& panel);
 
     /// Enables the options whose programs are set; disables and deselects the others. Called when
     /// the panel is shown.
@@ -23,10 +24,12 @@ class SpellingPanel {
 
   private:
     void txtFnameS_Change();
+    void btnBrowseS_Click();
     void btnExtract_Click();
     void chkHideS_Click();
     void chkOutputfile_Click();
     void txtFnameO_Change() { UpdateCmdlineS(); }
+    void btnBrowseO_Click();
     void chkOverwrite_Click();
     void chkAutoOpen_Click() { UpdateCmdlineS(); }
     void optCodes_Click(int index);
@@ -38,6 +41,7 @@ class SpellingPanel {
 
     core::Program& program_;
     CommandScript& script_;
+    forms::CommonDialog& dialog_;
     forms::Container& panel_;
 
     // Each is its part of the command with a leading blank, or empty.
@@ -50,14 +54,10 @@ class SpellingPanel {
     static constexpr int codesWidth = 2700;
     static constexpr int paramWidth = panel::width - codesWidth - gap;
     static constexpr int paramLeft = panel::left + codesWidth + gap;
-    static constexpr int outputHeight = panel::frameHeight(3) + 360;
-    static constexpr int secondRow = panel::optionsTop + outputHeight + 60;
     static constexpr int nameTop = 600;
-
-    static constexpr forms::Place belowName(int number) {
-        const forms::Place row = panel::row(number, panel::width);
-        return {row.left, row.top + 360, row.width, row.height};
-    }
+    static constexpr int nameHeight = 360;
+    static constexpr int outputHeight = panel::frameHeight(3) + nameHeight;
+    static constexpr int secondRow = panel::optionsTop + outputHeight + 60;
 
   public:
     forms::Frame fraSample4{panel_, {.name = "fraSample4", .place = panel::whole}};
@@ -88,6 +88,7 @@ class SpellingPanel {
             .tooltip = "open a file-browse dialog box to select desired source code file",
             .accessibleName = "Browse for the source file",
             .place = panel::browseButton,
+            .event = [this] { btnBrowseS_Click(); },
         },
     };
     forms::Button btnExtract{
@@ -180,6 +181,7 @@ class SpellingPanel {
             .accessibleName = "Browse for the output file",
             .place = {4890, nameTop - 15, 840, 360},
             .visible = false,
+            .event = [this] { btnBrowseO_Click(); },
         },
     };
     forms::CheckBox chkOverwrite{
@@ -190,7 +192,7 @@ class SpellingPanel {
             .tooltip =
                 "Select this option if you're sure its OK to overwrite an existing file with "
                 "the same name as that chosen for the extract output file",
-            .place = belowName(1),
+            .place = panel::row(1, panel::width, nameHeight),
             .event = [this] { chkOverwrite_Click(); },
         },
     };
@@ -201,7 +203,7 @@ class SpellingPanel {
             .caption = "Automatically open output file in &Wordprocessor",
             .tooltip = "After text is extracted, open the output file immediately in your "
                        "wordprocessing program so you can spellcheck it",
-            .place = belowName(2),
+            .place = panel::row(2, panel::width, nameHeight),
             .ticked = true,
             .event = [this] { chkAutoOpen_Click(); },
         },
