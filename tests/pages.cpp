@@ -25,7 +25,7 @@ bool explains(const std::string& message) {
                                                              {"&amp;", "&"}};
         std::vector<std::regex> expressions;
         for (std::string text :
-             all(contentOf(folder / "default.htm"), "<dt class=\"message\">(.*?)</dt>\\s*<dd>")) {
+             all(contentOf(folder / "default.htm"), "<dt class=\"message\"[^>]*>(.*?)</dt>\\s*<dd>")) {
             for (const auto& [html, written] : steps)
                 text = std::regex_replace(text, std::regex(html), written);
             expressions.emplace_back(text);

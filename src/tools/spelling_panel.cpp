@@ -72,9 +72,21 @@ void SpellingPanel::btnExtract_Click() {
     }
     const std::string source = requireSource(runtime, script_.FileBase);
     if (source.empty()) return;
+    if (!hasOutputName()) return;
     if (!chkOverwrite.Value && !mayWriteOutput()) return;
     if (!requireStem(runtime, script_.FileStem, source)) return;
     script_.RunCommandScript(txtCmdlineS.Text, false, Runtime::normalFocus);
+}
+
+/// False if the output file is to have a name of its own and has none, after showing a message.
+bool SpellingPanel::hasOutputName() const {
+    if (!chkOutputfile.Value || txtFnameO.Text().find_first_not_of(' ') != std::string::npos)
+        return true;
+    program_.runtime.rtcMsgBox(
+        "The output file has no name. Please type one or turn off the 'Choose a name for output "
+        "file' option.",
+        Runtime::okOnly);
+    return false;
 }
 
 /// False if the output file already exists, after showing a message.

@@ -37,6 +37,7 @@ class SpellingPanel {
     void chkLineNum_Click();
 
     void showDefaultName();
+    [[nodiscard]] bool hasOutputName() const;
     [[nodiscard]] bool mayWriteOutput() const;
 
     core::Program& program_;
