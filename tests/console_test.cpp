@@ -147,6 +147,17 @@ TEST(Console, AUserReachesOnlyWhatCanBeUsed) {
         EXPECT_EQ(dialog.mnemonicTarget('B', dialog.find(button)), dialog.find(next));
 }
 
+TEST(Console, AControlThatDiesLeavesItsContainer) {
+    Desk desk;
+    auto& form = desk.open();
+    const auto before = form.allControls();
+    auto frame = std::make_unique<Frame>(form, Definition{});
+    Label inside(*frame, {.caption = "survives"});
+    EXPECT_EQ(form.allControls().size(), before.size() + 2);
+    frame.reset();
+    EXPECT_EQ(form.allControls(), before);
+}
+
 TEST(Console, ADroppedFileGoesIntoTheBoxThatIsMeant) {
     Desk desk;
     auto& form = desk.open();

@@ -43,18 +43,18 @@ class FakeRuntime : public core::Runtime {
         bool operator==(const Shell&) const = default;
     };
     struct Killed {};
-    /// How the text of an exclamation box starts: with a failed operation, or with one of the
-    /// program's own two failures. A bug shows no box.
+    /// How the text of an exclamation box starts: with a failed operation, or with the program's
+    /// own failure. A bug shows no box.
     static inline const std::regex failures{
         "^((rtc|vba)[A-Za-z]+ failed|File (already exists|not found)$|Permission denied$|"
-        "Cannot open |There is no drive |The file \".*\" cannot be given to the tool|"
-        "NWB/w cannot write to its folder )"};
+        "Cannot open |There is no drive |NWB/w cannot write to its folder )"};
 
     std::map<std::string, File> files;
     std::map<std::string, std::string> shortNames;  ///< of paths that exist
     std::map<std::string, std::string> settings;    ///< by key
     std::map<std::string, std::vector<std::string>> tree = {{"c:\\", {"nwb"}}, {"c:\\nwb", {}}};
     std::map<std::string, std::map<std::string, RegistryValue>> registry;
+    std::vector<std::string> driveNames = {"c:", "d:", "e:", "z:"};
     std::string current = "c:\\nwb";  ///< folder
     int keysOpen = 0;
     std::vector<Box> boxes;
@@ -69,17 +69,21 @@ class FakeRuntime : public core::Runtime {
     /// Returns the boxes shown since the last call.
     std::vector<Box> newBoxes() { return std::exchange(boxes, {}); }
     /// True if exactly one new box was shown, whose text starts so. The pages have the whole texts.
-    bool told(const std::string& start, int flags = okOnly, const std::string& title = "") {
+    testing::AssertionResult told(const std::string& start, int flags = okOnly,
+                                  const std::string& title = "") {
+        auto result = testing::AssertionSuccess();
         const auto shown = newBoxes();
-        return shown.size() == 1 && shown[0].text.starts_with(start) && shown[0].flags == flags &&
-               shown[0].title == title;
+        if (shown.size() != 1) return !result << shown.size() << " boxes";
+        const auto& [text, style, named] = shown[0];
+        return text.starts_with(start) && style == flags && named == title ? result
+                                                                           : !result << text;
     }
 
     std::string AppPath() override { return "c:\\nwb"; }
     std::string TempPath() override { return "c:\\temp"; }
     std::string rtcDir(const std::string& path) override {
         step("rtcDir");
-        return files.contains(path) ? path : "";
+        return files.contains(path) ? path.substr(path.find_last_of("\\:") + 1) : "";
     }
     std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override {
         step("rtcFileDateTime");
@@ -152,7 +156,7 @@ class FakeRuntime : public core::Runtime {
     std::string GetShortPathName(const std::string& path) override {
         return shortNames.contains(path) ? shortNames[path] : "";
     }
-    std::vector<std::string> drives() override { return {"c:", "d:", "e:", "z:"}; }
+    std::vector<std::string> drives() override { return driveNames; }
     std::string currentFolder() override { return current; }
     std::vector<std::string> folders(const std::string& path) override {
         if (!tree.contains(path)) throw core::RuntimeError("Cannot open " + path);
@@ -192,6 +196,7 @@ class FakeToolkit : public forms::Toolkit {
   public:
     std::deque<std::function<void(forms::Form&)>> users;
     std::function<void(forms::Form&)> anyUser;  ///< works the modal forms after those
+    std::function<void(forms::Form&)> built;    ///< gets each form before it is loaded
     std::string fileChosen;
     forms::FileQuestion fileAsked;
     bool ended = false;
@@ -200,6 +205,7 @@ class FakeToolkit : public forms::Toolkit {
 
     void build(forms::Form& form) override {
         form.attachWindow(std::make_unique<Window>(*this, form));
+        if (built) built(form);
     }
     std::string chooseFile(forms::Form&, const forms::FileQuestion& question) override {
         fileAsked = question;

@@ -29,9 +29,4 @@ TEST(Pages, EveryLinkResolves) {
     EXPECT_GT(links, 50);
 }
 
-TEST(Pages, AMessageIsExplainedToTheLetterOrNotAtAll) {
-    EXPECT_TRUE(pages::explains("Kelm game file \"cave.kcd\" not found"));
-    EXPECT_FALSE(pages::explains("Kelm game file \"cave.kcd\" not found."));
-}
-
 }  // namespace

@@ -28,10 +28,17 @@ struct Panels : testing::Test, Desk {
     tools::SpellingPanel& spelling = form.spelling;
 
     /// True if a click shows exactly one box, whose text starts so.
-    bool refuses(forms::Button& button, const std::string& start, int flags = 0,
+    auto refuses(forms::Button& button, const std::string& start, int flags = 0,
                  const std::string& title = "") {
         button.click();
         return runtime.told(start, flags, title);
+    }
+    /// Presses Enter. Returns the script that it starts, or an empty string.
+    std::string scriptStarted(int style) {
+        runtime.shells.clear();
+        EXPECT_TRUE(form.pressDefault());
+        const std::vector<FakeRuntime::Shell> started = {{style, '"' + script + '"'}};
+        return runtime.shells == started ? runtime.files[script].text : "";
     }
     /// Returns the choices on the Play panel: player, recording, replay, debugger.
     std::array<int, 4> choices() {
@@ -75,6 +82,23 @@ TEST_F(Panels, TheFileNameMakesTheCommands) {
     }
 }
 
+TEST_F(Panels, AnOptionIsInTheCommandsExactlyWhileItIsOn) {
+    rules::expectAll(form, state, false);
+    for (int step = 0; step < 3 * 3; ++step) {
+        const int panel = 1 + step % 3;
+        form.tbsOptions.pick(panel + 1);
+        for (forms::Control* control : form.picOptions(panel).allControls()) {
+            SCOPED_TRACE(control->fullName() + " in step " + std::to_string(step));
+            if (auto* box = dynamic_cast<forms::TextBox*>(control)) {
+                box->type("d:\\new" + std::to_string(step) + ".x");
+            } else if (!control->name.starts_with("btn") && !control->name.starts_with("chkHide")) {
+                control->click();
+            }
+            rules::expectAll(form, state, false);
+        }
+    }
+}
+
 TEST_F(Panels, APressOfCompileWritesAndStartsTheScript) {
     form.tbsOptions.pick(2);
     compile.lstInclude.AddItem(R"(c:\kelm\standard library)");
@@ -89,20 +113,17 @@ TEST_F(Panels, APressOfCompileWritesAndStartsTheScript) {
     compile.chkFullsource.click();
     compile.optCharset(1).click();
     compile.optEditor(1).click();
-    runtime.files[state.EditorPath =
-                      "other.exe"];           // the viewer keeps the path that it had when chosen
+    // The viewer keeps the path that it had when it was chosen.
+    runtime.files[state.EditorPath = "other.exe"];
     play.txtFnameP.Text = R"(d:\other.kcd)";  // changes the stem that the panels share
     for (const auto& viewer : {pfe, state.EditorPath}) {
-        EXPECT_TRUE(form.pressDefault());
-        EXPECT_EQ(runtime.files[script].text,
+        EXPECT_EQ(scriptStarted(1),
                   lines(R"(c:|cd "\my games\"|)" + tool +
                         R"(-Include "c:\kelm\STANDA~1" -Include "D:\SHARED~1" cave -Pack -Debug )"
                         R"(-Full -CharSet ISO -List -Height 0|")" +
                         viewer + "\" cave.lis|exit|||pause|||exit|"));
         compile.optEditor(1).click();
     }
-    EXPECT_EQ(runtime.shells, std::vector(2, FakeRuntime::Shell{1, "\"" + script + "\""}));
-    EXPECT_TRUE(runtime.boxes.empty());
 }
 
 TEST_F(Panels, CompileChecksInOrder) {
@@ -117,26 +138,33 @@ TEST_F(Panels, CompileChecksInOrder) {
     runtime.answer = core::Runtime::Answer::No;
     EXPECT_TRUE(refuses(button, "The current compiled game is newer", 4, "Game newer than Source"));
     runtime.files[base + ".kel"].changed = 11;  // the first of the two sources counts
-    EXPECT_TRUE(refuses(button, "Text Editor program " + state.EditorPath + " not found"));
+    EXPECT_TRUE(refuses(button, "Text Editor program " + pfe + " not found"));
     state.EditorPath.clear();
     EXPECT_TRUE(refuses(button, "Text Editor program  not found"));
     compile.optEditor(3).click();
-    EXPECT_TRUE(refuses(button, "Kelm compiler program " + state.CompilerPath + " not found"));
+    EXPECT_TRUE(refuses(button, "Kelm compiler program " + kelm + " not found"));
     state.CompilerPath.clear();
     EXPECT_TRUE(refuses(button, "Kelm compiler program  not found"));
-    compile.txtFname.type("");
-    EXPECT_TRUE(refuses(button, "Kelm source code file \".kel(m)\" not found"));
+    runtime.files[state.CompilerPath = kelm];
+    EXPECT_TRUE(refuses(
+        button, "The file \"" + base + ".kel\" cannot be given to the tool: its path has no"));
+    EXPECT_FALSE(runtime.files.contains(script));
 
-    runtime.files[state.CompilerPath = "k.exe"];
-    compile.txtFname.type(base + ".kel");
-    EXPECT_TRUE(
-        refuses(button, "The file \"" + base + ".kel\" cannot be given to the tool: its path", 48));
     runtime.shortNames[base + ".kel"] = base + ".kel";  // a drive without short names
     runtime.files[base + ".kcd"].changed = 12;
     runtime.answer = core::Runtime::Answer::Yes;
-    EXPECT_FALSE(runtime.files.contains(script));
-    compile.btnCompile.click();
-    EXPECT_EQ(runtime.shells.size(), 1u) << "Yes continues";
+    runtime.whileBoxIsOpen = [this] { spelling.txtFnameS.Text = "long too.kel"; };
+    const auto commands = [](const std::string& stem) {
+        return tool + stem + " -List -Height 0|notepad " + stem + ".lis|exit|||pause|||exit|";
+    };
+    EXPECT_EQ(scriptStarted(1), lines(R"(c:|cd "\games\"|)" + commands("longername")));
+    runtime.newBoxes();
+    for (const std::string folder : {"", R"(c:\)"}) {  // a file without a stem
+        compile.txtFname.type(folder);
+        EXPECT_TRUE(refuses(button, "Kelm source code file \"" + folder + ".kel(m)\" not found"));
+        runtime.files[folder + ".kel"];
+        EXPECT_EQ(scriptStarted(1), lines((folder.empty() ? "" : R"(c:|cd "\"|)") + commands("")));
+    }
 }
 
 // The twelve states, and for each action the number of the next state, counted from 1. The actions
@@ -168,52 +196,49 @@ TEST_F(Panels, EveryActionOnPlayFromEveryStateLeadsWhereTheTableSays) {
         taken.emplace(now, action);
         const int next = table[now - 1].next[action];
         ASSERT_EQ(choices(), table[next - 1].choices) << "S" << now << " by action " << action;
-        rules::expectPlay(play, state);
+        rules::expectPlay(play);
         now = next;
     }
     EXPECT_EQ(taken.size(), 12u * 8u);
 }
 
-TEST_F(Panels, PlayChecksThePlayerThenTheGame) {
-    auto& button = play.btnPlay;
+TEST_F(Panels, PlayChecksThePlayerThenTheGameAndStartsIt) {
     form.tbsOptions.pick(3);
     const std::string tale = R"(d:\my games\adventure)";
-    const std::string game = tale + ".kcd";
-    runtime.shortNames[game] = R"(d:\MYGAME~1\ADVENT~1.KCD)";
+    runtime.shortNames[tale + ".kcd"] = R"(d:\MYGAME~1\ADVENT~1.KCD)";
     play.txtFnameP.type(tale);
     play.optPlayer(1).click();
     play.chkPlayback.click();  // its file has a default name
     const struct {
-        std::string name;
-        int style;
+        int index, style;
         std::string core::AppState::*path;
-        std::string options;
-    } players[] = {{"MSDOS player ", 3, &core::AppState::DosPlayerPath, " < mygame12.log"},
-                   {"Windows Console player ", 3, &core::AppState::ConsolePlayerPath, ""},
-                   {"Windows GUI player ", 1, &core::AppState::GuiPlayerPath, ""}};
-    for (int i = 0; i < 3; ++i) {
-        const auto& player = players[i];
-        play.optPlayer(2 - i).click();
+        std::string name, program, options;
+    } players[] = {{2, 3, &core::AppState::DosPlayerPath, "MSDOS", "dos.exe", " < mygame12.log"},
+                   {1, 3, &core::AppState::ConsolePlayerPath, "Windows Console", "con.exe", " < "},
+                   {0, 1, &core::AppState::GuiPlayerPath, "Windows GUI", "gui.exe", ""}};
+    for (const auto& player : players) {
+        SCOPED_TRACE(player.name);
+        play.optPlayer(player.index).click();
         for (const std::string path : {"", "gone.exe"}) {
             state.*player.path = path;
-            EXPECT_TRUE(refuses(button, player.name + "program " + path + " not found"));
+            EXPECT_TRUE(
+                refuses(play.btnPlay, player.name + " player program " + path + " not found"));
         }
-        runtime.files[state.*player.path = "krun.exe"];
-        compile.txtFname.Text = std::to_string(i);  // changes the stem that the panels share
-        EXPECT_TRUE(refuses(button, "Kelm game file \"" + game + "\" not found"));
-        runtime.files[game];
-        EXPECT_TRUE(form.pressDefault());
-        EXPECT_EQ(runtime.shells.back(), (FakeRuntime::Shell{player.style, "\"" + script + "\""}));
-        EXPECT_EQ(runtime.files[script].text,
-                  lines(R"(d:|cd "\my games\"|"krun.exe" ADVENT~1)" + player.options + "|"));
+        runtime.files[state.*player.path = player.program];
+        compile.txtFname.Text = player.name;  // changes the stem that the panels share
+        EXPECT_TRUE(refuses(play.btnPlay, "Kelm game file \"" + tale + ".kcd\" not found"));
+        runtime.files[tale + ".kcd"];
+        EXPECT_EQ(scriptStarted(player.style), lines("d:|cd \"\\my games\\\"|\"" + player.program +
+                                                     "\" ADVENT~1" + player.options + "|"));
         runtime.files.clear();
-        if (i == 0) play.chkPlayback.click();
+        if (player.index == 1) play.chkPlayback.click();
+        play.txtLogfile.type("");
     }
-    runtime.files["krun.exe"];
+    runtime.files["gui.exe"];
     runtime.files[runtime.shortNames["d:\\long tale.kcd"] = "d:\\long tale.kcd"];
     play.txtFnameP.type("d:\\long tale.kcd");
-    EXPECT_TRUE(refuses(button, R"(The file "d:\long tale.kcd" cannot be )", 48));
-    EXPECT_EQ(runtime.shells.size(), 3u);
+    EXPECT_TRUE(refuses(play.btnPlay,
+                        R"(The file "d:\long tale.kcd" cannot be given to the tool: its drive)"));
 }
 
 TEST_F(Panels, TheNameOfTheOutputIsOnesOwnOrTheSources) {
@@ -228,11 +253,13 @@ TEST_F(Panels, TheNameOfTheOutputIsOnesOwnOrTheSources) {
     EXPECT_EQ(spelling.lblDefname.Caption(), "(Default= quest.txt)");
     spelling.txtFnameS.type("my.game.kel");
     EXPECT_EQ(spelling.lblDefname.Caption(), "(Default= my.game.txt)");
+    EXPECT_EQ(spelling.txtCmdlineS.Text(),
+              lines('"' + klex + "\" my.game -FF -PC|\"" + word + "\"  my.game.txt"));
     spelling.chkOutputfile.click();
     EXPECT_EQ(spelling.txtFnameO.Text(), "mine.txt") << "an entered name stays";
 }
 
-TEST_F(Panels, SpellingChecksInOrder) {
+TEST_F(Panels, ExtractChecksInOrderAndStarts) {
     auto& button = spelling.btnExtract;
     form.tbsOptions.pick(4);
     std::string& shortPath = runtime.shortNames[R"(c:\g\longer name.kelm)"];
@@ -252,19 +279,20 @@ TEST_F(Panels, SpellingChecksInOrder) {
     spelling.chkOutputfile.click();
     spelling.txtFnameO.type("mine.txt");
     EXPECT_TRUE(refuses(button, "Output file \"mine.txt\" exists"));
-    spelling.txtFnameO.type("");
-    button.click();  // an empty name is not an existing file
-    spelling.txtFnameO.type("mine.txt");
     spelling.chkOverwrite.click();
-    button.click();
-    EXPECT_EQ(runtime.shells, std::vector(2, FakeRuntime::Shell{1, "\"" + script + "\""}));
-    EXPECT_EQ(runtime.files[script].text,
-              lines(R"(c:|cd "\g\"|")" + klex + "\" LONGER~1 -OO -FF -PC  -OFmine.txt|"));
+    for (const std::string blank : {"", " "}) {
+        spelling.txtFnameO.type(blank);
+        EXPECT_TRUE(refuses(button, "The output file has no name."));
+    }
+    spelling.txtFnameO.type("mine.txt");
     shortPath = R"(c:\g\longer name.kelm)";  // a drive without short names
-    button.click();
-    EXPECT_TRUE(runtime.told(
-        R"(The file "c:\g\longer name.kelm" cannot be given to the tool: its drive keeps no)", 48));
-    EXPECT_EQ(runtime.shells.size(), 2u);
+    EXPECT_TRUE(refuses(
+        button,
+        R"(The file "c:\g\longer name.kelm" cannot be given to the tool: its drive keeps)"));
+    EXPECT_FALSE(runtime.files.contains(script));
+    shortPath = R"(c:\g\LONGER~1.KEL)";
+    EXPECT_EQ(scriptStarted(1),
+              lines(R"(c:|cd "\g\"|")" + klex + "\" LONGER~1 -OO -FF -PC  -OFmine.txt|"));
 }
 
 TEST_F(Panels, TheEditorIsStartedDirectly) {
