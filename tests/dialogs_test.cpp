@@ -50,10 +50,8 @@ std::string wording(forms::Form& form) {
 /// gets the name, and the title and filter of the file dialog.
 std::string browse(forms::Form& form, FakeToolkit& toolkit) {
     std::vector<forms::TextBox*> boxes;
-    for (forms::Control* control : form.allControls()) {
-        auto* box = dynamic_cast<forms::TextBox*>(control);
-        if (box && !box->readOnly) boxes.push_back(box);
-    }
+    for (forms::Control* control : form.allControls())
+        if (auto* box = control->pathBox()) boxes.push_back(box);
     std::string lines;
     for (forms::Control* button : form.allControls()) {
         if (!button->name.starts_with("btnBrowse") || !button->usable()) continue;
@@ -75,15 +73,14 @@ std::string browse(forms::Form& form, FakeToolkit& toolkit) {
 }
 
 /// Expects that every control in sight lies within its container and that no two siblings overlap.
-void expectLaidOut(const forms::Container& container) {
+void expectLaidOut(const forms::Control& container) {
     const auto* form = dynamic_cast<const forms::Form*>(&container);
     const forms::Place defined = form ? form->style.place : forms::Place();
     const int width = std::max(container.Width(), defined.width);  // the user may have resized it
     const int height = std::max(container.Height(), defined.height);
     std::vector<const forms::Control*> before;
     for (const forms::Control* control : container.children()) {
-        if (const auto* inner = dynamic_cast<const forms::Container*>(control))
-            expectLaidOut(*inner);
+        expectLaidOut(*control);
         EXPECT_TRUE(control->Width() > 0 || !dynamic_cast<const forms::Line*>(control));
         // Panels lie on their tabs, and labels on a picture.
         if (!control->inSight() || dynamic_cast<const forms::TabStrip*>(control) ||
@@ -168,49 +165,46 @@ TEST_F(Dialogs, AFontShrinksUntilEveryCaptionOfTheFormFits) {
 
 TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
     using Dialog = dialogs::LocationsDialog;
-    using Fields = std::map<int, std::string AppState::*>;
+    using Fields = std::vector<std::pair<int, std::string AppState::*>>;
     const Fields kelm = {{0, &AppState::CompilerPath},      {3, &AppState::GuiPlayerPath},
                          {4, &AppState::ConsolePlayerPath}, {1, &AppState::DosPlayerPath},
                          {5, &AppState::ExtractorPath},     {8, &AppState::ManualHtmlPath},
                          {7, &AppState::ManualPdfPath},     {6, &AppState::TutorialPath}};
-    const Fields others = {{0, &AppState::BrowserPath},
-                           {1, &AppState::AcrobatPath},
-                           {2, &AppState::EditorPath},
-                           {9, &AppState::WordProcessorPath}};
-    const std::vector<std::function<void(Dialog&)>> ways = {
-        [](Dialog& shown) { shown.pressCancel(); }, [](Dialog& shown) { shown.close(); },
-        [](Dialog& shown) { shown.pressDefault(); }};
-    std::string filled;
+    const Fields others = {{2, &AppState::EditorPath},
+                           {9, &AppState::WordProcessorPath},
+                           {0, &AppState::BrowserPath},
+                           {1, &AppState::AcrobatPath}};
+    std::string filled;  // the boxes, in order
     toolkit.built = [&](forms::Form& built) {
-        filled.clear();
         for (forms::Control* control : built.allControls())
             if (control->name == "txtFname")
                 control->setHandler([&, control] { filled += std::to_string(control->index); });
     };
-    for (const auto& [item, fields, order] :
-         {std::tuple(&form.mnuOptionsPrograms, kelm, "03415876"),
-          std::tuple(&form.mnuOptionsOther, others, "2901")}) {
-        for (const auto& leave : ways) {
-            const bool kept = &leave == &ways.back();
-            runtime.files[ini].text = "before";
+    for (const auto& [item, fields] :
+         {std::pair(&form.mnuOptionsPrograms, kelm), std::pair(&form.mnuOptionsOther, others)}) {
+        for (const std::string way : {"OK", "Cancel", "close"}) {
+            const bool kept = way == "OK";
+            runtime.files = {{ini, {"before"}}};
+            filled.clear();
             nextDialog<Dialog>([&, &fields = fields](Dialog& shown) {
+                const std::string order = filled;
+                std::string expected;
                 for (const auto& [index, field] : fields) {
                     EXPECT_EQ(shown.txtFname(index).Text(), state.*field);
-                    shown.txtFname(index).type(std::to_string(index));
+                    if (!kept) expected += std::to_string(index);
+                    shown.txtFname(index).type(way + std::to_string(index));
                 }
-                leave(shown);
+                EXPECT_EQ(order, expected);
+                way == "close" ? shown.close()
+                               : void(kept ? shown.pressDefault() : shown.pressCancel());
                 EXPECT_TRUE(shown.unloaded());
             });
             item->click();
-            for (const auto& [index, field] : fields) {
-                EXPECT_EQ(state.*field, kept ? std::to_string(index) : "");
-            }
+            for (const auto& [index, field] : fields)
+                EXPECT_EQ(state.*field, "OK" + std::to_string(index)) << way;
             EXPECT_EQ(runtime.files[ini].text != "before", kept);
             EXPECT_EQ(runtime.files[bkp].text, kept ? "before" : "") << "one save, not two";
-            runtime.files.clear();
         }
-        nextDialog<Dialog>([&, order = order](Dialog&) { EXPECT_EQ(filled, order); });
-        item->click();
     }
 }
 
