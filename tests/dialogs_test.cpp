@@ -50,24 +50,25 @@ std::string wording(forms::Form& form) {
 /// gets the name, and the title and filter of the file dialog.
 std::string browse(forms::Form& form, FakeToolkit& toolkit) {
     std::vector<forms::TextBox*> boxes;
-    for (forms::Control* control : form.allControls())
-        if (auto* box = control->pathBox()) boxes.push_back(box);
+    for (forms::Control* control : form.allControls()) {
+        auto* box = control->pathBox();
+        if (!box) continue;
+        box->Text = box->fullName();
+        boxes.push_back(box);
+    }
     std::string lines;
     for (forms::Control* button : form.allControls()) {
         if (!button->name.starts_with("btnBrowse") || !button->usable()) continue;
-        std::string filled;
-        for (const std::string chosen : {"", "d:\\new file.x"}) {
-            for (auto* box : boxes)
-                box->Text = box->fullName();
+        for (const std::string& chosen : {std::string(), "d:\\" + button->fullName()}) {
             toolkit.fileChosen = chosen;
             button->click();
-            for (const auto* box : boxes)
-                if (box->Text() != box->fullName())
-                    filled += box->fullName() + (box->Text() == chosen ? "" : " is wrong");
         }
-        EXPECT_EQ(toolkit.fileAsked.name, filled);
-        lines += button->fullName() + "|" + filled + "|" + toolkit.fileAsked.title + "|" +
-                 toolkit.fileAsked.filter + "|\n";
+        for (const auto* box : boxes) {
+            if (box->Text() != toolkit.fileChosen) continue;
+            EXPECT_EQ(toolkit.fileAsked.name, box->fullName());
+            lines += button->fullName() + "|" + box->fullName() + "|" + toolkit.fileAsked.title +
+                     "|" + toolkit.fileAsked.filter + "|\n";
+        }
     }
     return lines;
 }
@@ -231,16 +232,6 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
         button.click();
     };
     nextDialog<List>([&](List& list) {
-        const auto remove = [&](int index) {
-            list.List1.pick(index);
-            list.btnDelete.click();
-            EXPECT_FALSE(list.btnChange.Enabled || list.btnDelete.Enabled || list.btnUp.Enabled);
-            EXPECT_EQ(std::exchange(toolkit.focused, ""), "List1");
-            const auto isButton = [](auto& any) {
-                return dynamic_cast<const forms::Button*>(&any);
-            };
-            EXPECT_EQ(forms::focusAfter(list.btnDelete, isButton), &list.btnCancel);
-        };
         const auto move = [&](int index, forms::Button& button, int to, const Names& moved) {
             list.List1.pick(index);
             button.click();
@@ -253,8 +244,16 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
         move(1, list.btnUp, 0, {"a", "b", "c", "d", "e"});
         move(4, list.btnUp, 3, {"a", "b", "c", "e", "d"});
         EXPECT_EQ(runtime.newBoxes(), Boxes{});
-        for (int index : {3, 0, 0, 1})
-            remove(index);
+        for (const int index : {3, 0, 0, 1}) {
+            list.List1.pick(index);
+            list.btnDelete.click();
+            EXPECT_FALSE(list.btnChange.Enabled || list.btnDelete.Enabled || list.btnUp.Enabled);
+            EXPECT_EQ(std::exchange(toolkit.focused, ""), "List1");
+            const auto isButton = [](auto& any) {
+                return dynamic_cast<const forms::Button*>(&any);
+            };
+            EXPECT_EQ(forms::focusAfter(list.btnDelete, isButton), &list.btnCancel);
+        }
         add(list.btnAdd, "c:\\n w");
         EXPECT_EQ(list.List1.ListIndex, 1);
         list.List1.pick(0);
@@ -366,28 +365,29 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
 }
 
 TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
-    auto& help = form.help;
-    const struct {
-        forms::MenuItem* item;
-        std::string document;
-        std::string AppState::*path = nullptr;
-    } documents[] = {{&help.mnuHelpStart, R"(c:\nwb\GettingStarted.htm)"},
-                     {&help.mnuHelpContents, R"(c:\nwb\default.htm)"},
-                     {&help.mnuHelpTutorial, "t.htm", &AppState::TutorialPath},
-                     {&help.mnuHelpManual, "m.html", &AppState::ManualHtmlPath},
-                     {&help.mnuHelpManPDF, "m.pdf", &AppState::ManualPdfPath},
-                     {&help.mnuHelpExample, R"(c:\nwb\examples.htm)"},
-                     {&help.mnuHelpLibrary, R"(c:\nwb\UsingStd-iLibraryContents.htm)"},
-                     {&help.mnuHelpPFE, R"(c:\nwb\SettingUpPFEContents.htm)"},
-                     {&help.mnuHelpBeta, R"(c:\nwb\credits.htm)"}};
-    for (const auto& [item, document, path] : documents) {
-        if (path) {
-            state.*path = document;
+    std::map<std::string, std::string AppState::*> paths = {{"t.htm", &AppState::TutorialPath},
+                                                            {"m.html", &AppState::ManualHtmlPath},
+                                                            {"m.pdf", &AppState::ManualPdfPath}};
+    const std::string pages = R"(c:\nwb\)";
+    const Names documents = {pages + "GettingStarted.htm",
+                             pages + "default.htm",
+                             "t.htm",
+                             "m.html",
+                             "m.pdf",
+                             pages + "examples.htm",
+                             pages + "UsingStd-iLibraryContents.htm",
+                             pages + "SettingUpPFEContents.htm",
+                             pages + "credits.htm"};
+    auto document = documents.begin();
+    for (forms::Control* item : form.help.mnuHelp.children()) {
+        if (item->Caption() == "-" || item == &form.help.mnuHelpAbout) continue;
+        if (paths.contains(*document)) {
+            state.*paths[*document] = *document;
             form.tbsOptions.pick(2);
             EXPECT_FALSE(item->usable()) << "enabled from the next start";
-            help.fitToPaths();
+            form.help.fitToPaths();
         }
-        const bool pdf = document == "m.pdf";
+        const bool pdf = *document == "m.pdf";
         state.BrowserPath = state.AcrobatPath = "";
         item->click();
         EXPECT_TRUE(runtime.told(std::string(pdf ? "Acrobat Reader" : "Web Browser") +
@@ -397,7 +397,7 @@ TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
         item->click();
         const std::string viewer = pdf ? R"("a.exe" ")" : R"("b.exe" ")";
         EXPECT_EQ(std::exchange(runtime.shells, {}),
-                  (std::vector<FakeRuntime::Shell>{{1, viewer + document + '"'}}));
+                  (std::vector<FakeRuntime::Shell>{{1, viewer + *document++ + '"'}}));
     }
 }
 

@@ -28,7 +28,7 @@ struct Panels : testing::Test, Desk {
     tools::SpellingPanel& spelling = form.spelling;
 
     /// True if a click shows exactly one box, whose text starts so.
-    auto refuses(forms::Button& button, const std::string& start, int flags = 0,
+    bool refuses(forms::Button& button, const std::string& start, int flags = 0,
                  const std::string& title = "") {
         button.click();
         return runtime.told(start, flags, title);
@@ -108,11 +108,10 @@ TEST_F(Panels, APressOfCompileWritesAndStartsTheScript) {
     runtime.files[R"(c:\my games\cave.kel)"];
     runtime.files[state.CompilerPath];
     compile.txtFname.type(R"(c:\my games\cave.kel)");
-    compile.optFormat(2).click();
-    compile.chkDebug.click();
-    compile.chkFullsource.click();
-    compile.optCharset(1).click();
-    compile.optEditor(1).click();
+    for (forms::Control* option : std::initializer_list<forms::Control*>{
+             &compile.optFormat(2), &compile.chkDebug, &compile.chkFullsource,
+             &compile.optCharset(1), &compile.optEditor(1)})
+        option->click();
     // The viewer keeps the path that it had when it was chosen.
     runtime.files[state.EditorPath = "other.exe"];
     play.txtFnameP.Text = R"(d:\other.kcd)";  // changes the stem that the panels share
@@ -153,7 +152,7 @@ TEST_F(Panels, CompileChecksInOrder) {
     runtime.shortNames[base + ".kel"] = base + ".kel";  // a drive without short names
     runtime.files[base + ".kcd"].changed = 12;
     runtime.answer = core::Runtime::Answer::Yes;
-    runtime.whileBoxIsOpen = [this] { spelling.txtFnameS.Text = "long too.kel"; };
+    runtime.whileBoxIsOpen = [this] { spelling.txtFnameS.Text = "far too long.kel"; };
     const auto commands = [](const std::string& stem) {
         return tool + stem + " -List -Height 0|notepad " + stem + ".lis|exit|||pause|||exit|";
     };

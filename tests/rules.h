@@ -34,14 +34,11 @@ inline void expectCommand(const std::string& text, const std::string& fileText, 
 
 inline void expectPlay(tools::PlayPanel& panel) {
     const bool replay = panel.chkPlayback.Value;
-    int selected = 0;
-    int stops = 0;
-    for (const int i : {0, 1, 2}) {
-        selected += panel.optRecord(i).Value + 10 * panel.optPlayer(i).Value;
-        stops += panel.optRecord(i).isTabStop() + 10 * panel.optPlayer(i).isTabStop();
+    for (const auto* group : {&panel.optRecord, &panel.optPlayer}) {
+        const auto& [one, two, three] = std::tie((*group)(0), (*group)(1), (*group)(2));
+        ASSERT_EQ(one.Value + two.Value + three.Value, 1);
+        ASSERT_EQ(one.isTabStop() + two.isTabStop() + three.isTabStop(), 1);
     }
-    ASSERT_EQ(selected, 11);
-    ASSERT_EQ(stops, 11);
     for (const Control* control : panel.labLogfile.parent()->children())
         ASSERT_EQ(control->Enabled, replay || control == &panel.chkPlayback);
     expectCommand(panel.txtCmdlineP.Text, panel.txtFnameP.Text, 1,

@@ -291,13 +291,13 @@ class ControlArray {
 /// 1. Declare its class above, with its properties and a method for each user action, and its
 ///    `accept` in controls.cpp.
 /// 2. Declare its overload here. The compiler then names every visitor that lacks it: the ones that
-///    create the peers, the one that fits the font, and the user of the random walk.
-/// 3. Write its peer for each toolkit, in platform/qt and platform/win32, and list its source file
-///    in their CMakeLists.txt.
+///    create the peers, the one that fits the font, the user of the random walk, and the one that
+///    checks what a screen reader is told.
+/// 3. Write its peer for each toolkit, in platform/linux/qt and platform/windows/win32, and list
+/// its
+///    source file in their CMakeLists.txt.
 /// 4. In tests check it in qt_test.cpp and win32_test.cpp. Let the random walks of the windows act
 ///    on it and compare its value.
-/// 5. In tour add its role for screen readers to `roles` in screen_reader_tour.cpp, and if a user
-///    acts on it, in assistive_user.cpp.
 /// A control of the new kind on a form then needs its line in tests/wording.txt.
 class ControlVisitor {
   public:

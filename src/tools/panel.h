@@ -16,10 +16,9 @@
 ///    command.
 /// 2. In the panel's source let the handler set the field and rebuild the command text, and add the
 ///    field to the rebuild. A new frame goes to applyHideBox too.
-/// 3. In tests add the control's line to wording.txt, its part of the command to rules.h, against
-///    which the random walks check the rebuild, and a click on it to the panel's test.
-/// 4. In tour/assistive_user.cpp add what it puts into a script to `switches`.
-/// 5. In pages/default.htm add its row and its mnemonic, and run scripts/take-pictures.
+/// 3. In tests add the control's line to wording.txt, and its part of the command to rules.h: the
+///    test that clicks every option and the random walks check it from there.
+/// 4. In pages/default.htm add its row and its mnemonic, and run scripts/take-pictures.
 namespace tools::panel {
 
 inline constexpr forms::Place whole{0, 0, 6120, 5250};
