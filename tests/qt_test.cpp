@@ -4,6 +4,7 @@
 #include <QtWidgets>
 
 #include "fakes.h"
+#include "platform/linux/disk/short_names.h"
 #include "platform/linux/qt/application.h"
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/form_window.h"
@@ -30,12 +31,14 @@ struct Windows : testing::Test {
     std::string heard;
     std::string host;
     fakes::FakeRuntime runtime;
-    qt::QtToolkit toolkit{[this](const std::string& path) {
-                              return path[0] == 'q'
-                                         ? std::nullopt
-                                         : std::optional<platform::HostPath>(host + path.substr(2));
-                          },
-                          [](const platform::HostPath& path) { return "c:" + path.text(); }};
+    qt::QtToolkit toolkit{
+        [this](const std::string& path) {
+            return path[0] == 'q' ? std::nullopt
+                                  : std::optional<platform::HostPath>(host + path.substr(2));
+        },
+        [](const platform::HostPath& path) {
+            return platform::fitsWindows(path.text()) ? "c:" + path.text() : "c:\\SHORT~1";
+        }};
     Application application{toolkit, [this](const std::string& text) { told += text; }};
     core::Program program{runtime, application, {}};
     console::frmConsole* form = nullptr;
@@ -230,10 +233,23 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
     const QUrl fileUrl = QUrl::fromLocalFile(folder.filePath("my cave.kel"));
     const std::string file = fileUrl.toLocalFile().toStdString();
     const std::string url = fileUrl.toString().toStdString();
-    QFile(name(file)).open(QIODevice::WriteOnly);
+    const std::string odd = folder
+                                .filePath(
+                                    "a\x7f"
+                                    "b\tc.kel")
+                                .toStdString();
+    for (const std::string& made : {file, odd})
+        QFile(name(made)).open(QIODevice::WriteOnly);
     const std::pair<std::string, std::string> pasted[] = {
-        {"c:\\a\tb\r\nc", "c:\\ab"}, {url, "c:" + file},       {url + "\n" + url, "c:" + file},
-        {url + "x", url + "x"},      {"/no/such", "/no/such"}, {file, "c:" + file}};
+        {"c:\\a\tb\r\nc", "c:\\ab"},
+        {url, "c:" + file},
+        {url + "\n" + url, "c:" + file},
+        {url + "x", url + "x"},
+        {"/no/such", "/no/such"},
+        {file, "c:" + file},
+        {odd + "\n", "c:\\SHORT~1"},
+        {"file://other" + file, "file://other" + file},
+        {"file://localhost" + file, "c:" + file}};
     for (const auto& [text, expected] : pasted) {
         line.clear();
         QApplication::clipboard()->setText(name(text));
@@ -254,20 +270,27 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
     QTest::keyClicks(&line, name(file));
     EXPECT_EQ(form->compile.txtFname.Text(), file) << "typed texts stay as they are";
     for (QWidget* place : QWidgetList{window->centralWidget(), &line, &widget(form->tbsOptions)}) {
-        for (const int files : {2, 1}) {
+        const QByteArray path = fileUrl.toEncoded().mid(7);
+        const std::pair<QList<QUrl>, std::string> drops[] = {
+            {{fileUrl, fileUrl}, "old"},
+            {{fileUrl}, "c:" + file},
+            {{QUrl::fromEncoded("file://localhost" + path)}, "c:" + file},
+            {{QUrl::fromEncoded("file://other" + path)}, "old"},
+            {{QUrl::fromEncoded("file:///caf%E9.kel")}, "c:\\SHORT~1"}};
+        for (const auto& [urls, expected] : drops) {
             line.setText("old");
             QMimeData data;
-            data.setUrls(QList<QUrl>(files, fileUrl));
+            data.setUrls(urls);
             const auto actions = Qt::MoveAction | Qt::CopyAction;
             QDragEnterEvent enter({9, 9}, actions, &data, Qt::LeftButton, {});
             QDropEvent drop({9, 9}, actions, &data, Qt::LeftButton, {});
             QCoreApplication::sendEvent(place, &enter);
-            EXPECT_EQ(enter.isAccepted(), files == 1);
+            EXPECT_EQ(enter.isAccepted(), expected != "old");
             EXPECT_EQ(line.text(), "old");
             QCoreApplication::sendEvent(place, &drop);
-            EXPECT_EQ(form->compile.txtFname.Text(), files == 1 ? "c:" + file : "old");
+            EXPECT_EQ(form->compile.txtFname.Text(), expected) << urls[0].toString().toStdString();
             EXPECT_NE(drop.dropAction(), Qt::MoveAction);
-            EXPECT_EQ(drop.isAccepted(), files == 1);
+            EXPECT_EQ(drop.isAccepted(), expected != "old");
         }
     }
 }
@@ -276,6 +299,12 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
     const QTemporaryDir folder;
     host = folder.path().toStdString();
     ASSERT_TRUE(QDir(folder.path()).mkdir("games"));
+    QTimer::singleShot(0, [] {
+        auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+        EXPECT_EQ(dialog->directory(), QDir::current());
+        dialog->reject();
+    });
+    EXPECT_EQ(toolkit.chooseFile(*form, {"Select", "All Files (*.*)|*.*", "cave.kel"}), "");
     for (const auto& [offered, shown] : std::map<std::string, QString>{
              {"c:/games/new.kel", "new.kel"}, {"c|b?", ""}, {std::string(261, 'x'), ""}}) {
         QTimer::singleShot(0, [&, &shown = shown] {

@@ -47,10 +47,15 @@ class FileDialog : public QFileDialog {
         auto* edit = findChild<QLineEdit*>("fileNameEdit");
         static const QRegularExpression drive("^[a-zA-Z]:");
         if (edit && drive.match(edit->text()).hasMatch()) {
-            const auto path = toHost_(edit->text().toStdString());
+            QString problem = "There is no drive " + edit->text().left(2);
+            std::optional<platform::HostPath> path;
+            try {
+                path = toHost_(edit->text().toStdString());
+            } catch (const forms::RuntimeError& error) {
+                problem = QString::fromUtf8(error.what());
+            }
             if (!path) {
-                QMessageBox::warning(this, windowTitle(),
-                                     "There is no drive " + edit->text().left(2));
+                QMessageBox::warning(this, windowTitle(), problem);
                 return;
             }
             edit->setText(QString::fromStdString(path->text()));
@@ -94,7 +99,9 @@ FileChooser::FileChooser(ToHost toHost, ToWindows toWindows)
 
 std::string FileChooser::choose(QWidget& owner, const forms::FileQuestion& question) {
     const OfferedName offered = offeredName(question.name);
-    if (!offered.folder.isEmpty()) {
+    if (offered.folder.isEmpty() && !offered.file.isEmpty()) {
+        folder_ = QDir::currentPath();
+    } else if (!offered.folder.isEmpty()) {
         const auto place = toHost_(offered.folder.toStdString());
         const QString folder = place ? QString::fromStdString(place->text()) : QDir::homePath();
         if (QDir(folder).exists()) folder_ = folder;

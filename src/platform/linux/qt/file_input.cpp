@@ -2,19 +2,41 @@
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QUrl>
 #include <algorithm>
+#include <filesystem>
 
 #include "forms/drop.h"
 #include "platform/linux/qt/peers.h"
 
 namespace qt {
+
+namespace {
+
+/// Returns nullopt if the URL is none of a file on this computer.
+std::optional<platform::HostPath> localFile(const QUrl& url) {
+    const bool isHere = url.host().isEmpty() || url.host() == "localhost" ||
+                        url.host() == QSysInfo::machineHostName().toLower();
+    if (!url.isLocalFile() || !isHere) return {};
+    // Keeps the bytes of a name that is not UTF-8.
+    const QByteArray path = url.path(QUrl::FullyEncoded).toLatin1();
+    return platform::HostPath(QByteArray::fromPercentEncoding(path).toStdString());
+}
+
+/// Returns nullopt if the text is neither an absolute path nor the URL of a local file.
+std::optional<platform::HostPath> hostPath(const QString& text) {
+    if (text.startsWith("file://")) return localFile(QUrl(text));
+    if (text.startsWith('/')) return platform::HostPath(text.toStdString());
+    return {};
+}
+
+}  // namespace
 
 FileInput::FileInput(forms::Form& form, QMainWindow& window, ToWindows toWindows)
     : form_(form), window_(window), toWindows_(std::move(toWindows)) {
@@ -60,8 +82,8 @@ bool FileInput::drop(QWidget& on, QDropEvent& event) {
     if (std::ranges::none_of(urls, [](const QUrl& url) { return url.isLocalFile(); })) return false;
     const QWidget* at = on.childAt(event.position().toPoint());
     forms::Control* control = controlOf(form_, at ? at : &on);
-    forms::TextBox* box =
-        urls.size() == 1 ? forms::dropTarget(control ? *control : form_) : nullptr;
+    const auto file = urls.size() == 1 ? localFile(urls.front()) : std::nullopt;
+    forms::TextBox* box = file ? forms::dropTarget(control ? *control : form_) : nullptr;
     if (!box) {
         event.ignore();
         return true;
@@ -70,15 +92,17 @@ bool FileInput::drop(QWidget& on, QDropEvent& event) {
     event.accept();
     if (event.type() != QEvent::Drop) return true;
     window_.activateWindow();
-    box->type(toWindows_(platform::HostPath(urls.front().toLocalFile().toStdString())));
+    box->type(toWindows_(*file));
     return true;
 }
 
 bool FileInput::paste(QLineEdit& edit, QClipboard::Mode mode) {
     const auto* box = dynamic_cast<forms::TextBox*>(controlOf(form_, &edit));
     if (!box || edit.isReadOnly()) return false;
-    const std::string text = box->fitting(QGuiApplication::clipboard()->text(mode).toStdString());
-    edit.insert(QString::fromStdString(box->holdsPath ? windowsPath(text) : text));
+    const QString text = QGuiApplication::clipboard()->text(mode);
+    // Control characters may be part of a file's name, so they are removed from other texts only.
+    const auto path = box->holdsPath ? windowsPath(text) : std::nullopt;
+    edit.insert(QString::fromStdString(path ? *path : box->fitting(text.toStdString())));
     return true;
 }
 
@@ -96,12 +120,15 @@ bool FileInput::openMenu(QLineEdit& edit, const QPoint& place) {
     return true;
 }
 
-/// Returns the text unchanged if it is not an existing host path.
-std::string FileInput::windowsPath(const std::string& text) const {
-    QString path = QString::fromStdString(text);
-    if (path.startsWith("file:///")) path = QUrl(path).toLocalFile();
-    if (!path.startsWith('/') || !QFileInfo::exists(path)) return text;
-    return toWindows_(platform::HostPath(path.toStdString()));
+/// Returns nullopt if neither the text nor its first line is an existing host path.
+std::optional<std::string> FileInput::windowsPath(const QString& text) const {
+    static const QRegularExpression lineBreak("[\r\n]");
+    for (const QString& path : {text, text.section(lineBreak, 0, 0)}) {
+        const auto file = hostPath(path);
+        std::error_code failed;
+        if (file && std::filesystem::exists(file->text(), failed)) return toWindows_(*file);
+    }
+    return {};
 }
 
 }  // namespace qt

@@ -36,7 +36,7 @@ class FileInput : public QObject {
     bool drop(QWidget& on, QDropEvent& event);
     bool paste(QLineEdit& edit, QClipboard::Mode mode);
     bool openMenu(QLineEdit& edit, const QPoint& place);
-    [[nodiscard]] std::string windowsPath(const std::string& text) const;
+    [[nodiscard]] std::optional<std::string> windowsPath(const QString& text) const;
 
     forms::Form& form_;
     QMainWindow& window_;
