@@ -1,4 +1,4 @@
-// Short names are short, each belongs to one file, and a file keeps its own when others are added.
+// Short names are short, each means one file or none, and depends on the stems in its folder only.
 
 #include "platform/linux/disk/short_names.h"
 
@@ -28,38 +28,48 @@ Names namesIn(std::string_view input) {
     return names;
 }
 
-platform::ShortNames shortNamesOf(const Names& names) {
-    return {names, [&](const std::string& name) {
-                return std::ranges::find(names, name) - names.begin();
-            }};
+/// The names in reverse order and with another extension.
+Names otherwise(const Names& names) {
+    Names others;
+    for (const std::string& name : names)
+        others.insert(others.begin(), std::string(NameParts(name).stem) + ".other");
+    return others;
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-    Names names = namesIn({reinterpret_cast<const char*>(data), size});
-    const auto all = shortNamesOf(names);
-    const auto again = shortNamesOf(names);
+    const Names names = namesIn({reinterpret_cast<const char*>(data), size});
+    const platform::ShortNames all(names);
+    const platform::ShortNames others(otherwise(names));
     std::set<std::string> seen;
     for (const std::string& name : names) {
-        const std::string shortName = platform::isShortName(name) ? name : all.shortFor(name);
+        const std::string shortName = all.shortFor(name);
         const NameParts parts(shortName);
         check(platform::isShortName(shortName), "a short name is short");
         check(!parts.stem.empty() && parts.stem.size() <= 8 && parts.extension.size() <= 3, "8.3");
+        check(!shortName.starts_with('-') && !shortName.starts_with('+'), "it is no option");
+        check(platform::fitsWindows(shortName), "it fits a Windows path");
         if (shortName == name) continue;
-        check(seen.insert(platform::caseFolded(shortName)).second, "no two files share one");
-        check(std::ranges::find(names, shortName) == names.end(), "nor has a third it");
-        check(all.nameFor(shortName) == name, "it leads back to its file");
-        check(again.shortFor(name) == shortName, "it is the same at each call");
-        const std::string sibling = all.withLongStem(std::string(parts.stem) + ".new");
-        check(platform::equalIgnoringCase(NameParts(sibling).stem, NameParts(name).stem),
+        const bool isFirst = seen.insert(shortName).second;
+        check(std::ranges::none_of(names,
+                                   [&](const std::string& other) {
+                                       return platform::equalIgnoringCase(other, shortName);
+                                   }),
+              "no name on the disk is it");
+        const std::string longName = all.longFor(shortName);
+        check(longName == (isFirst ? name : shortName) || longName == shortName,
+              "it leads back to its file or nowhere");
+        check(platform::fitsWindows(name) || parts.stem.substr(1, 1) == "~", "it has a digest");
+        const std::string sibling = all.longFor(std::string(parts.stem) + ".new");
+        const bool isShort = sibling.starts_with(std::string(parts.stem));
+        check(NameParts(sibling).stem == NameParts(name).stem || isShort,
               "its stem stands for the long one");
+        const std::string_view stem = NameParts(name).stem;
+        if (!platform::fitsWindows(name) || !NameParts(std::string(stem) + ".other").stem.size())
+            continue;
+        const std::string other = others.shortFor(std::string(stem) + ".other");
+        check(NameParts(other).stem == parts.stem, "it depends on the stems only");
     }
-    // A new name that looks like a short one may take over a stem; any other changes none.
-    if (names.empty() || NameParts(names.back()).stem.size() <= 8) return 0;
-    names.pop_back();
-    const auto before = shortNamesOf(names);
-    for (const std::string& name : names)
-        check(before.shortFor(name) == all.shortFor(name), "a new file takes no name away");
     return 0;
 }

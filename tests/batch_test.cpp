@@ -84,7 +84,7 @@ TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
     write(c / "my games/a\\..\\..\\x.kel");
     program(c / "kelm/krun.exe", "MZ");
     const std::string line =
-        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 c:\\MYGAME~1\\x A____X~1.KEL -d";
+        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 c:\\MYGAME~1\\x A~BE8QYT.KEL -d";
     EXPECT_FALSE(run(line));
     EXPECT_NE(shown.find("c:\\kelm\\krun.exe is a Windows program, and Wine is not installed."),
               std::string::npos);
@@ -92,7 +92,7 @@ TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
     EXPECT_TRUE(run(line + " < wizardquest.kel"));
     EXPECT_EQ(echoed(),
               (c / "my games").string() +
-                  "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][A____X~1.KEL][-d]\n");
+                  "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][A~BE8QYT.KEL][-d]\n");
     program(home / "bin/wine", "#!/bin/sh\necho $WINEPREFIX > $NWBW_ECHO\n");
     EXPECT_TRUE(run(line));
     EXPECT_EQ(echoed(), (home / "nwbw\n").string());

@@ -101,7 +101,7 @@ TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {
 
     const std::jthread heldForAWhile = hold(place / "x.tmp");
     runtime.vbaNameFile(in("x.tmp"), in("y.ini"));
-    const std::string y = in("y.ini"), x = in("none\\x"), old = in("OLD.ini");
+    const std::string y = in("y.ini"), x = in("none\\x"), old = in("old.ini");
     const std::pair<std::function<void()>, std::string> failures[] = {
         {[&] { runtime.vbaNameFile(y, old); }, "Cannot rename " + y + " to " + old + ": "},
         {[&] { runtime.rtcKillFiles(x); }, "Cannot delete " + x + ": "},

@@ -5,9 +5,7 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTimer>
 #include <cerrno>
 #include <cstring>
@@ -32,7 +30,7 @@ namespace {
 bool isOrdinaryFile(const HostPath& host, const std::string& path) {
     struct stat state = {};
     if (stat(host.c_str(), &state) == 0) return S_ISREG(state.st_mode);
-    if (errno == EACCES || errno == EIO || errno == ESTALE) fail("look up", path);
+    if (!tellsOfNoFile(errno)) fail("look up", path);
     return false;
 }
 
@@ -61,10 +59,10 @@ LinuxRuntime::LinuxRuntime(MessageBox messageBox, const HostPath& programFolder)
 }
 
 std::string LinuxRuntime::TempPath() {
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    const QString folder = cache + "/nwbw";
-    QDir().mkpath(folder);
-    return disk_.toWindows(HostPath(folder.toStdString()));
+    const HostPath folder = userFolder("XDG_CACHE_HOME", ".cache") / "nwbw";
+    std::error_code failed;
+    fs::create_directories(folder.text(), failed);
+    return disk_.toWindows(folder);
 }
 
 std::string LinuxRuntime::rtcDir(const std::string& path) {
@@ -147,9 +145,9 @@ void LinuxRuntime::rtcKillFiles(const std::string& path) {
 }
 
 void LinuxRuntime::vbaNameFile(const std::string& from, const std::string& to) {
-    if (!renameToNew(hostPath("rename", from), hostPath("rename to", to))) {
-        fail("rename " + from + " to", to);
-    }
+    const auto target = disk_.toNewHost(to);
+    if (!target) core::failTo("rename to", to, "No such drive");
+    if (!renameToNew(hostPath("rename", from), *target)) fail("rename " + from + " to", to);
 }
 
 void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
@@ -225,12 +223,12 @@ std::string LinuxRuntime::currentFolder() {
 std::vector<std::string> LinuxRuntime::folders(const std::string& path) {
     std::vector<std::string> names;
     try {
-        for (const fs::directory_entry& entry :
-             fs::directory_iterator(hostPath("open", path).text())) {
-            const bool hidden = entry.path().filename().string().starts_with('.');
+        const HostPath folder = hostPath("open", path);
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder.text())) {
+            const std::string name = entry.path().filename();
             std::error_code unreadable;
-            if (hidden || !entry.is_directory(unreadable)) continue;
-            names.emplace_back(core::afterLast(disk_.toWindows(HostPath(entry.path())), '\\'));
+            if (name.starts_with('.') || !entry.is_directory(unreadable)) continue;
+            names.push_back(disk_.windowsName(folder, name));
         }
     } catch (const fs::filesystem_error& error) {
         core::failTo("open", path, error.code().message());

@@ -1,11 +1,10 @@
 #include "platform/linux/disk/drives.h"
 
-#include <QDir>
-#include <QStandardPaths>
 #include <filesystem>
 #include <system_error>
 
 #include "platform/linux/disk/case_fold.h"
+#include "platform/linux/disk/files.h"
 
 namespace platform {
 
@@ -15,22 +14,10 @@ namespace {
 
 constexpr const char* linksFolder = "dosdevices";
 
-std::string ownPrefix() {
-    const auto data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return data.toStdString() + "/nwbw";
-}
-
-std::string usersPrefix() {
-    std::error_code none;
-    const char* set = std::getenv("WINEPREFIX");
-    const std::string wine = set != nullptr ? set : QDir::homePath().toStdString() + "/.wine";
-    return fs::is_directory(fs::path(wine) / linksFolder, none) ? wine : ownPrefix();
-}
-
-/// Ignores errors: the program then has no drives, but host paths still work.
+/// Makes what is missing. Ignores errors: the program then has no drives, but host paths still
+/// work.
 void makePrefix(const fs::path& prefix) {
     std::error_code failed;
-    if (fs::exists(prefix / linksFolder, failed)) return;
     fs::create_directories(prefix / "drive_c", failed);
     fs::create_directories(prefix / linksFolder, failed);
     fs::create_directory_symlink("../drive_c", prefix / linksFolder / "c:", failed);
@@ -40,32 +27,39 @@ void makePrefix(const fs::path& prefix) {
 }  // namespace
 
 Drives Drives::ofUser() {
-    const HostPath prefix(usersPrefix());
-    makePrefix(prefix.text());
-    return Drives(prefix);
-}
-
-Drives::Drives(HostPath prefix) : prefix_(std::move(prefix)) {
-    std::error_code failed;
-    fs::directory_iterator links((prefix_ / linksFolder).text(), failed);
-    for (; links != fs::directory_iterator(); links.increment(failed)) {
-        const fs::directory_entry& link = *links;
-        const std::string name = link.path().filename().string();
-        if (name.size() != 2 || !isLetter(name[0]) || name[1] != ':') continue;
-        const fs::path target = fs::canonical(link.path(), failed);
-        if (!failed) folders_.emplace(caseFolded(name)[0], target);
-    }
+    std::error_code none;
+    const HostPath wine = userFolder("WINEPREFIX", ".wine");
+    if (fs::is_directory((wine / linksFolder).text(), none)) return Drives(wine);
+    const HostPath own = userFolder("XDG_DATA_HOME", ".local/share") / "nwbw";
+    makePrefix(own.text());
+    return Drives(own);
 }
 
 std::optional<HostPath> Drives::folderOf(char letter) const {
-    const auto found = folders_.find(caseFolded({&letter, 1})[0]);
-    if (found == folders_.end()) return {};
-    return found->second;
+    const HostPath links = prefix_ / linksFolder;
+    for (const char name : {letter | 0x20, letter & ~0x20}) {
+        std::error_code failed;
+        const fs::path target = fs::canonical((links / std::string{name, ':'}).text(), failed);
+        if (!failed) return HostPath(target);
+    }
+    return {};
+}
+
+std::map<char, HostPath> Drives::folders() const {
+    std::map<char, HostPath> folders;
+    std::error_code failed;
+    fs::directory_iterator links((prefix_ / linksFolder).text(), failed);
+    for (; links != fs::directory_iterator(); links.increment(failed)) {
+        const std::string name = links->path().filename();
+        if (name.size() != 2 || !isLetter(name[0]) || name[1] != ':') continue;
+        if (const auto folder = folderOf(name[0])) folders.emplace(caseFolded(name)[0], *folder);
+    }
+    return folders;
 }
 
 std::optional<Drives::Place> Drives::placeOf(const HostPath& path) const {
     std::optional<Place> best;
-    for (const auto& [letter, folder] : folders_) {
+    for (const auto& [letter, folder] : folders()) {
         const bool inner = !best || (folder.isIn(best->folder) && folder != best->folder);
         if (inner && path.isIn(folder)) best = {{letter, ':'}, folder};
     }
@@ -74,7 +68,7 @@ std::optional<Drives::Place> Drives::placeOf(const HostPath& path) const {
 
 std::vector<std::string> Drives::names() const {
     std::vector<std::string> names;
-    for (const auto& [letter, folder] : folders_)
+    for (const auto& [letter, folder] : folders())
         names.push_back(std::string{letter, ':'});
     return names;
 }

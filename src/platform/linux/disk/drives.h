@@ -10,14 +10,15 @@
 namespace platform {
 
 /// The drive letters: links "c:", "d:", "z:", ... in one folder, as in the dosdevices of a Wine
-/// prefix. Their folders are canonical.
+/// prefix. Their folders are canonical. A link is looked at when it is used, since a drive can
+/// appear at any time.
 class Drives {
   public:
     /// Returns the drives of the user's Wine prefix or, if there is none, of a prefix of our own.
-    /// That is created at the first start, with a new folder as c: and the root of the host as z:.
+    /// There, c: is a new folder and z: the root of the host, unless the user has linked them
+    /// otherwise.
     static Drives ofUser();
-    /// Reads the drives of the prefix.
-    explicit Drives(HostPath prefix);
+    explicit Drives(HostPath prefix) : prefix_(std::move(prefix)) {}
 
     /// Returns the folder of a drive letter in either case, or nullopt if there is no such drive.
     [[nodiscard]] std::optional<HostPath> folderOf(char letter) const;
@@ -36,8 +37,10 @@ class Drives {
     [[nodiscard]] const HostPath& prefix() const { return prefix_; }
 
   private:
+    /// Returns the drives' folders by lower-case letter.
+    [[nodiscard]] std::map<char, HostPath> folders() const;
+
     HostPath prefix_;
-    std::map<char, HostPath> folders_;  ///< by lower-case letter
 };
 
 }  // namespace platform

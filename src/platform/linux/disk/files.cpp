@@ -3,8 +3,10 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <QDir>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -13,6 +15,12 @@ namespace platform {
 HostPath folderOfProgram() {
     std::error_code failed;
     return HostPath(std::filesystem::read_symlink("/proc/self/exe", failed).parent_path());
+}
+
+HostPath userFolder(const char* variable, const std::string& inHome) {
+    const char* set = std::getenv(variable);
+    if (set != nullptr && *set == '/') return HostPath(set);
+    return HostPath(QDir::homePath().toStdString()) / inHome;
 }
 
 bool renameToNew(const HostPath& from, const HostPath& to) {
@@ -27,18 +35,16 @@ bool renameToNew(const HostPath& from, const HostPath& to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
 }
 
+bool tellsOfNoFile(int error) {
+    return error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG;
+}
+
 DIR* openFolder(const HostPath& path) {
     constexpr int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
     int handle = open(path.c_str(), flags | O_NOATIME);
     // Only the folder's owner may do that.
     if (handle < 0 && errno == EPERM) handle = open(path.c_str(), flags);
     return handle < 0 ? nullptr : fdopendir(handle);
-}
-
-std::int64_t createdAt(const HostPath& path) {
-    struct statx state = {};  // the time stays 0 where the file system does not know it
-    statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BTIME, &state);
-    return state.stx_btime.tv_sec * 1'000'000'000LL + state.stx_btime.tv_nsec;
 }
 
 }  // namespace platform

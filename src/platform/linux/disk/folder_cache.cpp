@@ -3,6 +3,7 @@
 #include <dirent.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <memory>
@@ -50,10 +51,13 @@ std::optional<Folder> Folder::read(const HostPath& path) {
     Folder folder(path);
     if (!handle || fstat(dirfd(handle.get()), &folder.state_) != 0) return {};
     folder.settled_ = showsChanges(folder.state_);
+    errno = 0;
     while (const dirent* entry = readdir(handle.get())) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") folder.names_.emplace_back(name);
+        errno = 0;
     }
+    if (errno != 0) return {};
     std::ranges::sort(folder.names_);
     return folder;
 }
@@ -86,20 +90,15 @@ const std::string* Folder::findInAnyCase(std::string_view name) {
 const std::string* Folder::find(std::string_view name) {
     if (const std::string* exact = findExact(name)) return exact;
     if (const std::string* known = findInAnyCase(name)) return known;
-    if (!endsAsShortened(name)) return nullptr;
-    const std::string longName = shortNames().nameFor(name);
-    if (!longName.empty()) return findExact(longName);
-    const std::string other = nameForNew(name);
-    return other == name ? nullptr : find(other);
+    // A name that differs from the long one in case is another file.
+    return findExact(nameForNew(name));
 }
 
 std::string Folder::nameForNew(std::string_view name) {
-    if (!endsAsShortened(name)) return std::string(name);
-    const std::string longName = shortNames().withLongStem(name);
-    return longName.empty() ? std::string(name) : longName;
+    return mayBeShortened(name) ? shortNames().longFor(name) : std::string(name);
 }
 
-const std::string& Folder::shortFor(const std::string& name) {
+std::string Folder::shortFor(const std::string& name) {
     return isShortName(name) ? name : shortNames().shortFor(name);
 }
 
@@ -114,9 +113,7 @@ std::string Folder::spelledStem(std::string_view stem) const {
 }
 
 ShortNames& Folder::shortNames() {
-    if (!shortNames_) {
-        shortNames_.emplace(names_, [this](const auto& name) { return createdAt(path_ / name); });
-    }
+    if (!shortNames_) shortNames_.emplace(names_);
     return *shortNames_;
 }
 

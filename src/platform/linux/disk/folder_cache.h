@@ -16,16 +16,16 @@ namespace platform {
 /// The names in a host folder at the time it was read.
 class Folder {
   public:
-    /// Reads the folder. Returns nullopt if it cannot be listed.
+    /// Reads the folder. Returns nullopt with errno set if it cannot be listed.
     static std::optional<Folder> read(const HostPath& path);
 
     /// Finds the name on the disk that `name` means: the exact one, else one in another case, else
-    /// the one with that short name. Returns null if there is none.
+    /// the one with that short name. Returns null if there is none, or no single one.
     const std::string* find(std::string_view name);
     /// Returns the name to use if `find` finds none: with its long stem in place of a short one.
     std::string nameForNew(std::string_view name);
     /// Returns the short form of a name in this folder.
-    const std::string& shortFor(const std::string& name);
+    std::string shortFor(const std::string& name);
     /// Returns the stem in the case that the names of this folder give it, or unchanged if none has
     /// it.
     [[nodiscard]] std::string spelledStem(std::string_view stem) const;
@@ -53,7 +53,8 @@ class Folder {
 /// Keeps folders that were read until they change.
 class FolderCache {
   public:
-    /// Returns the folder as it is now, or null if it cannot be listed. Valid until the next call.
+    /// Returns the folder as it is now, or null with errno set if it cannot be listed. Valid until
+    /// the next call.
     Folder* at(const HostPath& path);
 
   private:

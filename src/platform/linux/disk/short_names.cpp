@@ -1,7 +1,9 @@
 #include "platform/linux/disk/short_names.h"
 
+#include <QCryptographicHash>
+#include <QStringDecoder>
+#include <QtEndian>
 #include <algorithm>
-#include <tuple>
 #include <unordered_set>
 
 #include "platform/linux/disk/case_fold.h"
@@ -19,17 +21,18 @@ bool isPlain(char c) {
     return isLetter(c) || (c >= '0' && c <= '9') || marks.find(c) != std::string_view::npos;
 }
 
-bool allPlain(std::string_view text) {
-    return std::ranges::all_of(text, isPlain);
+bool isShortStem(std::string_view stem) {
+    return stem.size() <= longestStem && std::ranges::all_of(stem, isPlain) &&
+           !stem.starts_with('-');
 }
 
 bool isShortExtension(std::string_view extension) {
-    return extension.size() <= longestExtension && allPlain(extension);
+    return extension.size() <= longestExtension && std::ranges::all_of(extension, isPlain);
 }
 
 /// Returns the text in upper case, without blanks and dots, and with "_" for any other character
 /// that is not plain.
-std::string shortened(std::string_view text) {
+std::string cleaned(std::string_view text) {
     std::string result;
     for (const char c : text) {
         const bool insideCharacter = (static_cast<unsigned char>(c) & 0xc0) == 0x80;
@@ -43,69 +46,50 @@ std::string shortened(std::string_view text) {
     return result;
 }
 
+/// Returns the letters that a stem's short form begins with.
+std::string baseOf(std::string_view stem) {
+    std::string base = cleaned(stem).substr(0, longestBase);
+    if (base.empty()) base = "_";
+    if (base.front() == '-') base.front() = '_';  // no option
+    return base;
+}
+
+/// Returns a short stem with a digest of the long one; another one for each round.
+std::string withDigest(std::string_view stem, int round) {
+    constexpr std::string_view digits = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(QByteArray::number(round));
+    hash.addData(QByteArray(stem.data(), std::ssize(stem)));
+    auto number = qFromBigEndian<quint64>(hash.result().constData());
+    std::string form = baseOf(stem).substr(0, 1) + '~';
+    for (; form.size() < longestStem; number /= digits.size())
+        form += digits[number % digits.size()];
+    return form;
+}
+
+/// Marks an extension that was shortened by "~": a short one that begins like it is another one.
+std::string shortExtension(std::string_view extension) {
+    const std::string plain = cleaned(extension);
+    if (isShortExtension(extension)) return plain;
+    return plain.substr(0, longestExtension - 1) + '~';
+}
+
 std::string joined(std::string_view stem, std::string_view extension) {
     std::string name(stem);
     if (!extension.empty()) name.append(".").append(extension);
     return name;
 }
 
-/// Names that share one short stem, oldest first.
-struct Group {
-    std::vector<const std::string*> names;
-};
-
-struct Candidate {
-    std::int64_t created;
-    const std::string* name;
-};
-
-/// Groups the names by their short stems, in the order of each group's oldest name.
-std::vector<Group> grouped(const std::vector<Candidate>& byAge) {
-    std::vector<Group> groups;
-    std::unordered_map<std::string, std::size_t> shared;  // by long stem
-    std::unordered_set<std::string> members;
-    for (const Candidate& candidate : byAge) {
-        const NameParts parts(*candidate.name);
-        // A second name that differs only in case would get the same short name.
-        const bool first = members.insert(caseFolded(*candidate.name)).second;
-        if (first && isShortExtension(parts.extension)) {
-            const auto [place, isNew] = shared.emplace(caseFolded(parts.stem), groups.size());
-            if (!isNew) {
-                groups[place->second].names.push_back(candidate.name);
-                continue;
-            }
-        }
-        groups.push_back({{candidate.name}});
-    }
-    return groups;
+/// Returns what names with the same short form have in common.
+std::string keyOf(std::string_view name) {
+    const NameParts parts(name);
+    return joined(parts.stem, shortExtension(parts.extension));
 }
 
-/// Gives out numbered stems, each only once.
-class StemNumbers {
-  public:
-    explicit StemNumbers(const std::vector<std::string>& names) {
-        for (const std::string& name : names) {
-            const std::string_view stem = NameParts(name).stem;
-            if (stem.size() <= longestStem) taken_.insert(caseFolded(stem));
-        }
-    }
-
-    std::string next(std::string_view longStem) {
-        std::string base = shortened(longStem).substr(0, longestBase);
-        if (base.empty()) base += '_';
-        int& number = last_[base];
-        std::string stem;
-        do {
-            const std::string ending = '~' + std::to_string(++number);
-            stem = base.substr(0, longestStem - ending.size()) + ending;
-        } while (!taken_.insert(caseFolded(stem)).second);
-        return stem;
-    }
-
-  private:
-    std::unordered_set<std::string> taken_;
-    std::unordered_map<std::string, int> last_;  ///< by base
-};
+bool isWindowsCharacter(char c) {
+    constexpr std::string_view reserved = "\\:*?\"<>|\x7f";
+    return (c < 0 || c >= ' ') && reserved.find(c) == std::string_view::npos;
+}
 
 }  // namespace
 
@@ -116,55 +100,84 @@ NameParts::NameParts(std::string_view name) : stem(name) {
     extension = name.substr(dot + 1);
 }
 
+bool fitsWindows(std::string_view name) {
+    if (!std::ranges::all_of(name, isWindowsCharacter)) return false;
+    if (std::ranges::all_of(name, [](char c) { return c > 0; })) return true;
+    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decode(QByteArrayView(name.data(), std::ssize(name)));
+    return !decode.hasError() &&
+           std::ranges::none_of(text, [](QChar c) { return c.category() == QChar::Other_Control; });
+}
+
 bool isShortName(std::string_view name) {
     const NameParts parts(name);
-    return parts.stem.size() <= longestStem && allPlain(parts.stem) &&
-           isShortExtension(parts.extension);
+    return isShortStem(parts.stem) && isShortExtension(parts.extension);
 }
 
-bool endsAsShortened(std::string_view name) {
+bool mayBeShortened(std::string_view name) {
     const std::string_view stem = NameParts(name).stem;
-    const std::size_t base = stem.find_last_not_of("0123456789");
-    return base != std::string_view::npos && stem[base] == '~' && base + 1 < stem.size();
+    return stem.size() <= longestStem && stem.find('~') != std::string_view::npos;
 }
 
-ShortNames::ShortNames(const std::vector<std::string>& names,
-                       const std::function<std::int64_t(const std::string&)>& createdAt) {
-    std::vector<Candidate> byAge;
-    for (const std::string& name : names)
-        if (!isShortName(name)) byAge.push_back({createdAt(name), &name});
-    std::ranges::sort(byAge, [](const Candidate& one, const Candidate& other) {
-        return std::tie(one.created, *one.name) < std::tie(other.created, *other.name);
-    });
+ShortNames::ShortNames(const std::vector<std::string>& names) {
+    std::unordered_set<std::string> taken;  // short stems, case folded
+    std::unordered_set<std::string_view> stems;
+    Stems numbered;
+    for (const std::string& name : names) {
+        const std::string_view stem = NameParts(name).stem;
+        const bool isShort = isShortStem(stem);
+        if (isShort) taken.insert(caseFolded(stem));
+        if (isShortName(name) || !stems.insert(stem).second) continue;
+        if (!isShort && fitsWindows(stem)) numbered.push_back(stem);
+    }
 
-    StemNumbers numbers(names);
-    for (const Group& group : grouped(byAge)) {
-        const std::string_view longStem = NameParts(*group.names.front()).stem;
-        const std::string stem = numbers.next(longStem);
-        longStems_.emplace(caseFolded(stem), longStem);
-        for (const std::string* name : group.names) {
-            const std::string extension = shortened(NameParts(*name).extension);
-            const std::string shortForm = joined(stem, extension.substr(0, longestExtension));
-            shortForms_.emplace(*name, shortForm);
-            names_.emplace(caseFolded(shortForm), *name);
+    // Gives a form to each stem that has it alone. Returns the others.
+    const auto giveOut = [&](const Stems& to, Forms& forms, auto formOf) {
+        std::unordered_map<std::string, Stems> competitors;
+        for (const std::string_view stem : to)
+            competitors[formOf(stem)].push_back(stem);
+        Stems left;
+        for (const auto& [form, competing] : competitors) {
+            const bool isFree = taken.insert(caseFolded(form)).second;
+            if (isFree && competing.size() == 1) {
+                forms.emplace(competing.front(), form);
+                longStems_.emplace(caseFolded(form), competing.front());
+            } else {
+                left.insert(left.end(), competing.begin(), competing.end());
+            }
         }
+        return left;
+    };
+    giveOut(numbered, numbered_, [](auto stem) { return baseOf(stem) + "~1"; });
+    Stems left(stems.begin(), stems.end());
+    for (int round = 1; !left.empty(); ++round)
+        left = giveOut(left, digests_, [round](auto stem) { return withDigest(stem, round); });
+
+    for (const std::string& name : names) {
+        if (isShortName(name)) continue;
+        const auto [place, isNew] = names_.emplace(keyOf(name), name);
+        if (!isNew) place->second.clear();
     }
 }
 
-const std::string& ShortNames::shortFor(const std::string& name) const {
-    const auto found = shortForms_.find(name);
-    return found == shortForms_.end() ? name : found->second;
-}
-
-std::string ShortNames::nameFor(std::string_view shortName) const {
-    const auto found = names_.find(caseFolded(shortName));
-    return found == names_.end() ? "" : found->second;
-}
-
-std::string ShortNames::withLongStem(std::string_view name) const {
+std::string ShortNames::shortFor(const std::string& name) const {
+    if (isShortName(name)) return name;
     const NameParts parts(name);
-    const auto found = longStems_.find(caseFolded(parts.stem));
-    return found == longStems_.end() ? "" : joined(found->second, parts.extension);
+    const std::string stem(parts.stem);
+    const auto number = fitsWindows(name) ? numbered_.find(stem) : numbered_.end();
+    const auto form = number != numbered_.end() ? number : digests_.find(stem);
+    if (form == digests_.end()) return name;
+    return joined(form->second, shortExtension(parts.extension));
+}
+
+std::string ShortNames::longFor(std::string_view shortName) const {
+    const NameParts parts(shortName);
+    const auto stem = longStems_.find(caseFolded(parts.stem));
+    if (stem == longStems_.end()) return std::string(shortName);
+    std::string longName = joined(stem->second, parts.extension);
+    const auto found = names_.find(keyOf(longName));
+    if (found == names_.end()) return longName;
+    return found->second.empty() ? std::string(shortName) : found->second;
 }
 
 }  // namespace platform

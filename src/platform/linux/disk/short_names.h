@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -17,35 +15,43 @@ struct NameParts {
     std::string_view extension;  ///< without its dot
 };
 
+/// False if the name is not UTF-8, or contains a character that a Windows path cannot contain or
+/// that would end a line or a quoted text in a script. A short name never contains one.
+bool fitsWindows(std::string_view name);
+
 /// True if the name is its own short name: a stem of at most 8 and an extension of at most 3
-/// plain characters.
+/// plain characters, which no program takes for an option.
 bool isShortName(std::string_view name);
 
-/// True if the stem ends like a shortened one, in "~" and a number.
-bool endsAsShortened(std::string_view name);
+/// True if the name may be the short form of another one.
+bool mayBeShortened(std::string_view name);
 
-/// The short names of one folder. Names that share a long stem and have a short extension share one
-/// short stem too: a tool that is given only the stem, and appends another extension, then names
-/// the file that its user means.
+/// The short names of one folder. Which file a short name means depends neither on times nor on
+/// other extensions: a program may save by renaming, and a tool that is given only the stem appends
+/// an extension of its own. So a short stem depends only on the long one and its competitors:
+/// - A long stem gets its first letters and "~1" if no other long stem competes for that form, and
+///   no name has it. Stems that differ only in case compete.
+/// - Otherwise it gets a form with a digest of its own. So does a name that a Windows path cannot
+///   contain: text boxes and settings keep its short form.
+/// - A form for which names compete means none of them.
 class ShortNames {
   public:
-    /// Works out the short names for a folder's names. `createdAt` returns when a name was created,
-    /// in any unit; the older of two names that compete for a short stem gets the lower number.
-    ShortNames(const std::vector<std::string>& names,
-               const std::function<std::int64_t(const std::string&)>& createdAt);
+    explicit ShortNames(const std::vector<std::string>& names);
 
-    /// Returns the short form of a name in the folder.
-    [[nodiscard]] const std::string& shortFor(const std::string& name) const;
-    /// Returns the name with this short form, in any case, or an empty string.
-    [[nodiscard]] std::string nameFor(std::string_view shortName) const;
-    /// Replaces a short stem, alone or with an extension, by the long one. Returns an empty string
-    /// if no name in the folder has that short stem.
-    [[nodiscard]] std::string withLongStem(std::string_view name) const;
+    /// Returns the short form of a name in the folder, or a name that is not there unchanged.
+    [[nodiscard]] std::string shortFor(const std::string& name) const;
+    /// Returns the name with this short form, in any case. If only its stem is known, returns the
+    /// long stem with the extension given. Returns the name unchanged if it means no other one.
+    [[nodiscard]] std::string longFor(std::string_view shortName) const;
 
   private:
-    std::unordered_map<std::string, std::string> shortForms_;  ///< by name
-    std::unordered_map<std::string, std::string> names_;       ///< by short form, case folded
-    std::unordered_map<std::string, std::string> longStems_;   ///< by short stem, case folded
+    using Stems = std::vector<std::string_view>;
+    using Forms = std::unordered_map<std::string, std::string>;
+
+    Forms numbered_;   ///< short stem with "~1", by long stem
+    Forms digests_;    ///< short stem with a digest, by long stem
+    Forms longStems_;  ///< by short stem, case folded
+    Forms names_;      ///< by long stem and short extension; empty if several names share them
 };
 
 }  // namespace platform

@@ -3,10 +3,14 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 
+#include "core/common_runtime.h"
 #include "platform/linux/disk/case_fold.h"
+#include "platform/linux/disk/files.h"
 
 namespace platform {
 
@@ -18,15 +22,6 @@ constexpr std::string_view separators = "\\/";
 
 bool isSeparator(char c) {
     return separators.find(c) != std::string_view::npos;
-}
-
-/// False if the name contains a character that a Windows path cannot contain, or that would end a
-/// line or a quoted text in a script. A short name never contains one.
-bool fitsWindows(std::string_view name) {
-    return std::ranges::none_of(name, [](char c) {
-        constexpr std::string_view reserved = "\\:*?\"<>|";
-        return static_cast<unsigned char>(c) < 0x20 || reserved.find(c) != std::string_view::npos;
-    });
 }
 
 const HostPath hostRoot("/");
@@ -85,6 +80,7 @@ std::string_view WindowsDisk::enterExact(HostPath& host, std::string_view path) 
 
 void WindowsDisk::enter(Found& place, std::string_view part, Spelling spelling) {
     Folder* folder = folders_.at(place.host);
+    if (folder == nullptr && !tellsOfNoFile(errno) && errno != EACCES) place.error = errno;
     const std::string* name = folder != nullptr ? folder->find(part) : nullptr;
     if (name != nullptr) {
         place.host = place.host / *name;
@@ -128,7 +124,15 @@ std::optional<WindowsDisk::Found> WindowsDisk::follow(std::string_view path, Spe
 std::optional<HostPath> WindowsDisk::toHost(std::string_view path) {
     const auto found = follow(path, Spelling::Host);
     if (!found) return {};
+    if (found->error != 0) core::failTo("look up", std::string(path), std::strerror(found->error));
     return found->host;
+}
+
+std::optional<HostPath> WindowsDisk::toNewHost(std::string_view path) {
+    const std::size_t name = path.find_last_of("\\/:") + 1;
+    const auto folder = toHost(name == 0 ? "." : path.substr(0, name));
+    if (!folder) return {};
+    return *folder / path.substr(name);
 }
 
 std::string WindowsDisk::shortPath(std::string_view path) {
@@ -162,13 +166,15 @@ std::string WindowsDisk::toWindows(const HostPath& hostPath) {
     HostPath host = place->folder;
     std::string result = place->drive;
     for (const fs::path& step : fs::path(path.text().substr(host.text().size())).relative_path()) {
-        const std::string name = step.string();
-        Folder* names = fitsWindows(name) ? nullptr : folders_.at(host);
-        result += '\\';
-        result += names != nullptr ? names->shortFor(name) : name;
-        host = host / name;
+        result += '\\' + windowsName(host, step);
+        host = host / step.string();
     }
     return path == place->folder ? result + '\\' : result;
+}
+
+std::string WindowsDisk::windowsName(const HostPath& folder, const std::string& name) {
+    Folder* names = fitsWindows(name) ? nullptr : folders_.at(folder);
+    return names != nullptr ? names->shortFor(name) : name;
 }
 
 std::string WindowsDisk::nameHere(std::string_view name) {

@@ -21,8 +21,11 @@ class WindowsDisk {
 
     /// Returns the host path for a path with long or short names; a file that does not exist keeps
     /// the name given. Returns nullopt if the path is empty, contains a NUL byte, names a computer,
-    /// or has an unknown drive.
+    /// or has an unknown drive. Throws core::RuntimeError if a folder's names cannot be read for
+    /// another reason than that it does not exist or that the user may not list it.
     std::optional<HostPath> toHost(std::string_view path);
+    /// Returns the host path for a file to be created at the path, in exactly this spelling.
+    std::optional<HostPath> toNewHost(std::string_view path);
     /// Returns the Windows path of a host path, or the host path itself if no drive contains it.
     std::string toWindows(const HostPath& hostPath);
     /// Returns the path with the short form of every part, or an empty string if it does not exist.
@@ -36,6 +39,10 @@ class WindowsDisk {
     /// none.
     std::string nameHere(std::string_view name);
 
+    /// Returns the name that a Windows path has for a file or folder in `folder`: its own or, if a
+    /// Windows path cannot contain that, its short form.
+    std::string windowsName(const HostPath& folder, const std::string& name);
+
     [[nodiscard]] const Drives& drives() const { return drives_; }
 
   private:
@@ -44,6 +51,7 @@ class WindowsDisk {
         HostPath host;
         std::string text;  ///< the path in the spelling Short or Long
         bool exists = true;
+        int error = 0;  ///< why a folder's names could not be read
     };
     struct Start {
         HostPath host;
