@@ -268,10 +268,11 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
     EXPECT_EQ(errorOf([&] { runtime.rtcDir("c:\\none"); }),
               "Cannot look up c:\\none: Too many open files");
     setrlimit(RLIMIT_NOFILE, &files);
-    fs::create_directories(home / "nwbw/any.ini");
-    EXPECT_EQ(
-        errorOf([&] { runtime.rtcSaveSetting("any", "", "", ""); }),
-        "Cannot write " + (home / "nwbw/any.ini").string() + ": the settings could not be stored");
+    fs::create_directories(home / "nwbw/any.json");
+    testing::internal::CaptureStderr();
+    LinuxRuntime(nullptr).rtcSaveSetting("any", "", "", "");
+    EXPECT_TRUE(testing::internal::GetCapturedStderr().starts_with(
+        "Cannot write " + (home / "nwbw/any.json").string() + ": "));
     const std::function<void()> writes[] = {
         [&] { runtime.vbaFileFlush(); },
         [&] { runtime.vbaFileClose(); },

@@ -90,6 +90,7 @@ class Runtime : public forms::Disk {
     /// Returns the user's stored value for the key, or the default.
     virtual std::string rtcGetSetting(const std::string& application, const std::string& section,
                                       const std::string& key, const std::string& byDefault) = 0;
+    /// Stores a value. It may reach the disk only when the program ends.
     virtual void rtcSaveSetting(const std::string& application, const std::string& section,
                                 const std::string& key, const std::string& value) = 0;
 

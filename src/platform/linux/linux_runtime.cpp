@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
-#include <QSettings>
 #include <QTimer>
 #include <cerrno>
 #include <cstring>
@@ -38,15 +37,6 @@ bool isOrdinaryFile(const HostPath& host, const std::string& path) {
 bool endsAsFolder(const std::string& path) {
     const std::string name = path.substr(path.find_last_of("\\/") + 1);
     return name.empty() || name == ".";
-}
-
-QSettings settingsOf(const std::string& application) {
-    return {QSettings::IniFormat, QSettings::UserScope, "nwbw",
-            QString::fromStdString(application)};
-}
-
-QString settingsKey(const std::string& section, const std::string& key) {
-    return QString::fromStdString(section) + '/' + QString::fromStdString(key);
 }
 
 }  // namespace
@@ -191,25 +181,6 @@ void LinuxRuntime::startScript(const std::string& path, bool maximised) {
     startInTerminal({interpreter.text(), script.text(), platform::currentFolder().text(),
                      disk_.drives().prefix().text()},
                     maximised);
-}
-
-std::string LinuxRuntime::rtcGetSetting(const std::string& application, const std::string& section,
-                                        const std::string& key, const std::string& byDefault) {
-    return settingsOf(application)
-        .value(settingsKey(section, key), QString::fromStdString(byDefault))
-        .toString()
-        .toStdString();
-}
-
-void LinuxRuntime::rtcSaveSetting(const std::string& application, const std::string& section,
-                                  const std::string& key, const std::string& value) {
-    QSettings settings = settingsOf(application);
-    settings.setValue(settingsKey(section, key), QString::fromStdString(value));
-    settings.sync();
-    if (settings.status() != QSettings::NoError) {
-        core::failTo("write", settings.fileName().toStdString(),
-                     "the settings could not be stored");
-    }
 }
 
 std::vector<std::string> LinuxRuntime::drives() {

@@ -8,6 +8,7 @@
 #include "platform/linux/disk/files.h"
 #include "platform/linux/disk/windows_disk.h"
 #include "platform/linux/launch/launcher.h"
+#include "platform/linux/settings_store.h"
 
 namespace platform {
 
@@ -30,9 +31,13 @@ class LinuxRuntime : public core::CommonRuntime {
     void rtcShell(const std::string& command, int windowStyle) override;
 
     std::string rtcGetSetting(const std::string& application, const std::string& section,
-                              const std::string& key, const std::string& byDefault) override;
+                              const std::string& key, const std::string& byDefault) override {
+        return store_.value(application, section, key, byDefault);
+    }
     void rtcSaveSetting(const std::string& application, const std::string& section,
-                        const std::string& key, const std::string& value) override;
+                        const std::string& key, const std::string& value) override {
+        store_.setValue(application, section, key, value);
+    }
 
     std::string GetShortPathName(const std::string& path) override { return disk_.shortPath(path); }
 
@@ -67,6 +72,7 @@ class LinuxRuntime : public core::CommonRuntime {
     void startInTerminal(const std::vector<std::string>& words, bool maximised);
     void startScript(const std::string& path, bool maximised);
 
+    SettingsStore store_;
     WindowsDisk disk_{Drives::ofUser()};
     Launcher launcher_{disk_};
     QObject terminalChecks_;  ///< owns the timers that check on started terminals
