@@ -1,6 +1,7 @@
 #include <QTest>
 #include <QtWidgets>
 #include <csignal>
+#include <iostream>
 
 #include "endurance.h"
 #include "platform/linux/qt/control_peer.h"
@@ -125,7 +126,7 @@ struct WindowWalk : testing::Test, endurance::Choices {
         [this](const platform::HostPath&) { return anyName(); }};
     forms::Application application{
         toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
-    core::Program program{runtime, application, {}};
+    core::Program program{runtime};
     console::frmConsole& console = application.load<console::frmConsole>(program);
     QObject timers;
     QPointer<QWidget> worked;
@@ -157,18 +158,27 @@ TEST_F(WindowWalk, RandomKeysAndClicksKeepEveryRuleAndNoMemory) {
     EXPECT_FALSE(QApplication::quitOnLastWindowClosed()) << "the splash screen goes first";
 }
 
-/// Requests the program's end while a dialog, a file dialog and a message box are open.
+/// Requests the program's end while a dialog, a file dialog and a message box are open, and lets a
+/// step of the closing fail.
 struct End : WindowWalk {
+    End() {
+        std::signal(SIGHUP, SIG_DFL);  // ignored under nohup
+        runtime.whileBoxIsOpen = [this] { qt::messageBox(runtime.boxes.back().text, 48, "T"); };
+    }
     void expectSavedAfter(const std::function<void()>& request) {
-        const qt::EndRequest endRequest(application);
+        const qt::EndRequest endRequest(application, nullptr);
         const auto soon = [](const auto& action) { QTimer::singleShot(0, action); };
         auto answer = core::Runtime::Answer::Yes;
+        testing::internal::CaptureStderr();
         soon([&] {
             console.Show();
             console.edit.txtFnameE.type("last.kel");
             soon([&] {
                 soon([&] {
-                    soon(request);
+                    soon([&] {
+                        runtime.failAt = runtime.calls + 1;
+                        request();
+                    });
                     answer = qt::messageBox("First?", core::Runtime::yesNo, "");
                     qt::messageBox("Second", core::Runtime::okOnly, "");
                 });
@@ -178,11 +188,24 @@ struct End : WindowWalk {
             console.mnuOptionsPrograms.click();
         });
         QApplication::exec();
+        const std::string told = testing::internal::GetCapturedStderr();
+        EXPECT_TRUE(told.ends_with("T: rtcSaveSetting failed\n: Second\n")) << told;
         EXPECT_EQ(application.Count(), 0);
         EXPECT_EQ(answer, core::Runtime::Answer::No);
         EXPECT_NE(runtime.files["c:\\nwb\\nwbw.ini"].text.find("last.kel"), std::string::npos);
     }
 };
+
+TEST_F(End, OfTheDisplayServer) {
+    console.edit.txtFnameE.type("last.kel");
+    const qt::EndRequest endRequest(application, [&] {
+        runtime.failAt = runtime.calls + 1;
+        console.save();
+        console.save();
+        std::cerr << runtime.files["c:\\nwb\\nwbw.ini"].text;
+    });
+    EXPECT_EXIT(std::exit(1), testing::ExitedWithCode(1), "T: rtcDir failed(.|\n)*last.kel");
+}
 
 TEST_F(End, OfTheDesktop) {
     expectSavedAfter([] {
@@ -194,7 +217,7 @@ TEST_F(End, OfTheDesktop) {
 TEST_F(End, ByASignalOfWhichTheSecondWaitsForNothing) {
     for (const auto& [first, second] :
          {std::pair(SIGTERM, SIGHUP), {SIGHUP, SIGINT}, {SIGINT, SIGTERM}}) {
-        const qt::EndRequest endRequest(application);
+        const qt::EndRequest endRequest(application, nullptr);
         EXPECT_EXIT((raise(first), raise(second)), testing::KilledBySignal(second), "");
     }
     expectSavedAfter([] { raise(SIGHUP); });

@@ -11,8 +11,8 @@ Workbench::Workbench(core::Runtime& runtime, forms::Toolkit& toolkit)
           [&runtime](const std::string& text) {
               runtime.rtcMsgBox(text, core::Runtime::exclamation);
           },
-          [this] { saveOnBug(); }),
-      program_{runtime, application_, {}} {}
+          [this] { save(); }),
+      program_{runtime} {}
 
 void Workbench::start() {
     application_.dispatch([this] {
@@ -25,13 +25,11 @@ void Workbench::start() {
 }
 
 void Workbench::openConsole() {
-    console_ = &application_.load<frmConsole>(program_);
-    console_->Show();
+    application_.load<frmConsole>(program_).Show();
 }
 
-void Workbench::saveOnBug() {
-    // Before the console is filled, it lacks what the file has; after it has closed, all is saved.
-    if (console_ && application_.Count() > 0) console_->save();
+void Workbench::save() {
+    if (core::Console* console = program_.state.ConsoleForm) console->save();
 }
 
 }  // namespace console

@@ -5,8 +5,6 @@
 
 namespace console {
 
-class frmConsole;
-
 /// The whole program on top of its platform, assembled once for all systems.
 class Workbench {
   public:
@@ -16,15 +14,16 @@ class Workbench {
     /// Runs Main. The toolkit's message loop then drives the program until Toolkit::quit.
     void start();
 
+    /// Saves the settings with what the console shows, if it is open. Needs no window.
+    void save();
+
     forms::Application& application() { return application_; }
 
   private:
     void openConsole();
-    void saveOnBug();
 
     forms::Application application_;
     core::Program program_;
-    frmConsole* console_ = nullptr;  ///< null until it is filled
 };
 
 }  // namespace console

@@ -1,19 +1,26 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 #include "forms/application.h"
 
 namespace qt {
 
+/// True once the system has asked the program to end. Nobody may be there to answer a box.
+bool isEnding();
+
 /// Ends the program when the system asks for it: by SIGTERM, SIGHUP or SIGINT, or through the
 /// desktop when the user logs off. Closes the first form as its close box does, and all open
 /// dialogs and boxes. A second signal ends the program at once.
+///
+/// When the display server goes away, Qt ends the process itself. Then nothing but `save` runs,
+/// which must not need a window.
 class EndRequest : public QObject {
   public:
     /// Needs a QApplication. Only one object of this class may exist. A signal that was ignored
     /// when the program started stays ignored.
-    explicit EndRequest(forms::Application& application);
+    EndRequest(forms::Application& application, std::function<void()> save);
     ~EndRequest() override;
     EndRequest(const EndRequest&) = delete;
     EndRequest& operator=(const EndRequest&) = delete;

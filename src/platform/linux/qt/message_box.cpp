@@ -3,6 +3,9 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <iostream>
+
+#include "platform/linux/qt/end_request.h"
 
 namespace qt {
 
@@ -30,6 +33,10 @@ QString breakable(const QString& text) {
 
 core::Runtime::Answer messageBox(const std::string& text, int flags, const std::string& title) {
     using core::Runtime;
+    if (isEnding()) {
+        std::cerr << title << ": " << text << std::endl;
+        return Runtime::Answer::No;
+    }
     QMessageBox box(windowInUse());
     box.setTextFormat(Qt::PlainText);
     box.setText(breakable(QString::fromStdString(text)));
