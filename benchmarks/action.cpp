@@ -61,7 +61,7 @@ void action(benchmark::State& state) {
     });
     stubs::StubToolkit windows;
     forms::Application application(windows, [&](const std::string& text) { error = text; });
-    core::Program program{runtime, application, {}};
+    core::Program program{runtime};
     program.state.CompilerPath = "c:\\kelm\\kelm.exe";
     program.state.StartTab = 2;
     auto& panel = application.load<console::frmConsole>(program).compile;

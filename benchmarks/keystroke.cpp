@@ -47,7 +47,7 @@ void keystroke(benchmark::State& state) {
     platform::LinuxRuntime runtime(nullptr);
     stubs::StubToolkit windows;
     forms::Application application(windows, nullptr);
-    core::Program program{runtime, application, {}};
+    core::Program program{runtime};
     program.state.CompilerPath = "c:\\kelm\\programs\\kelm.exe";
     program.state.StartTab = 2;
     std::copy(paths.begin() + 1, paths.end(), program.state.IncludeFolders.begin());

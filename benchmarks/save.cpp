@@ -20,6 +20,8 @@ using namespace bench;
 class Saver {
   public:
     Saver() {
+        core::LoadSettings(program_);
+        error_.clear();  // it tells that there is no file yet
         for (auto& folder : program_.state.IncludeFolders)
             folder = "c:\\kelm\\standard library";
     }
@@ -38,7 +40,7 @@ class Saver {
     }};
     stubs::StubToolkit windows_;
     forms::Application application_{windows_, nullptr};
-    core::Program program_{runtime_, application_, {}};
+    core::Program program_{runtime_};
 };
 
 void save(benchmark::State& state) {

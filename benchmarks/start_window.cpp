@@ -51,7 +51,7 @@ void showConsole(char** arguments) {
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
                           [&](const std::string& path) { return runtime.disk().toWindows(path); });
     forms::Application forms(toolkit, [](const std::string&) {});
-    core::Program program{runtime, forms, {}};
+    core::Program program{runtime};
     auto& console = forms.load<console::frmConsole>(program);
     console.Show();
     report(dynamic_cast<qt::FormWindow&>(*console.window()).widget());

@@ -1,6 +1,7 @@
 // Any settings file gives usable settings, and a save that is loaded and saved again gives the same
 // file.
 
+#include <algorithm>
 #include <map>
 #include <string>
 
@@ -63,7 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     stubs::StubToolkit toolkit;
     forms::Application application(toolkit, [](const std::string&) {});
     Files runtime;
-    core::Program program{runtime, application, {}};
+    core::Program program{runtime};
 
     const unsigned kind = fuzz::choice(input);
     const char* names[] = {"c:\\nwbw.ini", "c:\\kelmcons.ini", "c:\\~nwbwini.tmp"};
@@ -74,6 +75,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         program.state.CompilerPath = program.state.IncludeFolders[0] = input;
 
     core::SaveSettings(program);
+    if (kind % 3 == 2) {
+        const auto isInput = [&](const auto& file) { return file.second == input; };
+        check(std::ranges::any_of(runtime.files, isInput), "what was not read is kept");
+    }
     const std::string saved = runtime.files.at(names[0]);
     load(program);
     core::SaveSettings(program);

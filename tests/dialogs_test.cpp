@@ -102,7 +102,7 @@ void expectLaidOut(const forms::Control& container) {
 
 TEST_F(Dialogs, EveryFormIsWordedAsAgreedAndLaidOut) {
     std::string lines;
-    const std::vector<forms::Form*> all = everyForm(program);
+    const std::vector<forms::Form*> all = everyForm(application, program);
     for (forms::Form* shown : all) {
         lines += wording(*shown);
         expectLaidOut(*shown);
@@ -187,6 +187,7 @@ TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
             const bool kept = way == "OK";
             runtime.files = {{ini, {"before"}}};
             filled.clear();
+            program.settingsGuard.setRead(true);
             nextDialog<Dialog>([&, &fields = fields](Dialog& shown) {
                 const std::string order = filled;
                 std::string expected;

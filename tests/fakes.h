@@ -43,11 +43,11 @@ class FakeRuntime : public core::Runtime {
         bool operator==(const Shell&) const = default;
     };
     struct Killed {};
-    /// How the text of an exclamation box starts: with a failed operation, or with the program's
-    /// own failure. A bug shows no box.
+    /// How the text of an exclamation box starts: with a failed operation. A bug
+    /// shows no box.
     static inline const std::regex failures{
         "^((rtc|vba)[A-Za-z]+ failed|File (already exists|not found)$|Permission denied$|"
-        "Cannot open |There is no drive |NWB/w cannot write to its folder )"};
+        "Cannot open |There is no drive )"};
 
     std::map<std::string, File> files;
     std::map<std::string, std::string> shortNames;  ///< of paths that exist
@@ -244,7 +244,7 @@ struct Desk {
     FakeToolkit toolkit;
     forms::Application application{
         toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
-    core::Program program{runtime, application, {}};
+    core::Program program{runtime};
     core::AppState& state = program.state;
     console::frmConsole* opened = nullptr;
 
@@ -258,8 +258,8 @@ struct Desk {
 };
 
 /// Loads every form of the program, beginning with a console.
-inline std::vector<forms::Form*> everyForm(core::Program& program) {
-    forms::Application& application = program.application;
+inline std::vector<forms::Form*> everyForm(forms::Application& application,
+                                           core::Program& program) {
     auto& console = application.load<console::frmConsole>(program);
     auto& list = console.compile.lstInclude;
     return {&console,
@@ -267,7 +267,7 @@ inline std::vector<forms::Form*> everyForm(core::Program& program) {
             &application.load<docs::frmAbout>(program),
             &application.load<dialogs::frmSettings>(program),
             &application.load<dialogs::frmSettings2>(program),
-            &application.load<dialogs::frmIncludeList>(program, list),
+            &application.load<dialogs::frmIncludeList>(program),
             &application.load<dialogs::frmIncludeAdd>(program, list)};
 }
 

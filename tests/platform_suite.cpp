@@ -169,7 +169,7 @@ TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
     fakes::FakeToolkit toolkit;
     std::string box;
     forms::Application application(toolkit, [&](const std::string& text) { box = text; });
-    core::Program workbench{runtime, application, {}};
+    core::Program workbench{runtime};
     workbench.state.CompilerPath = tool;
     workbench.state.StartTab = 2;
     auto& form = application.load<console::frmConsole>(workbench);
@@ -204,7 +204,7 @@ TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
 TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
     const std::string application = "Norvane Workbench Tests";
     const std::string value = "a, \"b\" = @é; 5%";
-    runtime.rtcSaveSetting(application, "Settings", "MainLeft", value);
+    makeRuntime(nullptr).rtcSaveSetting(application, "Settings", "MainLeft", value);
     Runtime other = makeRuntime([](auto&, int, const std::string& title) {
         EXPECT_EQ(title, "The Norvane Workbench");
         return Runtime::Answer::Yes;

@@ -40,7 +40,7 @@ struct Windows : testing::Test {
             return platform::fitsWindows(path.text()) ? "c:" + path.text() : "c:\\SHORT~1";
         }};
     Application application{toolkit, [this](const std::string& text) { told += text; }};
-    core::Program program{runtime, application, {}};
+    core::Program program{runtime};
     console::frmConsole* form = nullptr;
     QMainWindow* window = nullptr;
 
@@ -333,7 +333,8 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
 }
 
 TEST_F(Windows, AFolderIsOpenedByItsRow) {
-    auto& dialog = dynamic_cast<dialogs::frmIncludeAdd&>(*fakes::everyForm(program).back());
+    auto& dialog =
+        dynamic_cast<dialogs::frmIncludeAdd&>(*fakes::everyForm(application, program).back());
     dialog.Show();
     window = &windowOf(dialog);
     auto& rows = widget<QTreeWidget>(dialog.Dir1);
@@ -415,7 +416,8 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
     for (const int points : {8, 11, 18, 24}) {
         SCOPED_TRACE(points);
         setUserFont(points);
-        auto& console = dynamic_cast<console::frmConsole&>(*fakes::everyForm(program).front());
+        auto& console =
+            dynamic_cast<console::frmConsole&>(*fakes::everyForm(application, program).front());
         for (int i = 1; i < application.Count(); ++i)
             application.Forms(i).Show();
         const QMainWindow& shown = windowOf(console);

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "core/settings_file.h"
+#include "core/text.h"
 #include "fakes.h"
 
 using namespace fakes;
@@ -74,7 +75,6 @@ TEST_F(Settings, EachLineIsTheFieldThatItShouldBe) {
 
 TEST_F(Settings, TheOlderFormatIsReadAndLeftAlone) {
     const std::string old = lines(beta3Header + texts + "lib");
-    runtime.files[tmp].text = sample;  // not an interrupted save: there is no backup
     EXPECT_EQ(load(beta3, old), texts + "|||| 1 | 1 |lib") << "an empty path stays empty";
     EXPECT_TRUE(runtime.told("Your NWB/w settings file is for Beta Release 3."));
     core::SaveSettings(program);
@@ -128,13 +128,29 @@ TEST_F(Settings, ATextKeepsWhatItsLineCanHold) {
     }
 }
 
-/// Returns the settings file that a start with these files leads to.
-std::string settingsOn(const std::map<std::string, FakeRuntime::File>& disk) {
-    Desk desk;
-    desk.runtime.files = disk;
-    core::LoadSettings(desk.program);
-    core::SaveSettings(desk.program);
-    return desk.runtime.files[ini].text;
+TEST_F(Settings, OnlyAFileThatWasReadGivesWayToASave) {
+    for (const std::string number : {"-1.", "-2."}) {
+        runtime.files.erase(ini);
+        runtime.files[tmp].text = sample;
+        EXPECT_EQ(load(bkp, "older"), defaults) << "neither is read";
+        EXPECT_TRUE(runtime.told("Settings file not found"));
+        core::SaveSettings(program);
+        EXPECT_TRUE(
+            runtime.told("NWB/w found settings that it did not read when it started. They "
+                         "are kept as \"c:\\nwb\\~nwbwini-unread" +
+                         number + "tmp\", \"c:\\nwb\\nwbwini-unread" + number + "bkp\"."));
+        EXPECT_EQ(runtime.files["c:\\nwb\\~nwbwini-unread" + number + "tmp"].text, sample);
+        runtime.files[tmp].text = "of this run";
+        core::SaveSettings(program);
+        EXPECT_TRUE(runtime.boxes.empty());
+    }
+    EXPECT_EQ(runtime.files.size(), 6u) << "the settings, their backup and the files kept";
+}
+
+using Files = std::map<std::string, FakeRuntime::File>;
+
+bool holds(const Files& files, const std::string& text) {
+    return std::ranges::any_of(files, [&](const auto& entry) { return entry.second.text == text; });
 }
 
 /// Runs the whole program; the user confirms a dialog and selects the tab Spelling. True if the
@@ -144,8 +160,8 @@ bool work(FakeRuntime& runtime) {
     toolkit.anyUser = [](forms::Form& dialog) { dialog.pressDefault(); };
     console::Workbench workbench(runtime, toolkit);
     workbench.start();
-    const bool loaded = runtime.boxes.empty() || runtime.boxes.back().flags != 48 ||
-                        runtime.boxes.back().text.starts_with("NWB/w cannot write");
+    const bool loaded =
+        std::ranges::none_of(runtime.boxes, [](const auto& box) { return box.flags == 48; });
     forms::Application& application = workbench.application();
     application.Forms(0).keyPress('x');
     auto& form = dynamic_cast<console::frmConsole&>(application.Forms(0));
@@ -156,61 +172,93 @@ bool work(FakeRuntime& runtime) {
     return loaded;
 }
 
-TEST_F(Settings, AFailureOrKillAtAnyCallOfARunLosesNothing) {
-    const FakeRuntime::File older{lines(beta3Header + texts + "lib")};
-    const std::map<std::string, FakeRuntime::File> disks[] = {
-        {{ini, {sample}}, {bkp, older}},
-        {{tmp, {sample}}, {bkp, older}},  // an interrupted save
-        {{beta3, older}, {bkp, older}},   // the settings file was removed
-        {}};
-    FakeRuntime bare;
-    bare.failAt = 1;
-    EXPECT_FALSE(work(bare));
-    EXPECT_EQ(bare.files[ini].text, lines(header + "|||||||||||||||| 0 | 0 | 0 | 0 | 1 | 4 "));
-    for (const auto& disk : disks) {
-        const std::string before = settingsOn(disk);
-        FakeRuntime good;
-        good.files = disk;
-        EXPECT_TRUE(work(good));
-        const std::string after = good.files[ini].text;
-        EXPECT_NE(after.find(" 4 \r\n"), std::string::npos);
-        for (int call = 1; call <= good.calls; ++call) {
-            FakeRuntime killed;
-            killed.files = disk;
-            killed.killAt = call;
-            EXPECT_THROW(work(killed), FakeRuntime::Killed);
-            const std::string left = settingsOn(killed.files);
-            EXPECT_TRUE(left == before || left == after) << call;
-
-            FakeRuntime runtime;
-            runtime.files = disk;
-            runtime.failAt = call;
-            const auto boxes = [&runtime](auto fits) {
-                return std::ranges::count_if(runtime.boxes, fits);
-            };
-            const bool loaded = work(runtime);
-            ASSERT_EQ(boxes([](const auto& box) { return box.flags == 48; }), 1) << call;
-            EXPECT_TRUE(runtime.files.contains(ini) || !disk.contains(ini)) << call;
-            EXPECT_TRUE(loaded || runtime.files[ini].text == bare.files[ini].text) << "not half";
-            runtime.failAt = runtime.calls + 50;  // during a later save
-            work(runtime);
-            const std::string now = settingsOn(runtime.files);
-            EXPECT_TRUE(now == after || (loaded ? now == before : now == bare.files[ini].text))
-                << call;
-            work(runtime);
-            // An unread file is kept under a name that one message gave.
-            std::set<std::string> kept;
-            for (const auto& [path, file] : runtime.files)
-                if (file.text == sample || file.text == older.text) kept.insert(path);
-            EXPECT_EQ(boxes([&](const auto& box) {
-                          return std::ranges::any_of(kept, [&](const auto& path) {
-                              return box.text.find('"' + path + '"') != std::string::npos;
-                          });
-                      }),
-                      loaded || disk.empty() ? 0 : 1)
-                << call;
+/// A disk, and what a run on it leaves.
+struct Outcome {
+    explicit Outcome(const Files& disk, int failAt = -1, int killAt = -1) {
+        runtime.files = disk;
+        runtime.failAt = failAt;
+        runtime.killAt = killAt;
+        try {
+            loaded = work(runtime);
+        } catch (const FakeRuntime::Killed&) {
         }
     }
+    [[nodiscard]] std::string saved() { return files[ini].text; }
+
+    FakeRuntime runtime;
+    Files& files = runtime.files;
+    bool loaded = false;
+};
+
+const FakeRuntime::File older{lines(beta3Header + texts + "lib")};
+const std::pair<const char*, Files> disks[] = {
+    {"first start", {}},
+    {"later start", {{ini, {sample}}, {bkp, older}}},
+    {"killed between the renames", {{tmp, {sample}}, {bkp, older}}},
+    {"older format", {{beta3, older}, {bkp, {sample}}}},
+};
+
+/// Calls `check` for each call of a run on each disk, with what an undisturbed run saves.
+void forEachCall(
+    const std::function<void(const Files&, int call, const std::string& after)>& check) {
+    for (const auto& [name, disk] : disks) {
+        Outcome good(disk);
+        EXPECT_TRUE(good.loaded);
+        EXPECT_NE(good.saved().find(" 4 \r\n"), std::string::npos);
+        for (int call = 1; call <= good.runtime.calls; ++call) {
+            SCOPED_TRACE(std::string(name) + ", call " + std::to_string(call));
+            check(disk, call, good.saved());
+        }
+    }
+}
+
+TEST_F(Settings, AKillAtAnyCallAndTheRunAfterItLoseNoText) {
+    forEachCall([](const Files& disk, int call, const std::string& after) {
+        // What a run has read may give way to what it saves; all else stays.
+        const auto expectKept = [&](const Files& files, bool read) {
+            if (read && disk.contains(ini)) {
+                EXPECT_TRUE(holds(files, sample) || holds(files, after));
+                return;
+            }
+            for (const auto& [path, file] : disk)
+                EXPECT_TRUE(holds(files, file.text)) << path;
+        };
+        for (const int failAt : {-1, 1}) {  // without and with an error in the load
+            const Outcome killed(disk, failAt, call);
+            expectKept(killed.files, failAt < 0);
+            expectKept(Outcome(killed.files).files, true);
+        }
+    });
+}
+
+TEST_F(Settings, AFailureAtAnyCallIsToldAndNoTextIsLost) {
+    const std::string bare = lines(header + "|||||||||||||||| 0 | 0 | 0 | 0 | 1 | 4 ");
+    forEachCall([&](const Files& disk, int call, const std::string& after) {
+        Outcome run(disk, call);
+        const auto told = [&](const auto& fits) {
+            return std::ranges::count_if(run.runtime.boxes, fits);
+        };
+        EXPECT_EQ(told([](const auto& box) {
+                      return box.flags == 48 || box.text.starts_with("NWB/w cannot write");
+                  }),
+                  1);
+        EXPECT_TRUE(run.files.contains(ini) || !disk.contains(ini)) << "the renames are undone";
+        EXPECT_TRUE(run.loaded || run.saved() == bare) << "not half";
+        for (const auto& [path, file] : disk) {
+            if (run.loaded && disk.contains(ini)) continue;
+            EXPECT_TRUE(holds(run.files, file.text)) << path;
+        }
+        // Each file that was put aside is named once.
+        for (const auto& [path, file] : run.files) {
+            EXPECT_EQ(told([&](const auto& box) {
+                          return box.text.find(core::quoted(path)) != std::string::npos;
+                      }),
+                      path.find("-unread-") == std::string::npos ? 0 : 1)
+                << path;
+        }
+        const std::string saved = Outcome(run.files).saved();
+        EXPECT_EQ(saved, run.loaded ? after : bare);
+    });
 }
 
 }  // namespace

@@ -77,7 +77,7 @@ struct Windows : testing::Test {
     Toolkit toolkit;
     forms::Application application{
         toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
-    core::Program program{runtime, application, {}};
+    core::Program program{runtime};
     console::frmConsole* form = nullptr;
 
     void SetUp() override {

@@ -24,7 +24,7 @@ class ConsoleMap {
     stubs::StubRuntime runtime_;
     stubs::StubToolkit toolkit_;
     forms::Application application_{toolkit_, [](const std::string&) {}};
-    core::Program program_{runtime_, application_, {}};
+    core::Program program_{runtime_};
     console::frmConsole console_{application_, program_};
 };
 

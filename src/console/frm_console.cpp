@@ -28,17 +28,17 @@ constexpr StoredPlace storedPlaces[] = {
     {"MainHeight", &forms::Control::Height, 6500},
 };
 
-/// Parses a stored number as whole twips. Returns nullopt if it is not one.
+/// Parses a stored number, with any blanks around it, as whole twips. Returns nullopt if it is not
+/// one.
 std::optional<int> twips(const std::string& text) {
     constexpr float farthest = 1e6F;
     float value = 0;
     // Not every standard library has std::from_chars for float.
     std::istringstream stored(text);
     stored.imbue(std::locale::classic());
-    stored >> std::noskipws >> value;
-    if (!stored || stored.peek() != std::istringstream::traits_type::eof() ||
-        !(std::abs(value) < farthest))
-        return {};
+    if (!(stored >> value) || !(std::abs(value) < farthest)) return {};
+    stored >> std::ws;
+    if (stored.peek() != std::istringstream::traits_type::eof()) return {};
     return static_cast<int>(value);
 }
 
@@ -64,6 +64,8 @@ void frmConsole::Form_Load() {
     compile.UpdateCmdline();
     play.UpdateCmdlineP();
     spelling.UpdateCmdlineS();
+    // Only now: before, a save would lose what the file has and the controls do not.
+    program_.state.ConsoleForm = this;
 }
 
 void frmConsole::placeWindow() {
@@ -130,6 +132,7 @@ void frmConsole::Form_Unload() {
     // Dispatched alone: if the store fails, the files and options are still saved.
     application().dispatch([this] { storePlace(); });
     save();
+    program_.state.ConsoleForm = nullptr;
 }
 
 void frmConsole::save() {
@@ -163,7 +166,7 @@ void frmConsole::mnuOptionsOther_Click() {
 }
 
 void frmConsole::editIncludes() {
-    auto& dialog = application().load<dialogs::frmIncludeList>(program_, compile.lstInclude);
+    auto& dialog = application().load<dialogs::frmIncludeList>(program_);
     fillWithFolders(dialog.List1);
     dialog.ShowModal(*this);
 }

@@ -12,7 +12,7 @@ namespace console {
 
 /// The main window: a tab strip with a panel for each tool, the menu and the status bar. It loads
 /// from the state and the settings store; closing it saves both and ends the program.
-class frmConsole : public forms::Form {
+class frmConsole : public forms::Form, public core::Console {
   public:
     frmConsole(forms::Application& application, core::Program& program);
 
@@ -20,8 +20,8 @@ class frmConsole : public forms::Form {
     void Form_Unload() override;
     void Form_KeyDown(int keyCode, int shift) override;
 
-    /// Stores what the console shows in the state and the settings file.
-    void save();
+    forms::ListBox& lstInclude() override { return compile.lstInclude; }
+    void save() override;
 
   private:
     void mnuFileExit_Click() { Unload(); }

@@ -4,7 +4,23 @@
 #include <optional>
 #include <string>
 
+namespace forms {
+class ListBox;
+}
+
 namespace core {
+
+/// What the layers below the main window need of it.
+class Console {
+  public:
+    /// Returns the compile panel's list of include folders.
+    virtual forms::ListBox& lstInclude() = 0;
+    /// Stores what the console shows in the state and the settings file. Needs no window.
+    virtual void save() = 0;
+
+  protected:
+    ~Console() = default;
+};
 
 /// Number of slots for include folders. An empty slot ends the list, so it holds at most one folder
 /// fewer.
@@ -14,6 +30,8 @@ inline constexpr int maxIncludes = includeSlots - 1;
 /// The program's shared state. Readers fetch a field when they need it; there is no change
 /// notification. An empty string means that the field is not set.
 struct AppState {
+    Console* ConsoleForm = nullptr;  ///< null unless the console is open and filled
+
     std::string CompilerPath;
     std::string GuiPlayerPath;
     std::string ConsolePlayerPath;

@@ -5,30 +5,10 @@
 
 namespace core {
 
-static std::string cannotWrite(Runtime& runtime) {
-    return "NWB/w cannot write to its folder " + core::quoted(runtime.AppPath()) +
-           ", so your settings will not be kept when you close NWB/w. (Copy NWB/w to a folder of "
-           "your own to keep them.)";
-}
-
 void Main(Program& program, const std::function<void()>& showSplash) {
     showSplash();
     LoadSettings(program);
-    program.folderIsReadOnly = !canWriteBeside(program.runtime);
-    if (program.folderIsReadOnly)
-        program.runtime.rtcMsgBox(cannotWrite(program.runtime), Runtime::exclamation);
-}
-
-bool canWriteBeside(Runtime& runtime) {
-    const std::string probe = runtime.AppPath() + "\\~nwbwtry.tmp";
-    try {
-        runtime.vbaFileOpen(probe, Runtime::OpenMode::Output);
-        runtime.vbaFileClose();
-        runtime.rtcKillFiles(probe);
-        return true;
-    } catch (const RuntimeError&) {
-        return false;
-    }
+    program.settingsGuard.checkFolder();
 }
 
 bool exists(Runtime& runtime, const std::string& path) {

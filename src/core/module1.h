@@ -5,7 +5,7 @@
 
 #include "core/app_state.h"
 #include "core/runtime.h"
-#include "forms/application.h"
+#include "core/settings_guard.h"
 
 namespace core {
 
@@ -14,21 +14,13 @@ inline constexpr const char* appTitle = "The Norvane Workbench";
 /// The context that forms and procedures share.
 struct Program {
     Runtime& runtime;
-    forms::Application& application;
-    AppState state;
-    /// True if the program's folder was not writable at the start; the user has been told.
-    bool folderIsReadOnly = false;
-    /// Path of a settings file that could not be read and that the user has not been told about
-    /// yet; otherwise empty.
-    std::string unreadSettings = {};
+    AppState state = {};
+    SettingsGuard settingsGuard{runtime};
 };
 
 /// Starts a run: shows the splash, then loads the settings into the state. Shows a message if the
 /// program's folder is not writable.
 void Main(Program& program, const std::function<void()>& showSplash);
-
-/// True if files can be created in the program's folder.
-bool canWriteBeside(Runtime& runtime);
 
 /// True if the path is not empty and names an ordinary file.
 bool exists(Runtime& runtime, const std::string& path);

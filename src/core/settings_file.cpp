@@ -127,42 +127,16 @@ void readBeta3(Program& program, const std::string& path) {
     program.runtime.vbaFileClose();
 }
 
-/// True if the file is complete up to the folders. The folder list has no end mark to check.
-bool isComplete(Runtime& runtime, const std::string& path) {
-    runtime.vbaFileOpen(path, Runtime::OpenMode::Input);
-    const bool isCurrent = runtime.vbaInputFile() == currentHeader;
-    for (std::size_t field = 0; field < std::size(textFields) + std::size(hideFlags) + 1; ++field)
-        runtime.vbaInputFile();
-    const int tab = numberWithin(runtime.vbaInputFile(), firstTab, lastTab, 0);
-    runtime.vbaFileClose();
-    return isCurrent && tab != 0;
-}
-
-/// True if the file exists. Notes it as unread, which stays so if an error ends the load.
-bool found(Program& program, const std::string& path) {
-    program.unreadSettings = path;
-    return exists(program.runtime, path);
-}
-
-/// Completes a save that was interrupted before its last rename. Returns false if there is none.
-bool completeSave(Program& program, const SettingsPaths& paths) {
-    Runtime& runtime = program.runtime;
-    if (!found(program, paths.writing) || !exists(runtime, paths.backup)) return false;
-    if (!isComplete(runtime, paths.writing)) return false;
-    runtime.vbaNameFile(paths.writing, paths.current);
-    program.unreadSettings = paths.current;
-    return true;
-}
-
 void load(Program& program, const SettingsPaths& paths) {
-    if (found(program, paths.current) || completeSave(program, paths)) {
+    Runtime& runtime = program.runtime;
+    if (exists(runtime, paths.current)) {
         readCurrent(program, paths.current);
-    } else if (found(program, paths.beta3)) {
+        program.settingsGuard.setRead(true);
+    } else if (exists(runtime, paths.beta3)) {
         readBeta3(program, paths.beta3);
     } else {
         useDefaults(program, noFile);
     }
-    program.unreadSettings.clear();
 }
 
 bool needsQuotes(const std::string& text) {
@@ -197,88 +171,34 @@ void writeFields(Runtime& runtime, const AppState& state) {
     }
 }
 
-void writeNew(Runtime& runtime, const AppState& state, const std::string& path) {
-    runtime.vbaFileOpen(path, Runtime::OpenMode::Output);
-    writeFields(runtime, state);
-    // Once the new file is complete on the disk, the order of the following steps is enough: after
-    // a crash or power loss at any of them, either the old or the new settings are current, or
-    // completeSave makes the new ones current.
-    runtime.vbaFileFlush();
-    runtime.vbaFileClose();
-}
-
-/// Replaces the current settings by the new ones and keeps the previous ones at `old`. On failure
-/// the previous ones are restored.
-void replaceCurrent(Runtime& runtime, const SettingsPaths& paths, const std::string& old) {
-    const bool hasOld = exists(runtime, paths.current);
-    if (hasOld) runtime.vbaNameFile(paths.current, old);
+/// Makes the new settings the current ones. If it fails, the previous ones are current again.
+void renameNew(Runtime& runtime, const SettingsPaths& paths, bool hasPrevious) {
     try {
         runtime.vbaNameFile(paths.writing, paths.current);
     } catch (const RuntimeError&) {
-        if (hasOld) runtime.vbaNameFile(old, paths.current);
+        if (hasPrevious) runtime.vbaNameFile(paths.backup, paths.current);
         throw;
     }
 }
 
-/// Returns an unused path that no save writes to.
-std::string unusedName(Runtime& runtime) {
-    for (int number = 1;; ++number) {
-        std::string path = runtime.AppPath() + "\\nwbw-unread-" + std::to_string(number) + ".ini";
-        if (!exists(runtime, path)) return path;
-    }
-}
-
-bool isGone(Runtime& runtime, const std::string& path) {
-    try {
-        return !exists(runtime, path);
-    } catch (const RuntimeError&) {
-        return false;  // cannot be determined
-    }
-}
-
-/// Renames an interrupted save that the load could not read or did not reach.
-void clearWriting(Program& program, const SettingsPaths& paths) {
-    Runtime& runtime = program.runtime;
-    std::string& unread = program.unreadSettings;
-    if (unread == paths.current && isGone(runtime, paths.current)) unread = paths.writing;
-    if (unread != paths.writing) return;
-    const std::string unused = unusedName(runtime);
-    if (exists(runtime, paths.writing)) runtime.vbaNameFile(paths.writing, unused);
-    unread = unused;
-}
-
-/// Saves the state without losing a file that the load could not read.
-void save(Program& program, const SettingsPaths& paths) {
-    Runtime& runtime = program.runtime;
-    std::string& unread = program.unreadSettings;
-    clearWriting(program, paths);
-    writeNew(runtime, program.state, paths.writing);
+/// Once the new file is complete on the disk, the order of the following steps is enough: a crash
+/// or power loss at any of them leaves the old or the new settings whole in one of the three files.
+void save(Runtime& runtime, const AppState& state, const SettingsPaths& paths) {
+    runtime.vbaFileOpen(paths.writing, Runtime::OpenMode::Output);
+    writeFields(runtime, state);
+    runtime.vbaFileFlush();
+    runtime.vbaFileClose();
     if (exists(runtime, paths.backup)) runtime.rtcKillFiles(paths.backup);
-    const bool keepsOld = unread == paths.current;
-    const std::string old = keepsOld ? unusedName(runtime) : paths.backup;
-    replaceCurrent(runtime, paths, old);
-    if (keepsOld) unread = old;
-}
-
-/// Shows, once, where the file is kept that the load could not read or would have read next.
-void showUnread(Program& program, const SettingsPaths& paths) {
-    std::string& unread = program.unreadSettings;
-    if (unread.empty()) return;
-    Runtime& runtime = program.runtime;
-    const std::string kept = exists(runtime, unread) ? unread : paths.beta3;
-    if (exists(runtime, kept)) {
-        runtime.rtcMsgBox(
-            "NWB/w could not read your settings file when it started. It is kept as " +
-                core::quoted(kept) + ", and your new settings are in nwbw.ini.",
-            Runtime::okOnly);
-    }
-    unread.clear();
+    const bool hasPrevious = exists(runtime, paths.current);
+    if (hasPrevious) runtime.vbaNameFile(paths.current, paths.backup);
+    renameNew(runtime, paths, hasPrevious);
 }
 
 }  // namespace
 
 void LoadSettings(Program& program) {
     program.state = {};
+    program.settingsGuard.setRead(false);
     try {
         load(program, SettingsPaths(program.runtime));
     } catch (const RuntimeError& error) {
@@ -288,14 +208,17 @@ void LoadSettings(Program& program) {
 }
 
 void SaveSettings(Program& program) {
-    if (program.folderIsReadOnly && !canWriteBeside(program.runtime)) return;
+    SettingsGuard& guard = program.settingsGuard;
+    if (!guard.canSave()) return;
     const SettingsPaths paths(program.runtime);
     try {
-        save(program, paths);
-        showUnread(program, paths);
+        // The current file last: if the program ends here, the next start can still read it.
+        guard.putAside({paths.writing, paths.backup, paths.current});
+        save(program.runtime, program.state, paths);
     } catch (const RuntimeError& error) {
         program.runtime.rtcMsgBox(error.what(), Runtime::exclamation);
     }
+    guard.showKept();
 }
 
 }  // namespace core

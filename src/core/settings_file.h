@@ -10,8 +10,8 @@ namespace core {
 void LoadSettings(Program& program);
 
 /// Writes the state to the settings file. A failure is shown to the user and not reported to the
-/// caller; a read-only folder is not shown again, since the start has done so. A file that
-/// LoadSettings could not read is kept.
+/// caller; a read-only folder is not shown again, since the start has done so. Settings files that
+/// LoadSettings did not read are kept, and the user is told where.
 void SaveSettings(Program& program);
 
 }  // namespace core

@@ -5,12 +5,10 @@
 
 namespace dialogs {
 
-frmIncludeList::frmIncludeList(forms::Application& application, core::Program& program,
-                               forms::ListBox& consoleList)
+frmIncludeList::frmIncludeList(forms::Application& application, core::Program& program)
     : Form(application, "frmIncludeList",
            {.caption = "Include File search list", .place = {0, 0, 5715, 3525}}),
-      program_(program),
-      consoleList_(consoleList) {}
+      program_(program) {}
 
 void frmIncludeList::List1_Click() {
     const bool selected = List1.ListIndex >= 0;
@@ -65,10 +63,11 @@ void frmIncludeList::moveSelected(int by) {
 
 void frmIncludeList::btnClose_Click() {
     auto& folders = program_.state.IncludeFolders;
-    consoleList_.Clear();
+    forms::ListBox& lstInclude = program_.state.ConsoleForm->lstInclude();
+    lstInclude.Clear();
     for (int i = 0; i < List1.ListCount(); ++i) {
         folders[i] = List1.List(i);
-        consoleList_.AddItem(folders[i]);
+        lstInclude.AddItem(folders[i]);
     }
     folders[List1.ListCount()].clear();
     core::SaveSettings(program_);

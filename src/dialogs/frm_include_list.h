@@ -5,12 +5,11 @@
 
 namespace dialogs {
 
-/// Edits the list of include folders in a copy, List1, and writes it back on Close.
+/// Edits the list of include folders in a copy, List1. Close writes it back to the state's list and
+/// to the console's.
 class frmIncludeList : public forms::Form {
   public:
-    /// Close fills consoleList together with the state's list.
-    frmIncludeList(forms::Application& application, core::Program& program,
-                   forms::ListBox& consoleList);
+    frmIncludeList(forms::Application& application, core::Program& program);
 
   private:
     void List1_Click();
@@ -26,7 +25,6 @@ class frmIncludeList : public forms::Form {
     void moveSelected(int by);
 
     core::Program& program_;
-    forms::ListBox& consoleList_;
 
     static constexpr int buttonLeft = 4440;
     static constexpr int buttonWidth = 1095;

@@ -41,7 +41,8 @@ void CommandScript::ShortenStem(const std::string& fileText,
 void CommandScript::RunCommandScript(const std::string& commandText, bool withTail,
                                      int windowStyle) {
     core::Runtime& runtime = program_.runtime;
-    const std::string folder = program_.folderIsReadOnly ? runtime.TempPath() : runtime.AppPath();
+    const std::string folder =
+        program_.settingsGuard.folderIsReadOnly() ? runtime.TempPath() : runtime.AppPath();
     const std::string path = folder + "\\~kelmcon.bat";
     runtime.vbaFileOpen(path, core::Runtime::OpenMode::Output);
     runtime.vbaPrintFile(commandText);
