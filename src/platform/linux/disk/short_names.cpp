@@ -49,7 +49,7 @@ std::string cleaned(std::string_view text) {
 /// Returns the letters that a stem's short form begins with.
 std::string baseOf(std::string_view stem) {
     std::string base = cleaned(stem).substr(0, longestBase);
-    if (base.empty()) base = "_";
+    if (base.empty()) return "_";
     if (base.front() == '-') base.front() = '_';  // no option
     return base;
 }
@@ -61,7 +61,7 @@ std::string withDigest(std::string_view stem, int round) {
     hash.addData(QByteArray::number(round));
     hash.addData(QByteArray(stem.data(), std::ssize(stem)));
     auto number = qFromBigEndian<quint64>(hash.result().constData());
-    std::string form = baseOf(stem).substr(0, 1) + '~';
+    std::string form{baseOf(stem).front(), '~'};
     for (; form.size() < longestStem; number /= digits.size())
         form += digits[number % digits.size()];
     return form;
