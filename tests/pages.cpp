@@ -24,8 +24,8 @@ bool explains(const std::string& message) {
                                                              {"&lt;", "<"},
                                                              {"&amp;", "&"}};
         std::vector<std::regex> expressions;
-        for (std::string text :
-             all(contentOf(folder / "default.htm"), "<dt class=\"message\"[^>]*>(.*?)</dt>\\s*<dd>")) {
+        for (std::string text : all(contentOf(folder / "default.htm"),
+                                    "<dt class=\"message\"[^>]*>(.*?)</dt>\\s*<dd>")) {
             for (const auto& [html, written] : steps)
                 text = std::regex_replace(text, std::regex(html), written);
             expressions.emplace_back(text);
