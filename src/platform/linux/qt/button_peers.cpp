@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -28,11 +29,18 @@ class CaptionPeer : public PeerOf<Kind, Widget> {
 class ButtonPeer : public CaptionPeer<forms::Button, QPushButton> {
   public:
     ButtonPeer(forms::Button& button, QWidget& parent) : CaptionPeer(button, parent) {
-        // autoDefault lets Enter press a button in focus. The default button goes without: Qt would
-        // no longer mark it as default after it lost the focus.
-        widget_.setDefault(button.isDefault);
-        widget_.setAutoDefault(!button.isDefault);
+        // Qt would mark a button in focus beside the default one.
+        widget_.setAutoDefault(false);
+        markDefault();
+        connect(qApp, &QApplication::focusChanged, this, [this] { markDefault(); });
         connect(&widget_, &QPushButton::clicked, this, [this] { click(); });
+    }
+
+  private:
+    /// Marks the button that Enter presses: the one in focus, or else the form's default.
+    void markDefault() {
+        const auto* focused = qobject_cast<QPushButton*>(widget_.window()->focusWidget());
+        widget_.setDefault(focused ? focused == &widget_ : control_.isDefault);
     }
 };
 
