@@ -32,10 +32,20 @@ class DrivePeer : public PeerOf<forms::DriveList, QComboBox> {
     }
 };
 
+/// A tree without the arrows that would open and close its rows.
+class FolderTree : public QTreeWidget {
+  public:
+    using QTreeWidget::QTreeWidget;
+
+  protected:
+    void drawBranches(QPainter* /*painter*/, const QRect& /*place*/,
+                      const QModelIndex& /*row*/) const override {}
+};
+
 /// Shows the path to the open folder as nested rows, and below them the folders in the open one.
 class FolderPeer : public PeerOf<forms::FolderList, QTreeWidget> {
   public:
-    FolderPeer(forms::FolderList& list, QWidget& parent) : PeerOf(list, new QTreeWidget(&parent)) {
+    FolderPeer(forms::FolderList& list, QWidget& parent) : PeerOf(list, new FolderTree(&parent)) {
         widget_.header()->hide();
         widget_.setRootIsDecorated(false);
         widget_.setItemsExpandable(false);
