@@ -1,11 +1,17 @@
 #include "platform/linux/qt/file_dialog.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QListView>
+#include <QMap>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QSignalBlocker>
+#include <QTreeView>
 #include <QUrl>
 
 #include "forms/longest_name.h"
@@ -31,16 +37,37 @@ OfferedName offeredName(const std::string& text) {
     return {match.captured(1), match.captured(2)};
 }
 
-/// A file dialog that knows Windows paths and drives.
+/// Shows each place in a list of Qt's dialog by the name that `nameOf` gives, unless that is empty.
+/// Qt names the places anew whenever it looks at them.
+template <typename NameOf>
+void showNames(QAbstractItemModel& places, const NameOf& nameOf) {
+    constexpr int urlRole = Qt::UserRole + 1;  // in Qt's models of places
+    const auto rename = [&places, nameOf] {
+        const QSignalBlocker quiet(places);
+        for (int row = 0; row < places.rowCount(); ++row) {
+            const QModelIndex place = places.index(row, 0);
+            const QString name = nameOf(place.data(urlRole).toUrl());
+            if (!name.isEmpty() && place.data() != name) places.setData(place, name);
+        }
+    };
+    rename();
+    QObject::connect(&places, &QAbstractItemModel::dataChanged, &places, rename);
+}
+
+/// A file dialog that knows Windows paths and drives, which the dialogs of desktops do not.
 class FileDialog : public QFileDialog {
   public:
-    FileDialog(QWidget& owner, const ToHost& toHost) : QFileDialog(&owner), toHost_(toHost) {
-        QList<QUrl> places = sidebarUrls();
-        for (char drive = 'a'; drive <= 'z'; ++drive) {
-            if (const auto root = toHost(std::string(1, drive) + ":\\"))
-                places << QUrl::fromLocalFile(QString::fromStdString(root->text()));
-        }
-        setSidebarUrls(places);
+    FileDialog(QWidget& owner, const ToHost& toHost, const ToWindows& toWindows)
+        : QFileDialog(&owner), toHost_(toHost) {
+        setOption(DontUseNativeDialog);
+        showDrives();
+        showNames(*findChild<QComboBox*>("lookInCombo")->model(), [&toWindows](const QUrl& folder) {
+            const std::string path = folder.toLocalFile().toStdString();
+            return QString::fromStdString(path.empty() ? "" : toWindows(platform::HostPath(path)));
+        });
+        QHeaderView& columns = *findChild<QTreeView*>("treeView")->header();
+        columns.setSectionResizeMode(QHeaderView::ResizeToContents);
+        columns.setStretchLastSection(true);
     }
 
     void accept() override {
@@ -64,6 +91,23 @@ class FileDialog : public QFileDialog {
     }
 
   private:
+    /// Adds the drives to the sidebar, and makes it wide enough.
+    void showDrives() {
+        QList<QUrl> places = sidebarUrls();
+        QMap<QUrl, QString> names;
+        for (char drive = 'a'; drive <= 'z'; ++drive) {
+            const std::string name = {drive, ':'};
+            const auto root = toHost_(name + "\\");
+            if (!root) continue;
+            places << QUrl::fromLocalFile(QString::fromStdString(root->text()));
+            names[places.last()] = QString::fromStdString(name);
+        }
+        setSidebarUrls(places);
+        auto& sidebar = *findChild<QListView*>("sidebar");
+        showNames(*sidebar.model(), [names](const QUrl& place) { return names.value(place); });
+        sidebar.setMinimumWidth(sidebar.sizeHintForColumn(0) + 2 * sidebar.frameWidth());
+    }
+
     const ToHost& toHost_;
 };
 
@@ -107,13 +151,14 @@ std::string FileChooser::choose(QWidget& owner, const forms::FileQuestion& quest
         if (QDir(folder).exists()) folder_ = folder;
     }
 
-    FileDialog dialog(owner, toHost_);
+    FileDialog dialog(owner, toHost_, toWindows_);
     dialog.setWindowTitle(QString::fromStdString(question.title));
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(question.filter));
     dialog.setDirectory(folder_);
     if (!offered.file.isEmpty()) dialog.selectFile(offered.file);
-    dialog.resize((dialog.sizeHint() * enlargement()).boundedTo(dialog.screen()->availableSize()));
+    dialog.resize((dialog.sizeHint() * scaleOf(owner).enlargement())
+                      .boundedTo(dialog.screen()->availableSize()));
     if (dialog.exec() != QDialog::Accepted) return {};
 
     folder_ = dialog.directory().absolutePath();
