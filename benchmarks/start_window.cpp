@@ -13,6 +13,7 @@
 #include <string>
 
 #include "console/frm_console.h"
+#include "console/workbench.h"
 #include "platform/linux/linux_runtime.h"
 #include "platform/linux/qt/application.h"
 #include "platform/linux/qt/form_window.h"
@@ -51,6 +52,7 @@ void showConsole(char** arguments) {
     qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
                           [&](const std::string& path) { return runtime.disk().toWindows(path); });
     forms::Application forms(toolkit, [](const std::string&) {});
+    toolkit.chooseFont(console::Workbench(runtime, toolkit).everyForm());
     core::Program program{runtime};
     auto& console = forms.load<console::frmConsole>(program);
     console.Show();

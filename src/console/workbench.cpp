@@ -1,6 +1,10 @@
 #include "console/workbench.h"
 
 #include "console/frm_console.h"
+#include "dialogs/frm_include_add.h"
+#include "dialogs/frm_include_list.h"
+#include "dialogs/locations_dialog.h"
+#include "docs/frm_about.h"
 #include "docs/frm_splash.h"
 
 namespace console {
@@ -13,6 +17,20 @@ Workbench::Workbench(core::Runtime& runtime, forms::Toolkit& toolkit)
           },
           [this] { save(); }),
       program_{runtime} {}
+
+std::vector<std::unique_ptr<forms::Form>> Workbench::everyForm() {
+    std::vector<std::unique_ptr<forms::Form>> forms;
+    auto console = std::make_unique<frmConsole>(application_, program_);
+    forms::ListBox& list = console->compile.lstInclude;
+    forms.push_back(std::move(console));
+    forms.push_back(std::make_unique<docs::frmSplash>(application_, [] {}));
+    forms.push_back(std::make_unique<docs::frmAbout>(application_, program_));
+    forms.push_back(std::make_unique<dialogs::frmSettings>(application_, program_));
+    forms.push_back(std::make_unique<dialogs::frmSettings2>(application_, program_));
+    forms.push_back(std::make_unique<dialogs::frmIncludeList>(application_, program_, list));
+    forms.push_back(std::make_unique<dialogs::frmIncludeAdd>(application_, program_, list));
+    return forms;
+}
 
 void Workbench::start() {
     application_.dispatch([this] {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <memory>
+#include <vector>
+
 #include "core/module1.h"
-#include "forms/application.h"
+#include "forms/form.h"
 
 namespace console {
 
@@ -10,6 +13,9 @@ class Workbench {
   public:
     /// Both must outlive the workbench.
     Workbench(core::Runtime& runtime, forms::Toolkit& toolkit);
+
+    /// Creates every form of the program without loading it, for a toolkit that measures captions.
+    std::vector<std::unique_ptr<forms::Form>> everyForm();
 
     /// Runs Main. The toolkit's message loop then drives the program until Toolkit::quit.
     void start();

@@ -14,6 +14,7 @@ int main(int /*count*/, char** arguments) {
         [&](const std::string& path) { return runtime.disk().toHost(path); },
         [&](const platform::HostPath& path) { return runtime.disk().toWindows(path); });
     console::Workbench workbench(runtime, toolkit);
+    toolkit.chooseFont(workbench.everyForm());
     const qt::EndRequest endRequest(workbench.application(), [&] { workbench.save(); });
     workbench.start();
     if (workbench.application().Count() == 0) return 0;  // asked to end during the start

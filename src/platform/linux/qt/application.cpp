@@ -2,15 +2,12 @@
 
 #include <fontconfig/fontconfig.h>
 
-#include "platform/linux/qt/scaled_style.h"
-
 namespace qt {
 
 QtApplication::QtApplication(char** arguments)
     : fonts_([] { FcInit(); }), application_(count_, arguments) {
     // Wayland desktops find the program's menu entry and icon by this name.
     QApplication::setDesktopFileName("net.norvane.workbench");
-    QApplication::setStyle(new ScaledStyle(QApplication::style()->objectName()));
     fonts_.join();
 }
 

@@ -2,8 +2,6 @@
 
 #include <QApplication>
 
-#include "platform/linux/qt/units.h"
-
 namespace qt {
 
 QString wrappingToolTip(const std::string& text) {
@@ -23,10 +21,12 @@ ControlPeer::ControlPeer(forms::Control& control, QWidget& widget)
     widget.setToolTip(wrappingToolTip(control.tooltip));
     widget.setAccessibleDescription(QString::fromStdString(control.tooltip).trimmed());
 
-    if (control.font == forms::Font()) return;
+    // Plain text that a form defines in a font of Windows has the program's font here.
+    constexpr double smallestTitle = 12;
+    if (control.font.points < smallestTitle) return;
     QFont font;  // inherits all that is not set here from the form's
     if (!control.font.family.empty()) font.setFamily(QString::fromStdString(control.font.family));
-    if (control.font.points > 0) font.setPointSizeF(control.font.points * enlargement());
+    font.setPointSizeF(control.font.points * scale().enlargement());
     if (control.font.italic) font.setItalic(true);
     widget.setFont(font);
 }
@@ -41,7 +41,7 @@ void ControlPeer::update() {
 }
 
 void ControlPeer::updateGeometry() {
-    widget_.setGeometry(placeOf(control_));
+    widget_.setGeometry(scale().placeOf(control_));
 }
 
 }  // namespace qt

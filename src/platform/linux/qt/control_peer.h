@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "forms/control.h"
+#include "platform/linux/qt/units.h"
 
 namespace qt {
 
@@ -24,6 +25,7 @@ class ControlPeer : public QObject, public forms::Peer {
     [[nodiscard]] QWidget& widget() const { return widget_; }
 
   protected:
+    [[nodiscard]] const Scale& scale() const { return scaleOf(widget_); }
     /// Moves the widget to its place.
     virtual void updateGeometry();
     /// Shows what the kind of control has beyond its place, name, Enabled and Visible.

@@ -5,9 +5,9 @@
 #include <QStyle>
 #include <QStyleOption>
 #include <algorithm>
+#include <limits>
 
 #include "forms/fit.h"
-#include "platform/linux/qt/units.h"
 
 namespace qt {
 
@@ -23,7 +23,7 @@ constexpr double narrowFontGain = 1.13;
 /// Measures captions and asks the style for the room that it leaves them, without any widget.
 class StyleRuler : public forms::Ruler {
   public:
-    explicit StyleRuler(const QFont& font) : metrics_(font) {}
+    StyleRuler(const QFont& font, const Scale& scale) : metrics_(font), scale_(scale) {}
 
     [[nodiscard]] int lineHeight() const override { return metrics_.height(); }
     [[nodiscard]] int width(const std::string& caption) const override {
@@ -83,26 +83,45 @@ class StyleRuler : public forms::Ruler {
         return {room.width() - sides, room.height()};
     }
 
-    static QSize sizeOf(const forms::Control& control) { return placeOf(control).size(); }
+    [[nodiscard]] QSize sizeOf(const forms::Control& control) const {
+        return scale_.placeOf(control).size();
+    }
 
     QFontMetrics metrics_;
+    const Scale& scale_;
     const QStyle& style_ = *QApplication::style();
 };
 
+/// Returns the least value that `measure` gives for a form.
+template <typename Measure>
+double least(const std::vector<std::unique_ptr<forms::Form>>& forms, const Measure& measure) {
+    double result = std::numeric_limits<double>::max();
+    for (const auto& form : forms)
+        result = std::min(result, measure(*form));
+    return result;
+}
+
 }  // namespace
 
-QFont fittingFont(forms::Form& form) {
-    QFont font = QApplication::font();
-    const double smallest = usualSmallest * enlargement();
-    const double largest = std::clamp(userPoints(), smallest, usualLargest * enlargement());
+QFont fittingFont(const std::vector<std::unique_ptr<forms::Form>>& forms, const QFont& usersFont,
+                  const Scale& scale) {
+    const double smallest = usualSmallest * scale.enlargement();
+    const double largest =
+        std::clamp(pointsOf(usersFont), smallest, usualLargest * scale.enlargement());
+    QFont font = usersFont;
     font.setPointSizeF(largest);
-    const double room = forms::captionRoom(form, StyleRuler(font));
+    const double room = least(forms, [ruler = StyleRuler(font, scale)](const auto& form) {
+        return forms::captionRoom(form, ruler);
+    });
     if (room >= 1) return font;
 
     const double tried = forms::halfPoints(std::min(largest, largest * room * narrowFontGain));
     font = QFont("Liberation Sans");
     font.setPointSizeF(tried);
-    font.setPointSizeF(std::max(smallest, forms::fittingPoints(form, tried, StyleRuler(font))));
+    const double points = least(forms, [&, ruler = StyleRuler(font, scale)](const auto& form) {
+        return forms::fittingPoints(form, tried, ruler);
+    });
+    font.setPointSizeF(std::max(smallest, points));
     return font;
 }
 

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QFrame>
 #include <QLayout>
 #include <QMenuBar>
 #include <QProxyStyle>
@@ -10,9 +9,7 @@
 #include <QWindow>
 #include <cmath>
 
-#include "platform/linux/qt/fit_font.h"
 #include "platform/linux/qt/peers.h"
-#include "platform/linux/qt/units.h"
 
 namespace qt {
 
@@ -48,20 +45,19 @@ class MenuBarStyle : public QProxyStyle {
 /// Gives the bar the same height in every style, so that the positions of the controls are known.
 void setUpMenuBar(QMenuBar& bar) {
     bar.setNativeMenuBar(false);
-    bar.setFixedHeight(pixels(menuBarHeight));
+    bar.setFixedHeight(scaleOf(bar).pixels(menuBarHeight));
     bar.setStyle(new MenuBarStyle(bar));
 }
 
 }  // namespace
 
-FormWindow::FormWindow(forms::Form& form, ToWindows toWindows)
+FormWindow::FormWindow(forms::Form& form, const Scale& scale, ToWindows toWindows)
     : form_(form),
       toWindows_(std::move(toWindows)),
-      window_(*new QMainWindow(nullptr, windowFlags(form.style))) {
+      window_(*new ScaledWindow(scale, windowFlags(form.style))) {
     window_.setObjectName(QString::fromStdString(form.name));
     window_.setAccessibleName(QString::fromStdString(form.style.accessibleName));
-    auto* client = new QFrame(&window_);
-    if (form.style.bare) client->setFrameStyle(QFrame::WinPanel | QFrame::Raised);
+    auto* client = new QWidget(&window_);
     window_.setCentralWidget(client);
     if (form.hasMenu()) setUpMenuBar(*window_.menuBar());
     if (form.style.background != forms::FormStyle::noColour) {
@@ -70,7 +66,7 @@ FormWindow::FormWindow(forms::Form& form, ToWindows toWindows)
         client->setPalette(palette);
         client->setAutoFillBackground(true);
     }
-    window_.setFont(fittingFont(form));
+    window_.setFont(QApplication::font());  // keeps it if the desktop changes its own
     update();
     window_.installEventFilter(this);
 }
@@ -121,21 +117,31 @@ void FormWindow::hide() {
     if (modal_) modal_->quit();
 }
 
-/// Waits until the screen shows the window, which cannot be painted before.
+/// Waits until the screen shows the window, which cannot be painted before, and in its place: the
+/// window manager may put it there late, and a message box would open where it was until then.
 void FormWindow::refresh() {
-    const QDeadlineTimer patience(500);
-    do {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    } while (window_.isVisible() && !window_.windowHandle()->isExposed() && !patience.hasExpired());
+    const auto await = [this](int milliseconds, const auto& done) {
+        const QDeadlineTimer patience(milliseconds);
+        do {
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        } while (window_.isVisible() && !done() && !patience.hasExpired());
+    };
+    await(500, [this] { return window_.windowHandle()->isExposed(); });
+    await(100, [this] { return window_.pos() == corner_; });
 }
 
 void FormWindow::update() {
     window_.setWindowTitle(QString::fromStdString(form_.Caption));
     given_ = {form_.Left, form_.Top, form_.Width, form_.Height};
-    const QSize size(pixels(form_.Width), pixels(form_.Height));
+    const Scale& scale = window_.scale;
+    const QSize size(scale.pixels(form_.Width), scale.pixels(form_.Height));
     if (!form_.style.sizable) window_.setFixedSize(size);
     if (window_.size() != size) window_.resize(size);
-    const QPoint corner(screenPixels(form_.Left), screenPixels(form_.Top));
+    moveTo({scale.screenPixels(form_.Left), scale.screenPixels(form_.Top)});
+}
+
+void FormWindow::moveTo(const QPoint& corner) {
+    corner_ = corner;
     // A window that was never moved has no position yet, though it appears to be in the corner.
     if (window_.pos() != corner || !window_.testAttribute(Qt::WA_Moved)) window_.move(corner);
 }
@@ -148,7 +154,7 @@ void FormWindow::centre() {
     QRect around = QGuiApplication::primaryScreen()->availableGeometry();
     if (owner_) around = owner_->frameGeometry();
     const QRect place(QPoint(), window_.size());
-    window_.move(around.center() - place.center());
+    moveTo(around.center() - place.center());
 }
 
 bool FormWindow::eventFilter(QObject* /*watched*/, QEvent* event) {
@@ -179,14 +185,15 @@ bool FormWindow::eventFilter(QObject* /*watched*/, QEvent* event) {
 void FormWindow::report() {
     if (!window_.isVisible()) return;
     static const bool placeless = QGuiApplication::platformName().startsWith("wayland");
+    const Scale& scale = window_.scale;
     const double dots = window_.devicePixelRatioF();
     const int tolerance = dots == std::floor(dots) ? 0 : 1;
     const auto near = [tolerance](int a, int b) { return std::abs(a - b) <= tolerance; };
     const auto keepPlace = [&](int given, int seen) {
-        return placeless || near(screenPixels(given), seen) ? given : screenTwips(seen);
+        return placeless || near(scale.screenPixels(given), seen) ? given : scale.screenTwips(seen);
     };
     const auto keepSize = [&](int given, int seen) {
-        return near(pixels(given), seen) ? given : twips(seen);
+        return near(scale.pixels(given), seen) ? given : scale.twips(seen);
     };
     auto state = forms::WindowState::Normal;
     if (window_.isMaximized()) state = forms::WindowState::Maximised;

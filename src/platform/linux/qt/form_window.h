@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QEventLoop>
-#include <QMainWindow>
 #include <QPointer>
 #include <memory>
 
 #include "forms/form.h"
 #include "platform/linux/qt/file_input.h"
 #include "platform/linux/qt/keyboard.h"
+#include "platform/linux/qt/units.h"
 
 namespace qt {
 
@@ -17,7 +17,7 @@ namespace qt {
 class FormWindow final : public QObject, public forms::WindowPeer {
   public:
     /// Creates the window hidden. The form's controls get their peers when it is first shown.
-    FormWindow(forms::Form& form, ToWindows toWindows);
+    FormWindow(forms::Form& form, const Scale& scale, ToWindows toWindows);
     ~FormWindow() override;
 
     void show() override;
@@ -34,12 +34,14 @@ class FormWindow final : public QObject, public forms::WindowPeer {
 
   private:
     void centre();
+    void moveTo(const QPoint& corner);
     void report();
 
     forms::Form& form_;
     ToWindows toWindows_;
-    QMainWindow& window_;
+    ScaledWindow& window_;
     forms::Place given_;                  ///< the place that the program set last
+    QPoint corner_;                       ///< where the window was put last
     std::unique_ptr<FileInput> files_;    ///< created when the window is first shown
     std::unique_ptr<Keyboard> keyboard_;  ///< created when the window is first shown
     QPointer<QWidget> owner_;

@@ -5,7 +5,6 @@
 #include "platform/linux/qt/caption_label.h"
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/peers.h"
-#include "platform/linux/qt/units.h"
 
 namespace qt {
 
@@ -21,7 +20,7 @@ class LabelPeer : public PeerOf<forms::Label, CaptionLabel> {
     void draw() override { widget_.setCaption(QString::fromStdString(control_.Caption)); }
 
     void updateGeometry() override {
-        QRect place = placeOf(control_);
+        QRect place = scale().placeOf(control_);
         if (control_.autoSize) {
             const QSize size = widget_.sizeOf(QString::fromStdString(control_.Caption));
             const int beside = control_.centred ? (place.width() - size.width()) / 2 : 0;
@@ -41,7 +40,7 @@ class LinePeer : public PeerOf<forms::Line, QFrame> {
 
   protected:
     void updateGeometry() override {
-        const QRect place = placeOf(control_);
+        const QRect place = scale().placeOf(control_);
         widget_.setGeometry({place.topLeft(), place.size().expandedTo({1, 1})});
     }
 };

@@ -1,7 +1,5 @@
 #include "platform/linux/qt/scaled_style.h"
 
-#include "platform/linux/qt/units.h"
-
 namespace qt {
 
 int ScaledStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -20,7 +18,7 @@ int ScaledStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_MessageBoxIconSize:
         case PM_ScrollBarExtent:
         case PM_TabBarScrollButtonWidth:
-            return qRound(size * enlargement());
+            return qRound(size * enlargement_);
         default:
             return size;
     }
@@ -34,6 +32,12 @@ QSize ScaledStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     // The buttons of boxes: the usual width is also a fixed one.
     if (type == CT_PushButton) size = size.expandedTo({3 * size.height(), 0});
     return size;
+}
+
+int ScaledStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                           QStyleHintReturn* result) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, result);
 }
 
 }  // namespace qt

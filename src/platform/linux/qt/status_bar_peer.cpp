@@ -8,7 +8,6 @@
 
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/peers.h"
-#include "platform/linux/qt/units.h"
 
 namespace qt {
 
@@ -19,7 +18,7 @@ class StatusBarPeer : public PeerOf<forms::StatusBar, QStatusBar> {
     StatusBarPeer(forms::StatusBar& bar, QMainWindow& window)
         : PeerOf(bar, new QStatusBar(&window)) {
         window.setStatusBar(&widget_);
-        widget_.setMinimumHeight(pixels(bar.Height));
+        widget_.setMinimumHeight(scale().pixels(bar.Height));
         for (const auto panel : bar.Panels) {
             panels_.push_back(new QLabel(&widget_));
             widget_.addPermanentWidget(panels_.back(), panel == forms::StatusBar::Panel::Text);

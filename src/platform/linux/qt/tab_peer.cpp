@@ -5,7 +5,6 @@
 
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/peers.h"
-#include "platform/linux/qt/units.h"
 
 namespace qt {
 
@@ -40,7 +39,7 @@ class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
 
     /// Clips the page to the window, so that its edges stay visible.
     void updateGeometry() override {
-        const QRect place = placeOf(control_);
+        const QRect place = scale().placeOf(control_);
         const QRect room = widget_.parentWidget()->rect().adjusted(0, 0, -place.x(), -margin);
         const QRect seen = place & room;
         widget_.setGeometry(seen.isEmpty() ? place : seen);

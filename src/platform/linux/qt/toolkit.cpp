@@ -4,8 +4,9 @@
 #include <QIcon>
 #include <QTimer>
 
+#include "platform/linux/qt/fit_font.h"
 #include "platform/linux/qt/form_window.h"
-#include "platform/linux/qt/units.h"
+#include "platform/linux/qt/scaled_style.h"
 
 /// The resources of a static library must be linked explicitly.
 static void linkPictures() {
@@ -26,8 +27,10 @@ QIcon programIcon() {
 }  // namespace
 
 QtToolkit::QtToolkit(ToHost toHost, ToWindows toWindows)
-    : toWindows_(toWindows), files_(std::move(toHost), std::move(toWindows)) {
-    takeScale();
+    : scale_(QApplication::font()),
+      toWindows_(toWindows),
+      files_(std::move(toHost), std::move(toWindows)) {
+    QApplication::setStyle(new ScaledStyle(scale_.enlargement()));
     QApplication::setQuitOnLastWindowClosed(false);
     linkPictures();
     constexpr int afterTheFirstPaint = 100;  // ms; a window need not wait for its icon
@@ -35,8 +38,12 @@ QtToolkit::QtToolkit(ToHost toHost, ToWindows toWindows)
                        [] { QApplication::setWindowIcon(programIcon()); });
 }
 
+void QtToolkit::chooseFont(const std::vector<std::unique_ptr<forms::Form>>& forms) {
+    QApplication::setFont(fittingFont(forms, QApplication::font(), scale_));
+}
+
 void QtToolkit::build(forms::Form& form) {
-    form.attachWindow(std::make_unique<FormWindow>(form, toWindows_));
+    form.attachWindow(std::make_unique<FormWindow>(form, scale_, toWindows_));
 }
 
 std::string QtToolkit::chooseFile(forms::Form& owner, const forms::FileQuestion& question) {

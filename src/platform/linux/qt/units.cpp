@@ -13,54 +13,45 @@ constexpr double twipsPerInch = 1440;
 constexpr double usualPoints = 10;    // the size of text for which the forms are laid out
 constexpr double tallestForm = 7600;  // in twips, with menu bar and title bar
 
-/// Pixels per twip.
-struct Scale {
-    double screen = 96 / twipsPerInch;
-    double window = screen;
-};
-Scale scale;
-
 }  // namespace
 
-double userPoints() {
-    const QFont font = QGuiApplication::font();
+double pointsOf(const QFont& font) {
     return font.pixelSize() > 0 ? QFontInfo(font).pointSizeF() : font.pointSizeF();
 }
 
-void takeScale() {
+Scale::Scale(const QFont& usersFont) {
     const QScreen& screen = *QGuiApplication::primaryScreen();
-    const double dotsPerInch = screen.logicalDotsPerInch();
-    const double wanted = userPoints() / usualPoints * dotsPerInch / twipsPerInch;
+    screen_ = screen.logicalDotsPerInch() / twipsPerInch;
+    const double wanted = pointsOf(usersFont) / usualPoints * screen_;
     const double room = screen.availableSize().height() / tallestForm;
-    scale.screen = dotsPerInch / twipsPerInch;
-    scale.window = std::max(scale.screen, std::min(wanted, room));
+    window_ = std::max(screen_, std::min(wanted, room));
 }
 
-int screenPixels(int twips) {
-    return qRound(twips * scale.screen);
+int Scale::screenPixels(int twips) const {
+    return qRound(twips * screen_);
 }
 
-int screenTwips(int pixels) {
-    return qRound(pixels / scale.screen);
+int Scale::screenTwips(int pixels) const {
+    return qRound(pixels / screen_);
 }
 
-int pixels(int twips) {
-    return qRound(twips * scale.window);
+int Scale::pixels(int twips) const {
+    return qRound(twips * window_);
 }
 
-int twips(int pixels) {
-    return qRound(pixels / scale.window);
+int Scale::twips(int pixels) const {
+    return qRound(pixels / window_);
 }
 
-double enlargement() {
-    return scale.window / scale.screen;
-}
-
-QRect placeOf(const forms::Control& control) {
+QRect Scale::placeOf(const forms::Control& control) const {
     const QPoint topLeft(pixels(control.Left), pixels(control.Top));
     const QPoint bottomRight(pixels(control.Left + control.Width),
                              pixels(control.Top + control.Height));
     return {topLeft, QSize(bottomRight.x() - topLeft.x(), bottomRight.y() - topLeft.y())};
+}
+
+const Scale& scaleOf(const QWidget& widget) {
+    return dynamic_cast<const ScaledWindow&>(*widget.window()).scale;
 }
 
 }  // namespace qt
