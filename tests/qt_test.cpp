@@ -3,6 +3,7 @@
 #include <QTest>
 #include <QtWidgets>
 
+#include "console/workbench.h"
 #include "fakes.h"
 #include "platform/linux/disk/short_names.h"
 #include "platform/linux/qt/application.h"
@@ -23,6 +24,24 @@ QString name(const std::string& text) {
 QMainWindow& windowOf(Form& form) {
     return dynamic_cast<qt::FormWindow&>(*form.window()).widget();
 }
+
+/// The program as it starts on a desktop with a font of this size, and a larger one for menus.
+struct Desktop {
+    Desktop(core::Runtime& runtime, int points) : usersFont(setFont(points)), program{runtime} {
+        toolkit.chooseFont(console::Workbench(runtime, toolkit).everyForm());
+    }
+    static QFont setFont(int points) {
+        QFont font("DejaVu Sans", points);
+        QApplication::setFont(font);
+        font.setPointSize(points + 4);
+        QApplication::setFont(font, "QMenu");
+        return font;
+    }
+    const QFont usersFont;
+    qt::QtToolkit toolkit{{}, {}};
+    Application application{toolkit, {}};
+    core::Program program;
+};
 
 /// The console in its window. The handlers of all controls except the tabs and the hide boxes are
 /// replaced by ones that log the control's name.
@@ -58,15 +77,8 @@ struct Windows : testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));
         EXPECT_EQ(window->focusWidget()->objectName(), "qt_tabwidget_tabbar");
     }
-    /// Sets the user's font for windows that are created from now on.
-    static void setUserFont(int points) {
-        QFont font = QApplication::font();
-        font.setPointSize(points);
-        QApplication::setFont(font);
-        qt::QtToolkit({}, {});  // takes the scale, as the program does at its start
-    }
     void TearDown() override {
-        setUserFont(9);
+        Desktop::setFont(9);
         // The message loop ends with the last form.
         QTimer::singleShot(
             0, [this] { application.Count() > 0 ? form->close() : QCoreApplication::exit(); });
@@ -121,7 +133,12 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     }
     Form& splash = application.load<docs::frmSplash>([] {});
     splash.Show();
-    const QMainWindow& shown = windowOf(splash);
+    QMainWindow& shown = windowOf(splash);
+    const QPoint middle = shown.pos();
+    shown.move(0, 0);  // where a window manager may leave it for a moment
+    QTimer::singleShot(30, [&] { shown.move(middle); });
+    splash.Refresh();
+    EXPECT_EQ(shown.pos(), middle);
     for (const auto key : {Qt::Key_F1, Qt::Key_Tab, Qt::Key_Delete})
         QTest::keyClick(shown.focusWidget(), key);
     QTest::keyClick(shown.focusWidget(), Qt::Key_X, Qt::AltModifier);
@@ -161,9 +178,12 @@ TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
     EXPECT_EQ(list.currentRow(), 0);
     panel.lstInclude.Clear();
     EXPECT_EQ(list.count(), 0);
-    for (QWidget* next : {&widget(panel.btnCompile), &widget(panel.btnBrowse)})
-        next->setFocus();
-    EXPECT_TRUE(widget<QPushButton>(panel.btnCompile).isDefault()) << "after it has lost the focus";
+    for (const Control* next : std::vector<Control*>{&panel.btnBrowse, &panel.txtFname}) {
+        widget(*next).setFocus();
+        const bool browse = next == &panel.btnBrowse;
+        EXPECT_EQ(widget<QPushButton>(panel.btnBrowse).isDefault(), browse);
+        EXPECT_EQ(widget<QPushButton>(panel.btnCompile).isDefault(), !browse);
+    }
 
     program.state.EditorPath = "editor.exe";
     QTabBar* bar = widget<QTabWidget>(form->tbsOptions).tabBar();
@@ -201,8 +221,8 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
         EXPECT_EQ((std::vector<int>{at.Left, at.Top, at.Width, at.Height}), expected);
     };
     for (const auto& [points, width] : {std::pair(18, 684), {11, 477}, {6, 433}}) {
-        setUserFont(points);
-        auto& other = application.load<console::frmConsole>(program);
+        Desktop desktop(runtime, points);
+        auto& other = desktop.application.load<console::frmConsole>(desktop.program);
         other.Show();
         other.Left = 2000;
         QCoreApplication::processEvents();
@@ -210,10 +230,7 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
         EXPECT_EQ(windowOf(other).x(), 133);
         EXPECT_EQ(windowOf(other).width(), width);
         EXPECT_EQ(windowOf(other).font().pointSizeF() == 7, points == 6) << "the smallest";
-        windowOf(other).close();
     }
-    QCoreApplication::processEvents();
-    EXPECT_EQ(application.Count(), 1);
     EXPECT_EQ(window->menuBar()->actionGeometry(window->menuBar()->actions()[0]).height(), 22);
     expectPlace(*form, {1000, 1000, 6500, 6500});
     EXPECT_EQ(window->size(), QSize(433, 433));
@@ -312,6 +329,11 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
             auto* edit = dialog->findChild<QLineEdit*>();
             EXPECT_EQ(edit->text(), shown);
             EXPECT_EQ(dialog->sidebarUrls().last(), QUrl::fromLocalFile(folder.path() + "\\"));
+            const auto* sidebar = dialog->findChild<QListView*>("sidebar");
+            EXPECT_EQ(sidebar->model()->index(sidebar->model()->rowCount() - 1, 0).data(), "z:");
+            EXPECT_GE(sidebar->viewport()->width(), sidebar->sizeHintForColumn(0));
+            EXPECT_EQ(dialog->findChild<QComboBox*>("lookInCombo")->currentText().toStdString(),
+                      "c:" + host + "/games");
             EXPECT_EQ(dialog->windowTitle(), "Select");
             EXPECT_EQ(dialog->nameFilters(),
                       (QStringList{"Source (*.kel) (*.[kK][eE][lL])", "All Files (*.*) (*)"}));
@@ -370,20 +392,26 @@ TEST_F(Windows, AMessageBoxAnswers) {
         {Runtime::exclamation, Qt::Key_Return, Runtime::Answer::Ok},
         {Runtime::yesNo, Qt::Key_Return, Runtime::Answer::Yes},
         {Runtime::yesNo, Qt::Key_Escape, Runtime::Answer::No}};
-    const std::string path = "<b>c:" + QString("\\folder").repeated(30).toStdString();
+    const std::string path =
+        "<b>c:" + QString("\\folder").repeated(30).toStdString() + "\\" + std::string(250, 'x');
+    const QString title(40, 'm');
     for (const auto& [flags, key, answer] : rows) {
         QTimer::singleShot(0, [&, key = key, flags = flags] {
             auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
             EXPECT_EQ(box->parentWidget(), window);
             EXPECT_EQ(box->text().remove(QChar(0x200b)).toStdString(), path + " not found");
-            EXPECT_EQ(box->windowTitle(), "Title");
+            EXPECT_EQ(box->windowTitle(), title);
+            QFont bold;
+            bold.setBold(true);
+            EXPECT_GT(box->width(), QFontMetrics(bold).horizontalAdvance(title) + 100);
+            EXPECT_TRUE(box->buttons().front()->icon().isNull());
             EXPECT_EQ(box->textFormat(), Qt::PlainText);
             EXPECT_LT(box->width(), 800);
             EXPECT_EQ(box->icon() == QMessageBox::Warning, flags == Runtime::exclamation);
             widget<QRadioButton>(form->compile.optFormat(2)).click();  // as a screen reader does
             QTest::keyClick(box, key);
         });
-        EXPECT_EQ(qt::messageBox(path + " not found", flags, "Title"), answer);
+        EXPECT_EQ(qt::messageBox(path + " not found", flags, title.toStdString()), answer);
     }
     EXPECT_EQ(heard, "");
     const auto& selected = widget<QRadioButton>(form->compile.optFormat(0));
@@ -399,6 +427,8 @@ bool captionFits(const QWidget& widget, const std::string& caption) {
                label->textFormat() == Qt::PlainText &&
                (caption == withoutMnemonic(caption) || label->buddy()) &&
                (!label->wordWrap() || label->heightForWidth(label->width()) <= label->height());
+    const auto* box = qobject_cast<const QGroupBox*>(&widget);
+    if (box && name(withoutMnemonic(box->title().toStdString())) != text) return false;
     const QFontMetrics letters = widget.fontMetrics();
     const auto* button = qobject_cast<const QAbstractButton*>(&widget);
     const bool marked = button && button->isCheckable();
@@ -415,26 +445,31 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
     EXPECT_FALSE(captionFits(widget(form->compile.btnBrowse), form->compile.btnBrowse.Caption));
     for (const int points : {8, 11, 18, 24}) {
         SCOPED_TRACE(points);
-        setUserFont(points);
-        auto& console =
-            dynamic_cast<console::frmConsole&>(*fakes::everyForm(application, program).front());
-        for (int i = 1; i < application.Count(); ++i)
+        Desktop desktop(runtime, points);
+        Application& application = desktop.application;
+        auto& console = dynamic_cast<console::frmConsole&>(
+            *fakes::everyForm(application, desktop.program).front());
+        for (int i = 0; i < application.Count(); ++i)
             application.Forms(i).Show();
+        const QFont font = QApplication::font();
+        EXPECT_EQ(windowOf(console).findChild<QMenu*>()->font(), font);
+        const double enlargement = qt::scaleOf(windowOf(console)).enlargement();
+        EXPECT_GT(font.pointSizeF(), 7.2 * enlargement) << "not the smallest size";
         const QMainWindow& shown = windowOf(console);
         for (int tab = 1; tab <= 4; ++tab)
             console.tbsOptions.SelectedItem = tab;
-        QMainWindow& splash = windowOf(application.Forms(2));
+        QMainWindow& splash = windowOf(application.Forms(1));
         const auto* logo = splash.findChild<QLabel*>("imgLogo");
         EXPECT_TRUE(logo->hasScaledContents() && !logo->pixmap().isNull());
         const QFont title = splash.findChild<QLabel*>("lblProductName")->font();
         EXPECT_TRUE(title.italic() && title.family() == "Times New Roman");
         const QImage picture = splash.grab().toImage();
-        EXPECT_EQ(picture.pixelColor(5, 5), QColor(0, 0, 128));
         const auto* frame = splash.findChild<QWidget*>("Frame1");
+        for (const QPoint& edge : {QPoint(0, 0), frame->pos() - QPoint(1, 1)})
+            EXPECT_EQ(picture.pixelColor(edge), QColor(0, 0, 128));
         EXPECT_EQ(picture.pixelColor(frame->pos() + QPoint(1, 1)), frame->palette().base().color());
         const QPoint middle = splash.screen()->availableGeometry().center();
         EXPECT_LT((splash.frameGeometry().center() - middle).manhattanLength(), 4);
-        EXPECT_GT(shown.font().pointSizeF(), 7.2 * qt::enlargement()) << "not the smallest size";
         for (const Control* control : console.allControls()) {
             if (!dynamic_cast<const MenuItem*>(control)) continue;
             const auto* action = shown.findChild<QAction*>(name(control->fullName()));
@@ -445,7 +480,7 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         EXPECT_EQ(panels[1]->text(),
                   QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
         EXPECT_GT(panels[0]->width(), shown.width() / 2) << "takes what the others leave";
-        while (application.Count() > 1) {
+        while (application.Count() > 0) {
             Form& last = application.Forms(application.Count() - 1);
             EXPECT_EQ(windowOf(last).windowTitle(), name(last.Caption));
             for (const Control* control : last.allControls()) {
@@ -454,10 +489,15 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
                 if (!drawn) continue;
                 EXPECT_TRUE(captionFits(*drawn, control->Caption))
                     << last.name << " " << control->fullName();
-                EXPECT_EQ(drawn->y(), qt::placeOf(*control).y()) << control->fullName();
+                EXPECT_EQ(drawn->y(), qt::scaleOf(*drawn).placeOf(*control).y())
+                    << control->fullName();
                 const auto* line = dynamic_cast<const Line*>(control);
                 EXPECT_EQ(drawn->backgroundRole() == QPalette::Light, line && line->light);
-                EXPECT_LE(control->font.points ? 0 : drawn->font().pointSizeF(), points);
+                const double title = control->font.points > 10 ? control->font.points : 0;
+                EXPECT_EQ(drawn->font().pointSizeF(),
+                          title ? title * enlargement : font.pointSizeF());
+                EXPECT_EQ(drawn->font().family() == font.family(),
+                          control->name != "lblProductName");
                 const QString help = name(control->tooltip);
                 EXPECT_EQ(QTextDocumentFragment::fromHtml(drawn->toolTip()).toPlainText(), help);
                 const bool drive = control->name == "Drive1";  // Qt names it after its entry
