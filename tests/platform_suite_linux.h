@@ -38,6 +38,8 @@ class System : public LinuxDesktop {
     /// Does nothing: an open file can be renamed here.
     static std::jthread hold(const fs::path&) { return {}; }
     std::string commandOf(const fs::path& program) const {
+    static std::jthread share(const fs::path&) { return {}; }
+    static constexpr const char* byScript = "";
         return core::quoted(folder + '\\' + program.filename().string());
     }
 
@@ -66,8 +68,9 @@ class System : public LinuxDesktop {
         fs::rename(file, file.parent_path() / name);
         return name;
     }
-    /// Files are UTF-8; other bytes are kept.
-    static constexpr const char* oldText = "m\xe4rchen";
+    /// The bytes of texts in a file: UTF-8; other bytes are kept.
+    static inline const std::map<std::string, std::string> texts = {{"märchen", "märchen"},
+                                                                    {"m\xe4rchen", "m\xe4rchen"}};
 
     const fs::path place = c / "suite";
     const std::string folder = "c:\\suite";

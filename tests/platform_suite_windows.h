@@ -45,15 +45,17 @@ class System : public testing::Test {
         return platform::narrow(file.filename().wstring());
     }
     /// Keeps the file open for a moment, as a virus scanner does.
-    static std::jthread hold(const fs::path& file) {
-        void* handle = CreateFileW(file.wstring().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
-                                   FILE_ATTRIBUTE_NORMAL, nullptr);
+    static std::jthread hold(const fs::path& file, DWORD sharing = 0) {
+        void* handle = CreateFileW(file.wstring().c_str(), GENERIC_READ, sharing, nullptr,
+                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         return std::jthread([handle] {
             Sleep(300);
             CloseHandle(handle);
         });
     }
-    /// A path that is the whole command needs no quotes.
+    /// The same, in a way that lets others delete the file.
+    static std::jthread share(const fs::path& file) { return hold(file, FILE_SHARE_DELETE); }
+    /// A path that is the whole command needs no quotes, and Windows drops dots at its end.
     static std::string commandOf(const fs::path& program) {
         return platform::narrow(program.wstring());
     }
@@ -80,9 +82,10 @@ class System : public testing::Test {
         return {stem, stem};
     }
 
-    /// A file that is not UTF-8 is read in the system's code page, which is a Western one where
-    /// the suite runs.
-    static constexpr const char* oldText = "märchen";
+    /// The bytes of texts in a file. The system's code page is a Western one where the suite runs;
+    /// a text that lacks a character there, or would be taken for UTF-8, is in UTF-8.
+    static inline const std::map<std::string, std::string> texts = {
+        {"märchen", "m\xe4rchen"}, {"łódź", "łódź"}, {"mÃ¤rchen", "mÃ¤rchen"}};
 
     const fs::path place =
         fs::temp_directory_path() /

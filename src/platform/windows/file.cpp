@@ -23,6 +23,13 @@ Handle openFile(const std::string& path, DWORD access, DWORD sharing, DWORD crea
     return Handle(handle);
 }
 
+/// Returns the text of a file in UTF-8. Bytes that are no UTF-8 are in the ANSI code page.
+std::string decoded(const std::string& bytes) {
+    const bool isUtf8 = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(),
+                                            static_cast<int>(bytes.size()), nullptr, 0) != 0;
+    return isUtf8 ? bytes : narrow(wide(bytes, GetACP()));
+}
+
 }  // namespace
 
 void HandleCloser::operator()(void* handle) const {
@@ -53,7 +60,7 @@ void write(const Handle& file, std::string_view bytes, const std::string& path) 
     }
 }
 
-std::string readFile(const std::string& path) {
+std::string readText(const std::string& path) {
     const Handle file = openFile(path, GENERIC_READ, shareAll, OPEN_EXISTING);
     std::string text;
     std::array<char, 4096> part;
@@ -65,7 +72,12 @@ std::string readFile(const std::string& path) {
         }
         text.append(part.data(), count);
     } while (count > 0);
-    return text;
+    return decoded(text);
+}
+
+std::string textBytes(const std::string& text) {
+    const auto bytes = inCodePage(text, GetACP());
+    return bytes && decoded(*bytes) == text ? *bytes : text;
 }
 
 bool retryWhileInUse(const std::function<bool()>& call) {

@@ -22,8 +22,11 @@ void requireFolder(const std::string& path);
 /// Writes the bytes. Throws RuntimeError that names `path`.
 void write(const Handle& file, std::string_view bytes, const std::string& path);
 
-/// Returns the contents of a file. Throws RuntimeError.
-std::string readFile(const std::string& path);
+/// Returns the contents of a text file in UTF-8. Throws RuntimeError.
+std::string readText(const std::string& path);
+/// Returns the bytes of a whole text in a file: in the system's ANSI code page or, if that lacks a
+/// character or if readText would take the bytes for UTF-8, in UTF-8.
+std::string textBytes(const std::string& text);
 
 /// Repeats a system call for up to a second while it fails because another program, such as a virus
 /// scanner, has the file open. Returns the last result; GetLastError() stays that of the call.

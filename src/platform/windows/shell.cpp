@@ -149,7 +149,7 @@ void startScript(const std::string& script, const std::string& arguments, bool m
     std::string before;
     std::string folder;
     if (arguments.empty()) {
-        const std::string text = readFile(script);
+        const std::string text = readText(script);
         folder = folderOfScript(text);
         if (GetFullPathNameW(wide(folder).c_str(), 0, nullptr, nullptr) > MAX_PATH)
             fail("go to", folder, ERROR_FILENAME_EXCED_RANGE);

@@ -21,4 +21,11 @@ std::string narrow(std::wstring_view text, unsigned codePage) {
     return result;
 }
 
+std::optional<std::string> inCodePage(const std::string& text, unsigned codePage) {
+    const std::wstring characters = wide(text);
+    std::string bytes = narrow(characters, codePage);
+    if (wide(bytes, codePage) != characters) return {};  // a character was replaced by another
+    return bytes;
+}
+
 }  // namespace platform

@@ -15,31 +15,6 @@ namespace platform {
 
 namespace {
 
-/// Returns the text that `call(buffer, size)` writes. The call returns the text's length, or at
-/// least `size` if it does not fit.
-template <typename Call>
-std::string textFrom(const Call& call) {
-    std::wstring buffer(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD size = static_cast<DWORD>(buffer.size());
-        const DWORD length = call(buffer.data(), size);
-        if (length < size) return narrow({buffer.data(), length});
-        buffer.resize(buffer.size() * 2);
-    }
-}
-
-/// Returns the text in UTF-8. An older file is in the code page of the system's language.
-std::string inUtf8(const std::string& text) {
-    if (MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(),
-                            static_cast<int>(text.size()), nullptr, 0) != 0) {
-        return text;
-    }
-    DWORD codePage = CP_ACP;
-    GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
-                   reinterpret_cast<wchar_t*>(&codePage), sizeof(codePage) / sizeof(wchar_t));
-    return narrow(wide(text, codePage));
-}
-
 std::wstring settingsKey(const std::string& application, const std::string& section) {
     return wide("Software\\" + application + '\\' + section);
 }
@@ -72,11 +47,13 @@ class Listing {
     bool valid_;
 };
 
-/// True for errors that leave open whether the file exists.
-bool isUnknown(DWORD error) {
-    constexpr DWORD errors[] = {ERROR_ACCESS_DENIED, ERROR_CRC, ERROR_IO_DEVICE,
-                                ERROR_NETNAME_DELETED};
-    return std::find(std::begin(errors), std::end(errors), error) != std::end(errors);
+/// True for the errors that only a path without a file gives. Every other, such as that of a server
+/// or a drive that does not answer, leaves open whether the file exists.
+bool meansNoFile(DWORD error) {
+    constexpr DWORD errors[] = {ERROR_FILE_NOT_FOUND,       ERROR_PATH_NOT_FOUND,
+                                ERROR_INVALID_NAME,         ERROR_BAD_PATHNAME,
+                                ERROR_FILENAME_EXCED_RANGE, ERROR_DIRECTORY};
+    return std::ranges::find(errors, error) != std::end(errors);
 }
 
 }  // namespace
@@ -102,7 +79,7 @@ std::string WindowsRuntime::rtcDir(const std::string& path) {
     // The last three are further wildcards of Windows.
     if (path.find_first_of("*?<>\"") != std::string::npos) return "";
     const Listing found(path);
-    if (!found.valid() && isUnknown(GetLastError())) fail("look up", path);
+    if (!found.valid() && !meansNoFile(GetLastError())) fail("look up", path);
     return found.valid() && !found.isFolder() && !found.isHidden() ? found.name() : "";
 }
 
@@ -122,7 +99,7 @@ std::chrono::system_clock::time_point WindowsRuntime::rtcFileDateTime(const std:
 }
 
 std::string WindowsRuntime::readFile(const std::string& path) {
-    return inUtf8(platform::readFile(path));
+    return readText(path);
 }
 
 void WindowsRuntime::openOutput(const std::string& path) {
@@ -141,7 +118,7 @@ void WindowsRuntime::closeOutput() {
 
 void WindowsRuntime::writeOut() {
     Handle file = std::move(output_);
-    write(file, std::exchange(printed_, ""), outputPath());
+    write(file, textBytes(std::exchange(printed_, "")), outputPath());
     output_ = std::move(file);
 }
 
@@ -152,8 +129,16 @@ void WindowsRuntime::vbaFileFlush() {
 }
 
 void WindowsRuntime::rtcKillFiles(const std::string& path) {
-    if (!retryWhileInUse([&] { return DeleteFileW(wide(path).c_str()) != FALSE; }))
-        fail("delete", path);
+    // While another program has the file open, as a virus scanner does, a deleted file keeps its
+    // name. Renaming it first frees the name for the file that is to follow.
+    const std::wstring file = wide(path);
+    const std::wstring aside = file + L'~' + std::to_wstring(GetTickCount64());
+    const auto rename = [&] { return MoveFileW(file.c_str(), aside.c_str()) != FALSE; };
+    if (!retryWhileInUse(rename)) fail("delete", path);
+    if (DeleteFileW(aside.c_str()) != FALSE) return;
+    const DWORD error = GetLastError();
+    MoveFileW(aside.c_str(), file.c_str());
+    fail("delete", path, error);
 }
 
 void WindowsRuntime::vbaNameFile(const std::string& from, const std::string& to) {
