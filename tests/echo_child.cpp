@@ -1,6 +1,6 @@
 // Appends a line to the file named by NWBW_ECHO: the current folder, the arguments, and the
-// standard input unless it is a terminal. On Windows it appends nothing unless the variable is set
-// that keeps the command interpreter from starting programs of the current folder.
+// standard input unless it is a terminal. On Windows the line starts with "guarded " if the
+// variable is set that keeps the command interpreter from starting programs of the current folder.
 
 #include <cstdlib>
 #include <iostream>
@@ -15,13 +15,14 @@
 
 #ifdef _WIN32
 int wmain(int count, wchar_t* words[]) {
-    if (std::getenv("NoDefaultCurrentDirectoryInExePath") == nullptr) return 1;
     const bool isKeyboard = _isatty(0) != 0;
+    std::string echo = std::getenv("NoDefaultCurrentDirectoryInExePath") ? "guarded " : "";
 #else
 int main(int count, char* words[]) {
     const bool isKeyboard = isatty(0) != 0;
+    std::string echo;
 #endif
-    std::string echo = textOf(fs::current_path());
+    echo += textOf(fs::current_path());
     for (int i = 1; i < count; ++i)
         echo += '[' + textOf(words[i]) + ']';
     if (!isKeyboard) echo += std::string(std::istreambuf_iterator<char>(std::cin), {});

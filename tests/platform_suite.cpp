@@ -37,7 +37,12 @@ class Platform : public System {
         return in("tools\\tool.exe");
     }
 
-    Runtime runtime = makeRuntime(nullptr);
+    std::string box;  ///< the text of the last message
+    Runtime runtime = makeRuntime([this](const std::string& text, int flags, const std::string&) {
+        EXPECT_EQ(flags, Runtime::okOnly) << text;
+        box = text;
+        return Runtime::Answer::Ok;
+    });
 };
 
 }  // namespace
@@ -118,12 +123,12 @@ TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {
     const std::jthread readForAWhile = share(place / "old.ini");
     runtime.rtcKillFiles(old);
     EXPECT_FALSE(fs::exists(place / "old.ini"));
+    runtime.vbaNameFile(y, old);
 }
 
 TEST_F(Platform, RunsAScriptInItsFolderAndNowhereElse) {
     const std::string child = core::quoted(echoChild());
     for (const char* lead : {"q:", "cd \"\\none\\\"", "cd \"tools\\tool.exe\\\""}) {
-    runtime.vbaNameFile(y, old);
         write(place / "astray.bat", std::string(lead) + "\r\n" + child + " astray\r\n");
         errorOf([&] { runtime.rtcShell(core::quoted(in("astray.bat")), Runtime::normalFocus); });
     }
@@ -158,8 +163,9 @@ TEST_F(Platform, StartsPrograms) {
         const auto start = [&, &command = command] {
             runtime.rtcShell(command, Runtime::normalFocus);
         };
-        const std::string error = errorOf(start);
-        EXPECT_EQ(error.empty(), echo != nullptr) << command;
+        box.clear();
+        const std::string error = errorOf(start) + box;
+        EXPECT_EQ(error.empty(), echo != nullptr) << command << error;
         EXPECT_EQ(error.find("%1"), std::string::npos) << error;
         if (echo != nullptr) {
             EXPECT_EQ(echoed(), textOf(place) + echo);
@@ -173,8 +179,7 @@ TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
         fs::copy_file(NWBW_ECHO_CHILD, place / "tools" / other);
     setVariable("VISUAL", "ed");
     fakes::FakeToolkit toolkit;
-    std::string box;
-    forms::Application application(toolkit, [&](const std::string& text) { box = text; });
+    forms::Application application(toolkit, [this](const std::string& text) { box = text; });
     core::Program workbench{runtime};
     workbench.state.CompilerPath = tool;
     workbench.state.StartTab = 2;
@@ -192,8 +197,9 @@ TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
     for (const std::string& stem : ordinaryNames) {
         const fs::path game = compile(stem);
         const auto [given, listing] = wordsFor(runtime, game / pathOf(stem));
-        const std::string expected = textOf(game) + '[' + given + "][-List][-Height][0]\n" +
-                                     textOf(game) + '[' + listing + ".lis]\n";
+        const std::string at = byScript + textOf(game);
+        const std::string expected =
+            at + '[' + given + "][-List][-Height][0]\n" + at + '[' + listing + ".lis]\n";
         await([&] { return contentOf(place / "echo") == expected; });
         ASSERT_EQ(contentOf(place / "echo"), expected) << box;
         EXPECT_EQ(std::distance(fs::directory_iterator(game), {}), 1) << stem;

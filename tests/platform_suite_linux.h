@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <thread>
 
@@ -37,10 +38,12 @@ class System : public LinuxDesktop {
 
     /// Does nothing: an open file can be renamed here.
     static std::jthread hold(const fs::path&) { return {}; }
-    std::string commandOf(const fs::path& program) const {
     static std::jthread share(const fs::path&) { return {}; }
     static constexpr const char* byScript = "";
-        return core::quoted(folder + '\\' + program.filename().string());
+    std::string commandOf(const fs::path& program) const {
+        std::string path = fs::relative(program, place).string();
+        std::ranges::replace(path, '/', '\\');
+        return core::quoted(folder + '\\' + path);
     }
 
     // A game may have any name; the tools get the host's names.

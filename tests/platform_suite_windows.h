@@ -20,6 +20,10 @@ class System : public testing::Test {
     System() {
         fs::create_directories(place);
         fs::current_path(place);
+        // A code page of the user's for consoles, which ours need not begin with.
+        const DWORD codePage = 65001;
+        RegSetKeyValueW(HKEY_CURRENT_USER, L"Console", L"CodePage", REG_DWORD, &codePage,
+                        sizeof codePage);
     }
     ~System() override {
         fs::current_path(place.parent_path());
@@ -29,6 +33,7 @@ class System : public testing::Test {
             Sleep(20);
         }
         RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Norvane Workbench Tests");
+        RegDeleteKeyValueW(HKEY_CURRENT_USER, L"Console", L"CodePage");
     }
     static void setVariable(const char* name, const fs::path& value) {
         SetEnvironmentVariableW(platform::wide(name).c_str(), value.wstring().c_str());
@@ -57,8 +62,12 @@ class System : public testing::Test {
     static std::jthread share(const fs::path& file) { return hold(file, FILE_SHARE_DELETE); }
     /// A path that is the whole command needs no quotes, and Windows drops dots at its end.
     static std::string commandOf(const fs::path& program) {
-        return platform::narrow(program.wstring());
+        return platform::narrow(program.wstring()) + '.';
     }
+    /// What the echo child tells of a start by the command interpreter.
+    static constexpr const char* byScript = "guarded ";
+    /// A file that may be there, but cannot be looked up.
+    static constexpr const char* unreachable = "\\\\nowhere.invalid\\games\\cave.kel";
 
     // Some names contain characters that are special to the command interpreter.
     static inline const std::string ordinaryNames[] = {

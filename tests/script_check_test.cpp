@@ -17,7 +17,7 @@ TEST(ScriptCheck, TellsWhereAScriptRunsOrWhatIsTakenForACommand) {
         {k + R"("x"y&z" a|b)", R"("&" in the name "y&z" )"},
         {"c:\r\ncd \"\\100%\\\"\r\n" + k, R"("%" in the name "\100%\" )"},
         {k + "a\x1a", "a control character in the name \"a\x1a\" "},
-        {k + "cave < ", R"(no file is named after "<")"},
+        {k + "cave < ", ""},
         {"cd \"\\\\server\\games\\\"", "a folder without a drive, such as \\\\server\\games\\."},
         {"cd \"/d\\\"", R"("/" in the name "/d\" )"},
     };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/runtime.h"
 #include "core/text.h"
 
 namespace platform {
@@ -10,7 +9,7 @@ namespace platform {
 namespace {
 
 [[noreturn]] void refuse(const std::string& reason) {
-    throw core::RuntimeError("Nothing was started: " + reason);
+    throw Refusal("Nothing was started: " + reason);
 }
 
 [[noreturn]] void refuse(std::string_view name, char character) {
@@ -51,7 +50,6 @@ void checkLine(std::string_view line) {
         if (inQuotes) continue;
         if (line.substr(i).starts_with(" -")) nameStart = i + 1;
         if (c == '<' && !readsFile) {
-            if (trimmed(line.substr(i + 1)).empty()) refuse("no file is named after \"<\".");
             readsFile = true;
             nameStart = i + 1;
         } else if (std::string_view("&|^><").find(c) != std::string_view::npos) {

@@ -1,9 +1,7 @@
 #include "platform/windows/shell.h"
 
 #include <algorithm>
-#include <cwchar>
 
-#include "core/runtime.h"
 #include "core/text.h"
 #include "platform/windows/file.h"
 #include "platform/windows/script_check.h"
@@ -27,17 +25,36 @@ bool isFile(const std::string& path) {
 }
 
 std::string systemFolder() {
-    std::wstring folder(MAX_PATH, L'\0');
-    folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
-    return narrow(folder);
+    return textFrom([](wchar_t* buffer, DWORD size) { return GetSystemDirectoryW(buffer, size); });
 }
+
+std::string variable(const wchar_t* name) {
+    return textFrom([name](wchar_t* buffer, DWORD size) {
+        return GetEnvironmentVariableW(name, buffer, size);
+    });
+}
+
+/// Gives an environment variable, and the programs started meanwhile, another value.
+class TemporaryVariable {
+  public:
+    TemporaryVariable(const wchar_t* name, const std::string& value)
+        : name_(name), before_(variable(name)) {
+        SetEnvironmentVariableW(name, wide(value).c_str());
+    }
+    ~TemporaryVariable() {
+        SetEnvironmentVariableW(name_, before_.empty() ? nullptr : wide(before_).c_str());
+    }
+    TemporaryVariable(const TemporaryVariable&) = delete;
+    TemporaryVariable& operator=(const TemporaryVariable&) = delete;
+
+  private:
+    const wchar_t* name_;
+    std::string before_;
+};
 
 /// Returns the search path without its relative folders.
 std::string safeSearchPath() {
-    std::wstring variable(GetEnvironmentVariableW(L"PATH", nullptr, 0), L'\0');
-    variable.resize(
-        GetEnvironmentVariableW(L"PATH", variable.data(), static_cast<DWORD>(variable.size())));
-    std::string folders = narrow(variable);
+    std::string folders = variable(L"PATH");
     std::erase(folders, '"');
     std::string safe;
     for (std::string_view rest = folders; !rest.empty();) {
@@ -48,22 +65,21 @@ std::string safeSearchPath() {
     return safe;
 }
 
-/// Keeps this process and its children from starting a program in a game's folder instead of the
-/// system's.
-void guardSearchPath(const std::string& folders) {
-    SetEnvironmentVariableW(L"PATH", wide(folders).c_str());
-    SetEnvironmentVariableW(L"NoDefaultCurrentDirectoryInExePath", L"1");
+/// Returns the path of a program that is given without one.
+std::string findProgram(const std::string& name) {
+    const std::wstring folders = wide(systemFolder() + ';' + safeSearchPath());
+    std::string path = textFrom([&, file = wide(name)](wchar_t* buffer, DWORD size) {
+        return SearchPathW(folders.c_str(), file.c_str(), L".exe", size, buffer, nullptr);
+    });
+    if (path.empty()) fail("start", name);
+    return path;
 }
 
-/// Returns the path of a program that is given without one.
-std::string findProgram(const std::string& name, const std::string& folders) {
-    std::wstring path(32768, L'\0');
-    const DWORD length =
-        SearchPathW(wide(systemFolder() + ';' + folders).c_str(), wide(name).c_str(), L".exe",
-                    static_cast<DWORD>(path.size()), path.data(), nullptr);
-    if (length == 0) fail("start", name);
-    path.resize(length);
-    return narrow(path);
+/// Returns the path as Windows opens it: absolute, and without dots and blanks at its end.
+std::string fullPath(const std::string& path) {
+    return textFrom([file = wide(path)](wchar_t* buffer, DWORD size) {
+        return GetFullPathNameW(file.c_str(), size, buffer, nullptr);
+    });
 }
 
 /// A command split into its program, without quotes, and everything after it.
@@ -90,35 +106,16 @@ bool isScript(const std::string& program) {
     return lstrcmpiW(end.c_str(), L".bat") == 0 || lstrcmpiW(end.c_str(), L".cmd") == 0;
 }
 
-/// Returns the code page of a new console, in which the interpreter reads scripts.
-unsigned consoleCodePage() {
-    DWORD chosen = 0;
-    DWORD size = sizeof(chosen);
-    if (RegGetValueW(HKEY_CURRENT_USER, L"Console", L"CodePage", RRF_RT_REG_DWORD, nullptr, &chosen,
-                     &size) == ERROR_SUCCESS) {
-        return chosen;
-    }
-    // Not GetOEMCP(), which is UTF-8 in this process.
-    wchar_t number[16] = {};
-    size = sizeof(number);
-    RegGetValueW(HKEY_LOCAL_MACHINE, LR"(SYSTEM\CurrentControlSet\Control\Nls\CodePage)", L"OEMCP",
-                 RRF_RT_REG_SZ, nullptr, number, &size);
-    return std::wcstoul(number, nullptr, 10);
-}
-
-/// Rewrites the script in the code page of the interpreter. If that lacks a character, leaves the
-/// script in UTF-8 and returns the command that first switches the console to it; otherwise returns
-/// an empty string.
+/// Writes the script in one code page, and returns the command that switches the console to it. It
+/// is the system's OEM code page, which tools expect, or UTF-8 if that lacks a character. The
+/// console may begin with another one, which the user can set in several places. Returns an empty
+/// string for a script in ASCII.
 std::string encode(const std::string& script, const std::string& text) {
-    const std::wstring characters = wide(text);
-    const unsigned codePage = consoleCodePage();
-    const std::string bytes = narrow(characters, codePage);
-    // The conversion replaces a missing character by a similar one.
-    if (bytes.empty() || wide(bytes, codePage) != characters)
-        return core::quoted(systemFolder() + "\\chcp.com") + ' ' + std::to_string(utf8) +
-               " >nul & ";
-    if (bytes != text) write(openForOutput(script), bytes, script);
-    return "";
+    if (std::ranges::all_of(text, [](char c) { return c >= 0; })) return "";
+    const auto inOem = inCodePage(text, GetOEMCP());
+    write(openForOutput(script), inOem.value_or(text), script);
+    return core::quoted(systemFolder() + "\\chcp.com") + ' ' +
+           std::to_string(inOem ? GetOEMCP() : utf8) + " >nul & ";
 }
 
 /// Starts the program with a command line, in the given folder or, if that is empty, in the current
@@ -142,7 +139,8 @@ void start(const std::string& program, const std::string& command, const std::st
 }
 
 /// Has the interpreter run the script, without the user's AutoRun commands, which may change the
-/// code page.
+/// code page. Keeps it from starting a program in a game's folder instead of the system's. A script
+/// of our own ends with "exit"; if an error ends it before, the window stays, to be read.
 void startScript(const std::string& script, const std::string& arguments, bool maximised) {
     const std::string command = core::quoted(script) + arguments;
     checkLine(command);
@@ -151,7 +149,7 @@ void startScript(const std::string& script, const std::string& arguments, bool m
     if (arguments.empty()) {
         const std::string text = readText(script);
         folder = folderOfScript(text);
-        if (GetFullPathNameW(wide(folder).c_str(), 0, nullptr, nullptr) > MAX_PATH)
+        if (wide(fullPath(folder)).size() >= MAX_PATH)
             fail("go to", folder, ERROR_FILENAME_EXCED_RANGE);
         if (!folder.empty()) requireFolder(folder);
         before = encode(script, text);
@@ -160,19 +158,21 @@ void startScript(const std::string& script, const std::string& arguments, bool m
     // A relative folder needs the current one.
     if (!folder.substr(core::drivePart(folder).size()).starts_with('\\')) folder.clear();
     const std::string interpreter = systemFolder() + "\\cmd.exe";
-    start(interpreter,
-          core::quoted(interpreter) + " /d /e:on /v:off /s /c " + core::quoted(before + command),
-          folder, maximised);
+    const std::string options =
+        " /d /e:on /v:off /s " + std::string(arguments.empty() ? "/k " : "/c ");
+    const TemporaryVariable path(L"PATH", safeSearchPath());
+    const TemporaryVariable notHere(L"NoDefaultCurrentDirectoryInExePath", "1");
+    start(interpreter, core::quoted(interpreter) + options + core::quoted(before + command), folder,
+          maximised);
 }
 
 }  // namespace
 
 void startCommand(const std::string& text, bool maximised) {
     auto [program, arguments] = Command(text);
-    if (program.empty()) throw core::RuntimeError("Cannot start a program: none is named.");
-    const std::string folders = safeSearchPath();
-    guardSearchPath(folders);
-    if (program.find_first_of("\\/:") == std::string::npos) program = findProgram(program, folders);
+    if (program.empty()) throw Refusal("Cannot start a program: none is named.");
+    const bool isName = program.find_first_of("\\/:") == std::string::npos;
+    program = isName ? findProgram(program) : fullPath(program);
     if (isScript(program)) {
         startScript(program, arguments, maximised);
     } else {

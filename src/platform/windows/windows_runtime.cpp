@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/text.h"
+#include "platform/windows/script_check.h"
 #include "platform/windows/shell.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/wide.h"
@@ -149,7 +150,11 @@ void WindowsRuntime::vbaNameFile(const std::string& from, const std::string& to)
 }
 
 void WindowsRuntime::rtcShell(const std::string& command, int windowStyle) {
-    startCommand(command, windowStyle == maximisedFocus);
+    try {
+        startCommand(command, windowStyle == maximisedFocus);
+    } catch (const Refusal& refusal) {
+        rtcMsgBox(refusal.what(), okOnly, "");
+    }
 }
 
 std::string WindowsRuntime::rtcGetSetting(const std::string& application,

@@ -23,6 +23,7 @@ class WindowsRuntime : public core::CommonRuntime {
     void rtcKillFiles(const std::string& path) override;
     void vbaNameFile(const std::string& from, const std::string& to) override;
 
+    /// Shows a message if the command is refused.
     void rtcShell(const std::string& command, int windowStyle) override;
 
     std::string rtcGetSetting(const std::string& application, const std::string& section,
