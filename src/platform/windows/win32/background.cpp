@@ -19,10 +19,22 @@ bool holdsTabs(const forms::Container& container) {
     });
 }
 
+/// A function of the library of visual styles. Windows would look for a library that the program
+/// names beside the program first.
+template <typename Function>
+Function* fromUxTheme(const char* name) {
+    static const HMODULE library =
+        LoadLibraryExW(L"uxtheme.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(library, name)));
+}
+
 }  // namespace
 
 COLORREF tabPageColour() {
-    const HTHEME theme = OpenThemeData(nullptr, L"TAB");
+    const auto open = fromUxTheme<decltype(OpenThemeData)>("OpenThemeData");
+    const auto draw = fromUxTheme<decltype(DrawThemeBackground)>("DrawThemeBackground");
+    const auto close = fromUxTheme<decltype(CloseThemeData)>("CloseThemeData");
+    const HTHEME theme = open(nullptr, L"TAB");
     if (!theme) return GetSysColor(COLOR_3DFACE);
     constexpr int size = 32;
     const RECT page{0, 0, size, size};
@@ -31,12 +43,12 @@ COLORREF tabPageColour() {
     const Bitmap bitmap(CreateCompatibleBitmap(screen, size, size));
     const HGDIOBJ before = SelectObject(memory, bitmap.get());
     FillRect(memory, &page, GetSysColorBrush(COLOR_3DFACE));
-    DrawThemeBackground(theme, memory, TABP_BODY, 0, &page, nullptr);
+    draw(theme, memory, TABP_BODY, 0, &page, nullptr);
     const COLORREF colour = GetPixel(memory, size / 2, size / 2);
     SelectObject(memory, before);
     DeleteDC(memory);
     ReleaseDC(nullptr, screen);
-    CloseThemeData(theme);
+    close(theme);
     return colour;
 }
 
