@@ -188,6 +188,77 @@ TEST_F(Windows, TabsTellTooltipsAndBoxesTakeDroppedFiles) {
         GlobalUnlock(memory);
         SendMessageW(window(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
     };
+TEST_F(Windows, TheEndOfTheSessionClosesAnOpenMenuAtOnce) {
+    runtime.readOnly = true;  // so that the save fails
+    runtime.whileBoxIsOpen = [] {
+        EXPECT_EQ(win32::messageBox("text", 0, "title"), core::Runtime::Answer::No);
+    };
+    const DWORD start = GetTickCount();
+    soon([this] { SendMessageW(window(), WM_ENDSESSION, TRUE, 0); });
+    SendMessageW(window(), WM_SYSCOMMAND, SC_KEYMENU, 'f');
+    EXPECT_EQ(application.Count(), 0);
+    EXPECT_LT(GetTickCount() - start, 2000U);
+}
+
+TEST_F(Windows, BoxesBelongToAFormAndTheFileDialogKeepsTheCurrentFolder) {
+    CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
+                    window(), nullptr, nullptr, nullptr);
+    HWND owner = nullptr;
+    soon([&owner] {
+        const HWND box = FindWindowW(nullptr, L"title");
+        owner = GetWindow(box, GW_OWNER);
+        PostMessageW(box, WM_COMMAND, IDOK, 0);
+    });
+    SetForegroundWindow(GetDesktopWindow());
+    win32::messageBox("text", 0, "title");
+    EXPECT_EQ(owner, window());
+
+    const fs::path before = fs::current_path();
+    soon([] {
+        fs::current_path(fs::current_path().root_path());
+        PostMessageW(FindWindowW(nullptr, L"title"), WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(win32::chooseFile(window(), {"title", "All|*.*", ""}), "");
+    EXPECT_EQ(fs::current_path(), before);
+}
+
+TEST_F(Windows, LongRowsAreShortenedAndTheirTooltipsAreWhole) {
+    auto& list = form->compile.lstInclude;
+    form->tbsOptions.SelectedItem = 2;
+    list.AddItem("c:\\" + std::string(200, 'x'));
+    list.AddItem("c:\\lib");
+    EXPECT_EQ(GetWindowLongW(windowOf(list), GWL_STYLE) & WS_HSCROLL, 0);
+    const auto point = [&](int row) {
+        const LRESULT height = SendMessageW(windowOf(list), LB_GETITEMHEIGHT, 0, 0);
+        SendMessageW(windowOf(list), WM_MOUSEMOVE, 0, MAKELPARAM(9, row * height + 2));
+        return tooltipOf(list);
+    };
+    EXPECT_EQ(point(1), list.tooltip);
+    EXPECT_EQ(point(0), list.List(0));
+    EXPECT_EQ(point(1), list.tooltip);
+}
+
+TEST_F(Windows, SystemSettingsReachTheControlsAndLeaveAnOpenListOpen) {
+    int changes = 0;
+    const auto count = [](HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,
+                          DWORD_PTR changes) -> LRESULT {
+        if (message == WM_SYSCOLORCHANGE) ++*reinterpret_cast<int*>(changes);
+        return DefSubclassProc(window, message, first, second);
+    };
+    const HWND tabs = windowOf(form->tbsOptions);
+    SetWindowSubclass(tabs, count, 1, reinterpret_cast<DWORD_PTR>(&changes));
+    ask(window(), WM_SYSCOLORCHANGE);
+    RemoveWindowSubclass(tabs, count, 1);
+    EXPECT_EQ(changes, 1);
+
+    auto& dialog = application.load<dialogs::frmIncludeAdd>(program, form->compile.lstInclude);
+    dialog.Show();
+    const HWND drives = windowOf(dialog.Drive1);
+    SendMessageW(drives, CB_SHOWDROPDOWN, TRUE, 0);
+    ask(GetAncestor(drives, GA_ROOT), WM_SETTINGCHANGE);
+    EXPECT_TRUE(ask(drives, CB_GETDROPPEDSTATE));
+}
+
     drop(form->play.labLogfile, L"d:\\my games\\\u00e9t\u00e9.log");
     drop(form->play.txtLogfile, {L"c:\\1.log\0c:\\2.log", 17});
     drop(form->play.btnPlay, L"d:\\either.kcd");

@@ -231,8 +231,9 @@ void FormWindow::close() {
     form_.close();
 }
 
-/// Closes the first form, which closes all others, even while one of them or a box waits for an
-/// answer that will not come. The system may end the program as soon as this has returned.
+/// Closes the first form, which closes all others, even while one of them, a box or an open menu
+/// waits for an answer that will not come. The system may end the program as soon as this has
+/// returned.
 void FormWindow::endSession() {
     forms::Application& application = form_.application();
     if (application.Count() == 0) return;
@@ -271,7 +272,10 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
         case WM_ACTIVATE:
             report();
             if (LOWORD(first) != WA_INACTIVE) form_.activate();
+    EndMenu();
+    sessionEnds_ = true;
             break;
+    sessionEnds_ = false;
         case WM_SETFOCUS:
             keyboard_.settle();
             return 0;

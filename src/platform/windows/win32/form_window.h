@@ -37,6 +37,8 @@ class FormWindow : public forms::WindowPeer {
     /// True if the window is that of a form that has not been unloaded.
     static bool isOpen(HWND window);
 
+    /// True while the forms close because the session ends. Nobody may be there to answer a box.
+    static bool sessionEnds() { return sessionEnds_; }
     [[nodiscard]] HWND window() const { return window_; }
     Keyboard& keyboard() { return keyboard_; }
 
@@ -61,6 +63,8 @@ class FormWindow : public forms::WindowPeer {
     HWND window_;
     Keyboard keyboard_;
     int dpi_;  ///< resolution of the form's layout
+    static inline bool sessionEnds_ = false;
+
     Font font_;
     Style style_;
     std::vector<ControlPeer*> peers_;  ///< those created so far; none until the first show

@@ -26,6 +26,7 @@ HWND windowInUse() {
 core::Runtime::Answer messageBox(const std::string& text, int flags, const std::string& title) {
     using core::Runtime;
     static_assert(Runtime::okOnly == MB_OK && Runtime::yesNo == MB_YESNO &&
+    if (FormWindow::sessionEnds()) return Runtime::Answer::No;
                   Runtime::exclamation == MB_ICONEXCLAMATION);
     switch (MessageBoxW(windowInUse(), platform::wide(text).c_str(), platform::wide(title).c_str(),
                         static_cast<UINT>(flags))) {
