@@ -31,9 +31,16 @@ std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
     dialog.lpstrFilter = filter.c_str();
     dialog.lpstrFile = name.data();
     dialog.nMaxFile = static_cast<DWORD>(name.size());
-    dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    if (GetOpenFileNameW(&dialog)) return name.c_str();
-    switch (CommDlgExtendedError()) {
+    dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY;
+    // The dialog changes the current folder, which relative names start from. OFN_NOCHANGEDIR has
+    // no effect in this one.
+    std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
+    GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data());
+    const bool chosen = GetOpenFileNameW(&dialog) != FALSE;
+    const DWORD error = CommDlgExtendedError();
+    SetCurrentDirectoryW(folder.c_str());
+    if (chosen) return name.c_str();
+    switch (error) {
         case FNERR_INVALIDFILENAME:
             return {};
         case FNERR_BUFFERTOOSMALL:
