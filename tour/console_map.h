@@ -16,9 +16,10 @@ struct Spot {
 /// Finds the console's controls from its form.
 class ConsoleMap {
   public:
-    /// Returns a point on the control, near its left edge, as if its panel were selected. `control`
-    /// is its full name, as in "optFormat(2)". Throws std::runtime_error if there is none.
-    [[nodiscard]] Spot find(const std::string& control);
+    /// Returns a point on the control, near its left edge, as if its panel were selected, in a
+    /// window as wide as given, in pixels: Windows lays out forms larger where texts need it.
+    /// `control` is its full name, as in "optFormat(2)". Throws std::runtime_error if there is none.
+    [[nodiscard]] Spot find(const std::string& control, int windowWidth);
 
   private:
     stubs::StubRuntime runtime_;

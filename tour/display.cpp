@@ -78,7 +78,7 @@ std::optional<Window> Display::inView(unsigned long id) const {
     if (XGetWindowAttributes(connection_, id, &attributes) == 0 ||
         attributes.map_state != IsViewable || attributes.override_redirect != 0)
         return {};
-    return Window{id, attributes.x, attributes.y};
+    return Window{id, attributes.x, attributes.y, attributes.width};
 }
 
 std::string Display::title(unsigned long window) const {

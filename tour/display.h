@@ -18,6 +18,7 @@ struct Window {
     unsigned long id;
     int left;
     int top;
+    int width;
 };
 
 /// A hidden display for the tour, with keyboard and mouse. It has no window manager: the tour sets

@@ -85,7 +85,7 @@ void Guide::operator()(const Type& type) {
 
 void Guide::operator()(const Click& click) {
     const Window on = toFront();
-    const Spot spot = map_.find(click.control);
+    const Spot spot = map_.find(click.control, on.width);
     display_.click(on.left + spot.x, on.top + spot.y);
 }
 

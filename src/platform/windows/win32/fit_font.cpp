@@ -1,6 +1,7 @@
 #include "platform/windows/win32/fit_font.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "forms/fit.h"
 #include "platform/windows/win32/fonts.h"
@@ -55,6 +56,21 @@ class FormRuler : public forms::Ruler {
 };
 
 }  // namespace
+
+int layoutDpi(forms::Form& form, HWND window) {
+    constexpr double usualPoints = 9;
+    constexpr int tallestForm = 7600;  // in twips, with menu bar and title bar
+    const int dpi = dpiOf(window);
+    const LOGFONTW font = messageFont(dpi);
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+    const int most = std::max(dpi, MulDiv(heightOf(screen.rcWork), twipsPerInch, tallestForm));
+    int layout = std::max<int>(dpi, std::lround(dpi * pointsOf(font, dpi) / usualPoints));
+    while (layout < most && forms::captionRoom(form, FormRuler(font, layout)) < 1)
+        layout += dpi / 48;
+    return std::min(layout, most);
+}
 
 LOGFONTW fittingFont(forms::Form& form, const LOGFONTW& font, int dpi) {
     constexpr double smallest = 7;

@@ -1,6 +1,5 @@
 #include "platform/windows/win32/fonts.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cwchar>
 
@@ -20,18 +19,6 @@ LOGFONTW messageFont(int dpi) {
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi);
     return metrics.lfMessageFont;
-}
-
-int layoutDpi(HWND window) {
-    constexpr double usualPoints = 9;
-    constexpr int tallestForm = 7600;  // in twips, with menu bar and title bar
-    const int dpi = dpiOf(window);
-    MONITORINFO screen{};
-    screen.cbSize = sizeof screen;
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
-    const int room = MulDiv(heightOf(screen.rcWork), twipsPerInch, tallestForm);
-    const auto wanted = std::lround(dpi * pointsOf(messageFont(dpi), dpi) / usualPoints);
-    return std::max<int>(dpi, std::min<long>(wanted, room));
 }
 
 double pointsOf(const LOGFONTW& font, int dpi) {

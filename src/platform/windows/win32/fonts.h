@@ -12,10 +12,6 @@ namespace win32 {
 /// Returns the system's message font in a resolution.
 LOGFONTW messageFont(int dpi);
 
-/// Returns the resolution in which a window's form is laid out, in pixels per inch: that of its
-/// screen, or more if the user has enlarged the system's text, as far as the screen has room.
-int layoutDpi(HWND window);
-
 /// The size of a font in points, and the font in another size.
 double pointsOf(const LOGFONTW& font, int dpi);
 LOGFONTW withPoints(LOGFONTW font, double points, int dpi);

@@ -82,11 +82,11 @@ HWND FormWindow::makeWindow(const forms::Form& form) {
 }
 
 FormWindow::FormWindow(forms::Form& form)
-    : form_(form), window_(makeWindow(form)), keyboard_(form, window_), dpi_(layoutDpi(window_)) {
+    : form_(form), window_(makeWindow(form)), keyboard_(form, window_), tooltips_(window_) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    takeStyle();
     takeDefinedSize();
     update();
-    takeStyle();
 }
 
 FormWindow::~FormWindow() {
@@ -129,8 +129,9 @@ void FormWindow::focus(const forms::Control& control) {
 /// Takes the system's font and colours at the window's resolution.
 void FormWindow::takeStyle() {
     const int dpi = dpiOf(window_);
-    dpi_ = layoutDpi(window_);
-    const LOGFONTW font = fittingFont(form_, messageFont(dpi), dpi_);
+    dpi_ = layoutDpi(form_, window_);
+    systemFont_ = messageFont(dpi);
+    const LOGFONTW font = fittingFont(form_, systemFont_, dpi_);
     font_ = makeFont(font);
     style_ = {dpi_, font, font_.get(), TextMeter(font_.get(), dpi_).lineHeight(), tabPageColour()};
     background_ = backgroundOf(form_, style_.tabPage);
@@ -148,6 +149,37 @@ void FormWindow::restyle() {
 }
 
 void FormWindow::fitControls() {
+/// Follows the system's settings. Most messages tell of settings that no window here shows, so a
+/// list that is open stays open.
+void FormWindow::systemChanged(UINT message) {
+    // The system tells the controls themselves of themes, but not of colours.
+    if (message == WM_SYSCOLORCHANGE) {
+        for (const ControlPeer* peer : peers_)
+            SendMessageW(peer->window(), message, 0, 0);
+    }
+    const LOGFONTW font = messageFont(dpiOf(window_));
+    if (message == WM_SETTINGCHANGE && std::memcmp(&font, &systemFont_, sizeof font) == 0 &&
+        layoutDpi(form_, window_) == dpi_)
+        return;
+    restyle();
+    if (!IsZoomed(window_) && !IsIconic(window_)) update();  // the form grows with the text size
+}
+
+/// Takes the suggested place. The size is the form's own in the new scale: the system rounds it, so
+/// that it would drift on the way from one screen to another and back.
+void FormWindow::dpiChanged(const RECT& suggested) {
+    restyle();
+    given_.width = form_.Width;
+    given_.height = form_.Height;
+    const bool zoomed = IsZoomed(window_);
+    SetWindowPos(window_, nullptr, suggested.left, suggested.top,
+                 zoomed ? widthOf(suggested) : pixels(form_.Width, dpi_),
+                 zoomed ? heightOf(suggested) : pixels(form_.Height, dpi_),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    // A window that is moved to its owner's screen before it opens gets its size only now.
+    if (form_.style.centred && !IsWindowVisible(window_)) centre();
+}
+
     RECT room;
     GetClientRect(window_, &room);
     for (ControlPeer* peer : peers_)

@@ -62,9 +62,9 @@ class FormWindow : public forms::WindowPeer {
     forms::Form& form_;
     HWND window_;
     Keyboard keyboard_;
-    int dpi_;  ///< resolution of the form's layout
-    static inline bool sessionEnds_ = false;
-
+    Tooltips tooltips_;
+    int dpi_ = 0;            ///< resolution of the form's layout
+    LOGFONTW systemFont_{};  ///< for messages, in the resolution of the screen
     Font font_;
     Style style_;
     std::vector<ControlPeer*> peers_;  ///< those created so far; none until the first show
