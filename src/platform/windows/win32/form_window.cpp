@@ -9,7 +9,6 @@
 #include "platform/windows/win32/fit_font.h"
 #include "platform/windows/win32/peers.h"
 #include "platform/windows/win32/reflection.h"
-#include "platform/windows/win32/tooltips.h"
 #include "platform/windows/win32/units.h"
 
 namespace win32 {
@@ -145,6 +144,7 @@ void FormWindow::restyle() {
         peer->update();
     }
     if (IsWindowVisible(window_)) fitControls();
+    tooltips_.restyle(style_);
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
@@ -330,7 +330,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case WM_SETCURSOR:
             if (withTooltips_ < peers_.size()) {
-                addTooltips(window, std::span(peers_).subspan(withTooltips_));
+                tooltips_.add(std::span(peers_).subspan(withTooltips_), style_);
                 withTooltips_ = peers_.size();
             }
             break;

@@ -6,6 +6,7 @@
 #include "forms/form.h"
 #include "platform/windows/win32/control_peer.h"
 #include "platform/windows/win32/keyboard.h"
+#include "platform/windows/win32/tooltips.h"
 #include "platform/windows/windows_api.h"
 
 namespace win32 {
@@ -41,6 +42,7 @@ class FormWindow : public forms::WindowPeer {
     static bool sessionEnds() { return sessionEnds_; }
     [[nodiscard]] HWND window() const { return window_; }
     Keyboard& keyboard() { return keyboard_; }
+    [[nodiscard]] const Tooltips& tooltips() const { return tooltips_; }
 
   private:
     // noexcept, so that a bug ends the program here: the system lets no exception through.
