@@ -7,7 +7,9 @@
 #include "forms/file_lists.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/win32/common_controls.h"
+#include "platform/windows/win32/file_dialog.h"
 #include "platform/windows/win32/form_window.h"
+#include "platform/windows/win32/message_box.h"
 #include "platform/windows/win32/peers.h"
 #include "platform/windows/win32/toolkit.h"
 #include "rules.h"
@@ -114,6 +116,38 @@ struct Windows : testing::Test {
     [[nodiscard]] HWND window() const {
         return dynamic_cast<win32::FormWindow&>(*form->window()).window();
     }
+    /// Returns the resolution of the console's layout, while it has the width of its definition.
+    [[nodiscard]] int layoutDpi() const {
+        return MulDiv(placeOf(window()).right - placeOf(window()).left, 1440, 6500);
+    }
+    /// Returns the window of the form's tooltips.
+    [[nodiscard]] HWND tooltips() const {
+        ask(window(), WM_SETCURSOR);
+        HWND tips = nullptr;
+        do {
+            tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr);
+        } while (tips && GetWindow(tips, GW_OWNER) != window());
+        return tips;
+    }
+    [[nodiscard]] std::string tooltipOf(const forms::Control& control) const {
+        std::wstring text(300, L'\0');
+        TTTOOLINFOW tool{};
+        tool.cbSize = sizeof tool;
+        tool.hwnd = window();
+        tool.uId = reinterpret_cast<UINT_PTR>(windowOf(control));
+        tool.lpszText = text.data();
+        SendMessageW(tooltips(), TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
+        return platform::narrow(text.c_str());
+    }
+    /// Performs the action while a message loop of the system's own runs.
+    static void soon(std::function<void()> action) {
+        static std::function<void()> waiting;
+        waiting = std::move(action);
+        SetTimer(nullptr, 0, 200, [](HWND, UINT, UINT_PTR timer, DWORD) {
+            KillTimer(nullptr, timer);
+            waiting();
+        });
+    }
 };
 
 TEST_F(Windows, KeysReachTheModel) {
@@ -134,9 +168,14 @@ TEST_F(Windows, KeysReachTheModel) {
 }
 
 TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
+    RECT suggested = placeOf(window());
+    const int dpi = layoutDpi();
+    ++suggested.right;  // the system rounds
+    SendMessageW(window(), WM_DPICHANGED, 0, reinterpret_cast<LPARAM>(&suggested));
     EXPECT_EQ((std::vector<int>{form->Left, form->Width}), (std::vector<int>{1000, 6500}));
     SetWindowPos(window(), nullptr, 101, 50, 600, 500, SWP_NOZORDER);
-    EXPECT_EQ((std::vector<int>{form->Left, form->Width}), (std::vector<int>{1515, 9000}));
+    EXPECT_EQ((std::vector<int>{form->Left, form->Width}),
+              (std::vector<int>{1515, MulDiv(600, 1440, dpi)}));
     form->tbsOptions.SelectedItem = 2;
     runtime.whileBoxIsOpen = [this] {
         EXPECT_EQ(ask(window(), WM_QUERYENDSESSION), TRUE);
@@ -149,45 +188,6 @@ TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
     EXPECT_EQ(application.Count(), 0);
 }
 
-TEST_F(Windows, FormsGrowWithTheSystemsTextsButDoNotMove) {
-    const HWND box = windowOf(form->edit.txtFnameE);
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    for (const auto& [height, width] : {std::pair(-18, 650), {-24, 867}, {-12, 433}}) {
-        metrics.lfMessageFont.lfHeight = height;
-        SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-        ask(window(), WM_SETTINGCHANGE);
-        const RECT now = placeOf(window());
-        EXPECT_EQ((std::vector<int>{now.left, now.right - now.left, form->Left, form->Width}),
-                  (std::vector<int>{67, width, 1000, 6500}));
-        RECT text;
-        GetClientRect(box, &text);
-        MapWindowPoints(box, nullptr, reinterpret_cast<POINT*>(&text), 2);
-        EXPECT_NEAR(text.top - placeOf(box).top, placeOf(box).bottom - text.bottom, 1) << height;
-        EXPECT_NEAR(text.bottom - text.top, -height, 3);
-    }
-}
-
-TEST_F(Windows, TabsTellTooltipsAndBoxesTakeDroppedFiles) {
-    NMTTDISPINFOW asked{};
-    asked.hdr = {nullptr, 2, static_cast<UINT>(TTN_GETDISPINFOW)};
-    SendMessageW(windowOf(form->tbsOptions), WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&asked));
-    ASSERT_NE(asked.lpszText, nullptr);
-    EXPECT_EQ(platform::narrow(asked.lpszText), form->tbsOptions.Tabs[2].tooltip);
-
-    form->tbsOptions.SelectedItem = 3;
-    form->play.chkPlayback.click();
-    const auto drop = [this](const forms::Control& on, const std::wstring& names) {
-        const DROPFILES head{sizeof head, {5, 5}, FALSE, TRUE};
-        const HGLOBAL memory = GlobalAlloc(GHND, sizeof head + 2 * names.size() + 4);
-        auto* bytes = static_cast<char*>(GlobalLock(memory));
-        std::memcpy(bytes, &head, sizeof head);
-        std::memcpy(bytes + sizeof head, names.data(), 2 * names.size());
-        MapWindowPoints(windowOf(on), window(), reinterpret_cast<POINT*>(bytes + 4), 1);
-        GlobalUnlock(memory);
-        SendMessageW(window(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
-    };
 TEST_F(Windows, TheEndOfTheSessionClosesAnOpenMenuAtOnce) {
     runtime.readOnly = true;  // so that the save fails
     runtime.whileBoxIsOpen = [] {
@@ -259,6 +259,52 @@ TEST_F(Windows, SystemSettingsReachTheControlsAndLeaveAnOpenListOpen) {
     EXPECT_TRUE(ask(drives, CB_GETDROPPEDSTATE));
 }
 
+TEST_F(Windows, FormsGrowWithTheSystemsTextsButDoNotMove) {
+    const HWND box = windowOf(form->edit.txtFnameE);
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    int widest = 0;
+    for (const int height : {-12, -15, -18, -12}) {
+        metrics.lfMessageFont.lfHeight = height;
+        SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+        ask(window(), WM_SETTINGCHANGE);
+        EXPECT_EQ((std::vector<int>{placeOf(window()).left, form->Left, form->Width}),
+                  (std::vector<int>{67, 1000, 6500}));
+        const int width = placeOf(window()).right - placeOf(window()).left;
+        EXPECT_EQ(width > widest, widest == 0 || height < -12) << height;
+        widest = std::max(width, widest);
+        EXPECT_EQ(ask(tooltips(), TTM_GETMAXTIPWIDTH), MulDiv(4800, layoutDpi(), 1440));
+        LOGFONTW font{};
+        GetObjectW(reinterpret_cast<HFONT>(ask(box, WM_GETFONT)), sizeof font, &font);
+        EXPECT_EQ(font.lfHeight, height) << "captions, menus and boxes have one size";
+        RECT text;
+        GetClientRect(box, &text);
+        MapWindowPoints(box, nullptr, reinterpret_cast<POINT*>(&text), 2);
+        EXPECT_NEAR(text.top - placeOf(box).top, placeOf(box).bottom - text.bottom, 1) << height;
+        EXPECT_NEAR(text.bottom - text.top, -height, 4);
+    }
+}
+
+TEST_F(Windows, TabsTellTooltipsAndBoxesTakeDroppedFiles) {
+    NMTTDISPINFOW asked{};
+    asked.hdr = {nullptr, 2, static_cast<UINT>(TTN_GETDISPINFOW)};
+    SendMessageW(windowOf(form->tbsOptions), WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&asked));
+    ASSERT_NE(asked.lpszText, nullptr);
+    EXPECT_EQ(platform::narrow(asked.lpszText), form->tbsOptions.Tabs[2].tooltip);
+
+    form->tbsOptions.SelectedItem = 3;
+    form->play.chkPlayback.click();
+    const auto drop = [this](const forms::Control& on, const std::wstring& names) {
+        const DROPFILES head{sizeof head, {5, 5}, FALSE, TRUE};
+        const HGLOBAL memory = GlobalAlloc(GHND, sizeof head + 2 * names.size() + 4);
+        auto* bytes = static_cast<char*>(GlobalLock(memory));
+        std::memcpy(bytes, &head, sizeof head);
+        std::memcpy(bytes + sizeof head, names.data(), 2 * names.size());
+        MapWindowPoints(windowOf(on), window(), reinterpret_cast<POINT*>(bytes + 4), 1);
+        GlobalUnlock(memory);
+        SendMessageW(window(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+    };
     drop(form->play.labLogfile, L"d:\\my games\\\u00e9t\u00e9.log");
     drop(form->play.txtLogfile, {L"c:\\1.log\0c:\\2.log", 17});
     drop(form->play.btnPlay, L"d:\\either.kcd");

@@ -1,6 +1,7 @@
 #include "platform/windows/win32/form_window.h"
 
 #include <algorithm>
+#include <cstring>
 #include <span>
 
 #include "platform/windows/wide.h"
@@ -143,12 +144,11 @@ void FormWindow::restyle() {
         peer->restyle(style_);
         peer->update();
     }
-    if (IsWindowVisible(window_)) fitControls();
     tooltips_.restyle(style_);
+    if (IsWindowVisible(window_)) fitControls();
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
-void FormWindow::fitControls() {
 /// Follows the system's settings. Most messages tell of settings that no window here shows, so a
 /// list that is open stays open.
 void FormWindow::systemChanged(UINT message) {
@@ -180,6 +180,7 @@ void FormWindow::dpiChanged(const RECT& suggested) {
     if (form_.style.centred && !IsWindowVisible(window_)) centre();
 }
 
+void FormWindow::fitControls() {
     RECT room;
     GetClientRect(window_, &room);
     for (ControlPeer* peer : peers_)
@@ -198,6 +199,8 @@ void FormWindow::show() {
         if (form_.hasMenu()) DrawMenuBar(window_);
     }
     fitControls();
+    // Hides focus rectangles and underlines until the first key, if the user wants that.
+    SendMessageW(window_, WM_CHANGEUISTATE, UIS_INITIALIZE, 0);
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
 }
@@ -269,7 +272,10 @@ void FormWindow::close() {
 void FormWindow::endSession() {
     forms::Application& application = form_.application();
     if (application.Count() == 0) return;
+    EndMenu();
+    sessionEnds_ = true;
     dynamic_cast<FormWindow&>(*application.Forms(0).window()).close();
+    sessionEnds_ = false;
     PostQuitMessage(0);
 }
 
@@ -304,10 +310,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
         case WM_ACTIVATE:
             report();
             if (LOWORD(first) != WA_INACTIVE) form_.activate();
-    EndMenu();
-    sessionEnds_ = true;
             break;
-    sessionEnds_ = false;
         case WM_SETFOCUS:
             keyboard_.settle();
             return 0;
@@ -318,13 +321,9 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
             report();
             if (IsWindowVisible(window)) fitControls();
             return 0;
-        case WM_DPICHANGED: {
-            const RECT& place = *reinterpret_cast<const RECT*>(second);
-            restyle();
-            SetWindowPos(window, nullptr, place.left, place.top, widthOf(place), heightOf(place),
-                         SWP_NOZORDER | SWP_NOACTIVATE);
+        case WM_DPICHANGED:
+            dpiChanged(*reinterpret_cast<const RECT*>(second));
             return 0;
-        }
         case WM_DROPFILES:
             takeDrop(form_, window, first);
             return 0;
@@ -337,9 +336,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM first, LPARAM second) {
         case WM_THEMECHANGED:
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
-            restyle();
-            if (!IsZoomed(window) && !IsIconic(window))
-                update();  // the form grows with the text size
+            systemChanged(message);
             break;
         case WM_ERASEBKGND:
             fill(window, reinterpret_cast<HDC>(first), background_);

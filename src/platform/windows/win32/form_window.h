@@ -37,9 +37,9 @@ class FormWindow : public forms::WindowPeer {
     static FormWindow* of(HWND window);
     /// True if the window is that of a form that has not been unloaded.
     static bool isOpen(HWND window);
-
     /// True while the forms close because the session ends. Nobody may be there to answer a box.
     static bool sessionEnds() { return sessionEnds_; }
+
     [[nodiscard]] HWND window() const { return window_; }
     Keyboard& keyboard() { return keyboard_; }
     [[nodiscard]] const Tooltips& tooltips() const { return tooltips_; }
@@ -54,12 +54,16 @@ class FormWindow : public forms::WindowPeer {
     void takeDefinedSize();
     void takeStyle();
     void restyle();
+    void systemChanged(UINT message);
+    void dpiChanged(const RECT& suggested);
     void fitControls();
     void centre();
     void report();
     void close();
     void endSession();
     void choose(int menuItem);
+
+    static inline bool sessionEnds_ = false;
 
     forms::Form& form_;
     HWND window_;

@@ -49,8 +49,9 @@ bool Keyboard::keyDown(MSG& message) {
         case VK_DOWN:
             return arrow(message, 1);
         case VK_TAB:
-            if (isDown(VK_CONTROL)) return true;
-            [[fallthrough]];
+            if (!isDown(VK_CONTROL)) return IsDialogMessageW(window, &message);
+            showCues();
+            return true;
         default:
             return IsDialogMessageW(window, &message);
     }
@@ -79,10 +80,18 @@ bool Keyboard::escape() {
 bool Keyboard::arrow(MSG& message, int step) {
     auto* option = dynamic_cast<forms::OptionButton*>(focused());
     if (!option || message.message != WM_KEYDOWN) return IsDialogMessageW(window_, &message);
+    showCues();
     forms::OptionButton& next = option->nextOption(step);
     focus(next);
     next.click();
     return true;
+}
+
+/// Shows focus rectangles and underlines, as the system does by itself for the keys that it
+/// handles.
+void Keyboard::showCues() const {
+    SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
+                 0);
 }
 
 bool Keyboard::keyPress(WPARAM character) {

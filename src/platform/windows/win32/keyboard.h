@@ -30,6 +30,8 @@ class Keyboard {
     /// Passes a character to the form. Returns false if that has ended the form.
     bool keyPress(WPARAM character);
 
+    void showCues() const;
+
     [[nodiscard]] forms::Control* focused() const;
     [[nodiscard]] forms::Control* nextFocus() const;
     void markDefault();
