@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <thread>
+#include <vector>
 
 #include "core/text.h"
 #include "linux_desktop.h"
@@ -40,6 +41,7 @@ class System : public LinuxDesktop {
     static std::jthread hold(const fs::path&) { return {}; }
     static std::jthread share(const fs::path&) { return {}; }
     static constexpr const char* byScript = "";
+    static inline const std::vector<std::string> unreachable;
     std::string commandOf(const fs::path& program) const {
         std::string path = fs::relative(program, place).string();
         std::ranges::replace(path, '/', '\\');

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <map>
 #include <thread>
+#include <vector>
 
 #include "core/text.h"
 #include "helpers.h"
@@ -66,8 +67,9 @@ class System : public testing::Test {
     }
     /// What the echo child tells of a start by the command interpreter.
     static constexpr const char* byScript = "guarded ";
-    /// A file that may be there, but cannot be looked up.
-    static constexpr const char* unreachable = "\\\\nowhere.invalid\\games\\cave.kel";
+    /// Files that may be there, but cannot be looked up.
+    static inline const std::vector<std::string> unreachable = {
+        "\\\\nowhere.invalid\\games\\cave.kel"};
 
     // Some names contain characters that are special to the command interpreter.
     static inline const std::string ordinaryNames[] = {

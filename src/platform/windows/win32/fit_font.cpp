@@ -26,7 +26,7 @@ class FormRuler : public forms::Ruler {
         return inside(label, 0, 0);
     }
     [[nodiscard]] forms::Size room(const forms::Button& button) const override {
-        return inside(button, 16, 0);
+        return inside(button, 8, 0);
     }
     [[nodiscard]] forms::Size room(const forms::CheckBox& box) const override {
         return inside(box, 17, 0);
