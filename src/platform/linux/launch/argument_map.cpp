@@ -1,11 +1,14 @@
 #include "platform/linux/launch/argument_map.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <system_error>
 
 #include "core/runtime.h"
 #include "core/text.h"
 #include "platform/linux/disk/case_fold.h"
+#include "platform/linux/disk/short_names.h"
 
 namespace platform {
 
@@ -25,8 +28,30 @@ bool isPath(std::string_view word) {
     return hasDrive(word) || has(word, '\\') || (word.starts_with('/') && has(word, '~'));
 }
 
+/// True for what many tools take for an option.
 bool isOption(std::string_view word) {
-    return word.starts_with('-');
+    return word.starts_with('-') || word.starts_with('+');
+}
+
+/// True for an option that the panels give to a tool.
+bool isPanelsOption(std::string_view word) {
+    constexpr auto options = std::to_array<std::string_view>(
+        {"-Include", "-Pack", "-Debug", "-Full", "-CharSet", "-List", "-Height",
+         "-d",       "-t",    "-s",     "-L",    "-OO",      "-FF",   "-FD",
+         "-FR",      "-PC",   "-PQ",    "-PD",   "-PR",      "-NL"});
+    return std::ranges::find(options, word) != options.end() || word.starts_with("-OF");
+}
+
+/// True if the word is the name of a file in the current folder, or has the stem of one.
+bool namesFileHere(std::string_view word) {
+    std::error_code failed;
+    for (const auto& entry : fs::directory_iterator(".", failed)) {
+        const std::string name = entry.path().filename();
+        const std::string_view stem = NameParts(name).stem;
+        if (equalIgnoringCase(stem, word) || equalIgnoringCase(stem, NameParts(word).stem))
+            return true;
+    }
+    return false;
 }
 
 }  // namespace
@@ -42,8 +67,12 @@ void ArgumentMap::toLongNames(std::vector<std::string>& arguments) {
 void ArgumentMap::map(std::vector<std::string>& arguments, Target target) {
     bool afterOption = false;
     for (std::string& argument : arguments) {
-        const bool nowOption = isOption(argument);
-        argument = nowOption ? option(argument, target) : word(argument, target, afterOption);
+        const bool isFile =
+            isOption(argument) && !isPanelsOption(argument) && namesFileHere(argument);
+        const bool nowOption = isOption(argument) && !isFile;
+        argument = nowOption ? option(argument, target)
+                   : isFile  ? name(argument, target)
+                             : word(argument, target, afterOption);
         afterOption = nowOption;
     }
 }
@@ -71,7 +100,10 @@ std::string ArgumentMap::rooted(const std::string& word) {
 }
 
 std::string ArgumentMap::name(const std::string& name, Target target) {
-    return target == Target::Windows ? disk_.longPath(name) : disk_.nameHere(name);
+    const bool forWindows = target == Target::Windows;
+    const std::string known = forWindows ? disk_.longPath(name) : disk_.nameHere(name);
+    if (!isOption(known)) return known;
+    return (forWindows ? ".\\" : "./") + known;
 }
 
 std::string ArgumentMap::word(const std::string& word, Target target, bool mayBeValue) {

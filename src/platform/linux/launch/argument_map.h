@@ -30,6 +30,7 @@ class ArgumentMap {
     std::string option(const std::string& word, Target target);
     std::string path(const std::string& path, Target target);
     std::string rooted(const std::string& word);
+    /// For a name in the current folder. Puts "./" before one that would look like an option.
     std::string name(const std::string& name, Target target);
     bool isJoinedPath(std::string_view text);
 

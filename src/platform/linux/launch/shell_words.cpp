@@ -41,7 +41,7 @@ std::string shellText(const std::vector<std::string>& words) {
 }
 
 std::string envArgument(const std::vector<std::string>& words) {
-    constexpr std::string_view blanks = " \t\n";
+    constexpr std::string_view blanks = " \t\n\v\f\r";
     constexpr std::string_view special = "$\\'\"#";
     std::string text = "-S";
     for (const std::string& word : words) {
