@@ -1,4 +1,5 @@
 #include "console/workbench.h"
+#include "platform/linux/launch/search_path.h"
 #include "platform/linux/linux_runtime.h"
 #include "platform/linux/qt/application.h"
 #include "platform/linux/qt/end_request.h"
@@ -7,6 +8,7 @@
 
 /// The program on Linux: drives emulated on the host's files, and Qt windows.
 int main(int /*count*/, char** arguments) {
+    platform::ignoreRelativeBaseFolders();
     const qt::QtApplication application(arguments);
 
     platform::LinuxRuntime runtime(qt::messageBox);

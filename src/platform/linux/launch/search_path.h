@@ -8,4 +8,8 @@ namespace platform {
 /// folders: a game's folder must not provide programs.
 std::string onSearchPath(const std::string& name);
 
+/// Removes relative folders from the XDG base directory variables, whose specification demands to
+/// ignore them; Qt would search the current folder. Call it before anything else in main.
+void ignoreRelativeBaseFolders();
+
 }  // namespace platform
