@@ -5,10 +5,10 @@
 namespace qt {
 
 QtApplication::QtApplication(char** arguments)
-    : fonts_([] { FcInit(); }), application_(count_, arguments) {
+    : fonts_(std::async([] { FcInit(); })), application_(count_, arguments) {
     // Wayland desktops find the program's menu entry and icon by this name.
     QApplication::setDesktopFileName("net.norvane.workbench");
-    fonts_.join();
+    fonts_.wait();  // looks them up here if there was no thread to be had
 }
 
 }  // namespace qt

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QApplication>
-#include <thread>
+#include <future>
 
 namespace qt {
 
@@ -14,7 +14,7 @@ class QtApplication {
 
   private:
     int count_ = 1;
-    std::jthread fonts_;
+    std::future<void> fonts_;
     QApplication application_;
 };
 
