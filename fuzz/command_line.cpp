@@ -1,14 +1,14 @@
-// A script is parsed into its lines. A command is split into words at blanks outside quotes, and
-// spawns the program that it names or none.
+// A command is split into words at blanks outside quotes, and spawns the program that it names or
+// none.
 
 #include "platform/linux/launch/command_line.h"
 
 #include <algorithm>
+#include <span>
 
 #include "check.h"
 #include "core/runtime.h"
 #include "core/text.h"
-#include "platform/linux/launch/batch_script.h"
 #include "platform/linux/launch/launcher.h"
 #include "test_drives.h"
 
@@ -16,18 +16,6 @@ namespace {
 
 using fuzz::check;
 using platform::CommandLine;
-
-void checkScript(std::string_view script) {
-    const auto lines = platform::parseBatch(script);
-    std::string again;
-    for (const auto& line : lines)
-        again += line.text + "\r\n";
-    const auto parsed = platform::parseBatch(again);
-    const auto same = [](const auto& one, const auto& other) {
-        return one.text == other.text && one.kind == other.kind && one.folder == other.folder;
-    };
-    check(std::ranges::equal(lines, parsed, same), "a script of these lines says the same");
-}
 
 /// Drives with a few programs, on them and on the search path.
 struct InstalledPrograms : fuzz::TestDrives {
@@ -85,7 +73,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     static InstalledPrograms installed;
     std::string_view input(reinterpret_cast<const char*>(data), size);
     const unsigned kind = fuzz::choice(input) % 4;
-    checkScript(input);
     const CommandLine line(input);
     checkWords(line, input);
 
@@ -98,8 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::string program = programs[kind];
     const CommandLine command(core::quoted(program) + ' ' + std::string(input));
     check(command.words.front() == program, "the first word is the program");
-    check(std::ranges::equal(line.words, command.words.begin() + 1,
-                     command.words.end()),
+    check(std::ranges::equal(line.words, std::span(command.words).subspan(1)),
           "the others are its arguments");
     checkStart(installed, command);
     return 0;

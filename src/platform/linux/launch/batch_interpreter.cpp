@@ -27,9 +27,13 @@ std::string printable(const std::string& text) {
     return result.toStdString();
 }
 
-[[noreturn]] void refuseFolder(const std::string& folder, const std::string& reason) {
-    throw core::RuntimeError("Cannot change to " + folder + ": " + reason +
+[[noreturn]] void refuse(const std::string& step, const std::string& reason) {
+    throw core::RuntimeError(step + ": " + reason +
                              ". The script ends here, so that nothing runs in a wrong folder.");
+}
+
+[[noreturn]] void refuseFolder(const std::string& folder, const std::string& reason) {
+    refuse("Cannot change to " + folder, reason);
 }
 
 [[noreturn]] void refuseInput(const std::string& file, const std::string& reason) {
@@ -78,6 +82,9 @@ BatchInterpreter::Next BatchInterpreter::execute(const BatchLine& line) {
             return Next::Stop;
         case BatchLine::Kind::Command:
             return runCommand(line.text);
+        case BatchLine::Kind::Unknown:
+            refuse("Cannot run " + line.text,
+                   "only a program that is given by its full path can be started");
     }
     return Next::Stop;
 }

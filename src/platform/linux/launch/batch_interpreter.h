@@ -11,7 +11,8 @@
 
 namespace platform {
 
-/// Runs batch scripts: drive lines, "cd", commands, "pause" and "exit". It never calls a shell.
+/// Runs batch scripts: drive lines, "cd", commands, "pause" and "exit". Any other line ends the
+/// script. It never calls a shell.
 class BatchInterpreter {
   public:
     /// Whether `out` is a terminal window, whose title then shows the running command.

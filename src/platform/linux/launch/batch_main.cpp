@@ -8,27 +8,25 @@
 
 #include <cerrno>
 #include <cstring>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 
+#include "core/runtime.h"
 #include "platform/linux/launch/batch_interpreter.h"
+#include "platform/linux/launch/search_path.h"
 
 namespace {
 
-bool runScript(const char* path, const char* prefix) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        std::cout << "Cannot read the script " << path << ": " << std::strerror(errno) << std::endl;
-        return false;
-    }
+bool runScript(const char* path, const char* prefix) try {
     // Read completely before running: the workbench may rewrite the script meanwhile.
-    const std::string script{std::istreambuf_iterator<char>(file), {}};
+    const std::string script = platform::readBatch(platform::HostPath(path));
     platform::WindowsDisk disk{platform::Drives(platform::HostPath(prefix))};
     using platform::BatchInterpreter;
     const auto titles =
         isatty(STDOUT_FILENO) != 0 ? BatchInterpreter::Titles::Yes : BatchInterpreter::Titles::No;
     return BatchInterpreter(disk, std::cin, std::cout, titles).run(script);
+} catch (const core::RuntimeError& error) {
+    std::cout << error.what() << std::endl;
+    return false;
 }
 
 bool enterFolder(const char* folder) {
@@ -40,6 +38,7 @@ bool enterFolder(const char* folder) {
 }  // namespace
 
 int main(int count, char* arguments[]) {
+    platform::ignoreRelativeBaseFolders();
     if (count != 4) {
         std::cerr << "Usage: nwbw-batch SCRIPT FOLDER PREFIX" << std::endl;
         return 2;

@@ -1,8 +1,15 @@
 #include "platform/linux/launch/batch_script.h"
 
-#include <algorithm>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-#include "core/text.h"
+#include <QFile>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "core/common_runtime.h"
 #include "platform/linux/disk/case_fold.h"
 #include "platform/linux/launch/command_line.h"
 
@@ -10,21 +17,64 @@ namespace platform {
 
 namespace {
 
+constexpr std::string_view blanks = " \t";
+
+bool isDrive(std::string_view text) {
+    return text.size() == 2 && isLetter(text[0]) && text[1] == ':';
+}
+
+/// A path from the current folder or drive does not count: a game's folder must not provide
+/// programs.
+bool isFullPath(std::string_view path) {
+    return path.starts_with('/') || (isDrive(path.substr(0, 2)) && path.substr(2, 1) == "\\");
+}
+
+bool isCommand(std::string_view text) {
+    if (!text.starts_with('"')) {
+        return equalIgnoringCase(text.substr(0, text.find_first_of(blanks)), "notepad");
+    }
+    text.remove_prefix(1);
+    const std::size_t quote = text.find('"');
+    if (quote == std::string_view::npos) return false;
+    const std::string_view next = text.substr(quote + 1, 1);
+    return isFullPath(text.substr(0, quote)) && trimmed(next).empty();
+}
+
 BatchLine parseLine(std::string_view text) {
     using Kind = BatchLine::Kind;
     const std::string line(text);
-    if (core::drivePart(text) == text) return {Kind::Drive, line, ""};
+    if (isDrive(text)) return {Kind::Drive, line, ""};
+    if (equalIgnoringCase(text, "pause")) return {Kind::Pause, line, ""};
+    if (equalIgnoringCase(text, "exit")) return {Kind::Exit, line, ""};
+    if (isCommand(text)) return {Kind::Command, line, ""};
 
     const std::size_t end = std::min(text.find_first_of(" \t\"\\"), text.size());
-    const std::string command = caseFolded(text.substr(0, end));
     const std::string_view argument = trimmed(text.substr(end));
-    if (command == "cd" && !argument.empty()) return {Kind::ChangeFolder, line, unquoted(argument)};
-    if (command == "pause") return {Kind::Pause, line, ""};
-    if (command == "exit") return {Kind::Exit, line, ""};
-    return {Kind::Command, line, ""};
+    if (equalIgnoringCase(text.substr(0, end), "cd") && !argument.empty())
+        return {Kind::ChangeFolder, line, unquoted(argument)};
+    return {Kind::Unknown, line, ""};
 }
 
 }  // namespace
+
+std::string readBatch(const HostPath& file) {
+    const auto fail = [&](const std::string& reason) {
+        core::failTo("start", file.text(), reason);
+    };
+    const int handle = open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (handle < 0) fail(std::strerror(errno));
+    QFile script;
+    if (!script.open(handle, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+        fail(script.errorString().toStdString());
+    struct stat state = {};
+    if (fstat(handle, &state) != 0 || state.st_uid != geteuid() ||
+        (state.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
+        fail("another user may have changed it");
+    }
+    std::string text = script.readAll().toStdString();
+    if (script.error() != QFileDevice::NoError) fail(script.errorString().toStdString());
+    return text;
+}
 
 std::vector<BatchLine> parseBatch(std::string_view script) {
     std::vector<BatchLine> lines;
