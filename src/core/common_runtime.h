@@ -32,7 +32,7 @@ class CommonRuntime : public Runtime {
   protected:
     /// Returns the contents of a file.
     virtual std::string readFile(const std::string& path) = 0;
-    /// Creates the file or truncates an existing one.
+    /// Creates the file, or replaces an existing one by the time it is closed.
     virtual void openOutput(const std::string& path) = 0;
     [[nodiscard]] virtual bool isOutputOpen() const = 0;
     virtual void writeOutput(const std::string& text) = 0;

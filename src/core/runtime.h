@@ -55,7 +55,7 @@ class Runtime : public forms::Disk {
     virtual std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) = 0;
 
     /// Opens the file that the other file operations work on; there is one at a time, and a file
-    /// still open is closed first. Output creates the file or truncates it.
+    /// still open is closed first. Output creates the file, or replaces it when closed.
     virtual void vbaFileOpen(const std::string& path, OpenMode mode) = 0;
     virtual void vbaFileClose() = 0;
     /// Reads the next field: without leading blanks, up to a comma or the end of its line, or

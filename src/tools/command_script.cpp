@@ -41,8 +41,16 @@ void CommandScript::ShortenStem(const std::string& fileText,
 void CommandScript::RunCommandScript(const std::string& commandText, bool withTail,
                                      int windowStyle) {
     core::Runtime& runtime = program_.runtime;
-    const std::string folder =
-        program_.settingsGuard.folderIsReadOnly() ? runtime.TempPath() : runtime.AppPath();
+    try {
+        runFrom(runtime.AppPath(), commandText, withTail, windowStyle);
+    } catch (const core::RuntimeError&) {
+        runFrom(runtime.TempPath(), commandText, withTail, windowStyle);
+    }
+}
+
+void CommandScript::runFrom(const std::string& folder, const std::string& commandText,
+                            bool withTail, int windowStyle) {
+    core::Runtime& runtime = program_.runtime;
     const std::string path = folder + "\\~kelmcon.bat";
     runtime.vbaFileOpen(path, core::Runtime::OpenMode::Output);
     runtime.vbaPrintFile(commandText);

@@ -37,12 +37,15 @@ class CommandScript {
     void ShortenStem(const std::string& fileText,
                      std::initializer_list<std::string_view> extensions);
 
-    /// Writes the text to a script file beside the program, or in the temporary folder if that is
-    /// read-only, and spawns it. The tail pauses before the console closes, unless the text itself
-    /// ends the script. Throws RuntimeError if the script cannot be written or spawned.
+    /// Writes the text to a script file beside the program and spawns it, or else in the temporary
+    /// folder, which is the user's own. The tail pauses before the console closes, unless the text
+    /// itself ends the script. Throws RuntimeError if the script cannot be written or spawned.
     void RunCommandScript(const std::string& commandText, bool withTail, int windowStyle);
 
   private:
+    void runFrom(const std::string& folder, const std::string& commandText, bool withTail,
+                 int windowStyle);
+
     const core::Program& program_;
 };
 

@@ -4,15 +4,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
-#include <QTimer>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
 
 #include "core/text.h"
 #include "platform/linux/disk/case_fold.h"
+#include "platform/linux/launch/batch_script.h"
 #include "platform/linux/launch/terminal.h"
 
 namespace platform {
@@ -77,11 +77,21 @@ std::chrono::system_clock::time_point LinuxRuntime::rtcFileDateTime(const std::s
 }
 
 void LinuxRuntime::openOutput(const std::string& path) {
-    // Do not follow a link, which could lead to any file, and do not wait for the reader of a pipe.
-    const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-    const int handle = open(hostPath("open", path).c_str(), flags, 0666);
+    const auto create = [](const HostPath& file) {
+        return open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+    };
+    if (writing_ != outputFile_) unlink(writing_.c_str());  // was given no name of its own
+    outputFile_ = hostPath("open", path);
+    writing_ = outputFile_;
+    int handle = create(writing_);
+    if (handle < 0 && errno == EEXIST) {
+        writing_ = HostPath(outputFile_.text() + '.' + std::to_string(getpid()));
+        unlink(writing_.c_str());  // left by another run
+        handle = create(writing_);
+    }
     if (handle < 0) fail("open", path);
-    output_.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+    if (!output_.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle))
+        core::failTo("open", path, output_.errorString().toStdString());
 }
 
 std::string LinuxRuntime::readFile(const std::string& path) {
@@ -98,9 +108,12 @@ std::string LinuxRuntime::readFile(const std::string& path) {
 void LinuxRuntime::failToWrite() {
     // A short write without an error means that the disk is full.
     const bool hasError = output_.error() != QFileDevice::NoError;
-    const std::string reason =
-        hasError ? output_.errorString().toStdString() : std::strerror(ENOSPC);
+    failToWrite(hasError ? output_.errorString().toStdString() : std::strerror(ENOSPC));
+}
+
+void LinuxRuntime::failToWrite(const std::string& reason) {
     output_.close();
+    unlink(writing_.c_str());
     core::failTo("write", outputPath(), reason);
 }
 
@@ -113,9 +126,17 @@ void LinuxRuntime::closeOutput() {
     writeOut();
     output_.close();
     // Some file systems report a full disk only when the file is closed.
-    if (output_.error() != QFileDevice::NoError) {
-        core::failTo("write", outputPath(), output_.errorString().toStdString());
+    if (output_.error() != QFileDevice::NoError) failToWrite();
+    if (writing_ == outputFile_) return;
+    if (std::rename(writing_.c_str(), outputFile_.c_str()) == 0) {
+        writing_ = outputFile_;
+    } else if (errno != EPERM) {  // another user's file in a sticky folder cannot be replaced
+        failToWrite(std::strerror(errno));
     }
+}
+
+HostPath LinuxRuntime::writtenPath(const std::string& doing, const std::string& path) {
+    return path == outputPath() ? writing_ : hostPath(doing, path);
 }
 
 void LinuxRuntime::writeOutput(const std::string& text) {
@@ -125,19 +146,17 @@ void LinuxRuntime::writeOutput(const std::string& text) {
 void LinuxRuntime::vbaFileFlush() {
     if (!output_.isOpen()) return;
     writeOut();
-    // A file that cannot be flushed to a disk, such as a pipe, fails with EINVAL and needs no
-    // flush.
-    if (fsync(output_.handle()) != 0 && errno != EINVAL) fail("write", outputPath());
+    if (fsync(output_.handle()) != 0) failToWrite(std::strerror(errno));
 }
 
 void LinuxRuntime::rtcKillFiles(const std::string& path) {
-    if (unlink(hostPath("delete", path).c_str()) != 0) fail("delete", path);
+    if (unlink(writtenPath("delete", path).c_str()) != 0) fail("delete", path);
 }
 
 void LinuxRuntime::vbaNameFile(const std::string& from, const std::string& to) {
     const auto target = disk_.toNewHost(to);
     if (!target) core::failTo("rename to", to, "No such drive");
-    if (!renameToNew(hostPath("rename", from), *target)) fail("rename " + from + " to", to);
+    if (!renameToNew(writtenPath("rename", from), *target)) fail("rename " + from + " to", to);
 }
 
 void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
@@ -152,27 +171,23 @@ void LinuxRuntime::rtcShell(const std::string& command, int windowStyle) {
     if (invocation.inTerminal) {
         startInTerminal(invocation.words, maximised);
     } else {
-        startDetached(invocation);
+        startDetached(invocation, programs_, [](const Ending&) {});
     }
 }
 
 void LinuxRuntime::startInTerminal(const std::vector<std::string>& words, bool maximised) {
-    using namespace std::chrono_literals;
     const Invocation terminal = inTerminal(words, maximised);
-    const std::shared_future<Ending> ending = startDetached(terminal).share();
-    if (QCoreApplication::instance() == nullptr) return;  // no event loop, so no later check
-    QTimer::singleShot(2s, &terminalChecks_, [this, name = terminal.words.front(), ending] {
-        const bool isOver = ending.wait_for(0s) == std::future_status::ready;
-        if (!isOver || ending.get().isGood()) return;
-        rtcMsgBox("The terminal " + name + ' ' + ending.get().text() +
+    startDetached(terminal, programs_, [this, name = terminal.words.front()](const Ending& ending) {
+        if (ending.isGood()) return;
+        rtcMsgBox("The terminal " + name + ' ' + ending.text() +
                       ". Name another one in the environment variable TERMINAL.",
-                  exclamation, "");
+                  okOnly, "");
     });
 }
 
 void LinuxRuntime::startScript(const std::string& path, bool maximised) {
     const HostPath script = hostPath("start", path);
-    if (!isOrdinaryFile(script, path)) core::failTo("start", path, "there is no such file");
+    readBatch(script);  // told here rather than in the terminal
     const HostPath interpreter = programFolder_ / "nwbw-batch";
     if (access(interpreter.c_str(), X_OK) != 0) {
         core::failTo("start", path,

@@ -67,18 +67,25 @@ class LinuxRuntime : public core::CommonRuntime {
 
   private:
     HostPath hostPath(const std::string& doing, const std::string& path);
+    /// The same, but for a file that was written and could not take its name, where it is.
+    HostPath writtenPath(const std::string& doing, const std::string& path);
     void writeOut();
     [[noreturn]] void failToWrite();
+    [[noreturn]] void failToWrite(const std::string& reason);
     void startInTerminal(const std::vector<std::string>& words, bool maximised);
     void startScript(const std::string& path, bool maximised);
 
     SettingsStore store_;
     WindowsDisk disk_{Drives::ofUser()};
     Launcher launcher_{disk_};
-    QObject terminalChecks_;  ///< owns the timers that check on started terminals
+    QObject programs_;  ///< owns what watches the started programs
     HostPath programFolder_;
     std::string appPath_;
     QFile output_;
+    HostPath outputFile_{"/"};  ///< the file open for output
+    /// The file written in its place. A file that exists is replaced only when the new
+    /// one is whole: it may be another user's, and a terminal may be reading it.
+    HostPath writing_{"/"};
 };
 
 }  // namespace platform

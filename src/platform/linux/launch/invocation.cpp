@@ -2,14 +2,15 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
+#include <QSocketNotifier>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <memory>
-#include <thread>
 
 #include "core/runtime.h"
 
@@ -22,6 +23,7 @@ class SpawnSetup {
     SpawnSetup() {
         posix_spawn_file_actions_init(&files);
         posix_spawnattr_init(&attributes);
+        posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
     }
     ~SpawnSetup() {
         posix_spawn_file_actions_destroy(&files);
@@ -107,6 +109,21 @@ Ending endingOf(pid_t process) {
     return {WEXITSTATUS(status), 0};
 }
 
+/// Calls `ended` when the process has ended. A process that cannot be watched remains as a zombie
+/// until this one ends.
+void watch(pid_t process, QObject& owner, const std::function<void(const Ending&)>& ended) {
+    if (QCoreApplication::instance() == nullptr) return;  // no event loop
+    const int handle = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
+    if (handle < 0) return;
+    auto* end = new QSocketNotifier(handle, QSocketNotifier::Read, &owner);
+    QObject::connect(end, &QObject::destroyed, [handle] { close(handle); });
+    QObject::connect(end, &QSocketNotifier::activated, [end, process, ended] {
+        end->setEnabled(false);
+        end->deleteLater();
+        ended(endingOf(process));
+    });
+}
+
 }  // namespace
 
 std::string Ending::text() const {
@@ -114,14 +131,12 @@ std::string Ending::text() const {
     return "was ended by signal " + std::to_string(signal) + " (" + strsignal(signal) + ')';
 }
 
-std::future<Ending> startDetached(const Invocation& invocation) {
+void startDetached(const Invocation& invocation, QObject& owner,
+                   const std::function<void(const Ending&)>& ended) {
     SpawnSetup setup;
     setup.readFrom("/dev/null");
     setup.ownSession();
-    std::packaged_task<Ending(pid_t)> wait(endingOf);
-    std::future<Ending> ending = wait.get_future();
-    std::thread(std::move(wait), spawn(invocation, setup)).detach();  // leaves no zombie
-    return ending;
+    watch(spawn(invocation, setup), owner, ended);
 }
 
 Ending runToEnd(const Invocation& invocation, const std::string& inputFile) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <future>
+#include <QObject>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,9 +24,11 @@ struct Ending {
     [[nodiscard]] std::string text() const;
 };
 
-/// Starts the program so that it outlives this process. The future gives how it ended. Throws
-/// RuntimeError with the system's text if it cannot be started.
-std::future<Ending> startDetached(const Invocation& invocation);
+/// Starts the program so that it outlives this process. When it ends, calls `ended` from the event
+/// loop, unless `owner` is gone by then. Throws RuntimeError with the system's text if it cannot be
+/// started.
+void startDetached(const Invocation& invocation, QObject& owner,
+                   const std::function<void(const Ending&)>& ended);
 
 /// Runs the program and waits for it to end. Its standard input is `inputFile`, a host path, or
 /// this process's own if that is empty. Throws RuntimeError if it cannot be started.
