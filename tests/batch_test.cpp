@@ -7,7 +7,8 @@
 
 #include "linux_desktop.h"
 #include "platform/linux/launch/batch_interpreter.h"
-#include "platform/linux/launch/shell_words.h"
+#include "platform/linux/launch/invocation.h"
+#include "platform/linux/launch/search_path.h"
 #include "platform/linux/launch/terminal.h"
 #include "platform/linux/linux_runtime.h"
 
@@ -32,8 +33,7 @@ class Batch : public LinuxDesktop {
         std::istringstream in("\n");
         std::ostringstream out;
         WindowsDisk disk(Drives::ofUser());
-        const bool done =
-            BatchInterpreter(disk, in, out, BatchInterpreter::Titles::Yes).run(script);
+        const bool done = BatchInterpreter(disk, in, out, titles).run(script);
         shown = out.str();
         paused = in.peek() == EOF && shown.find("Press Enter to continue . . . ") != shown.npos;
         return done;
@@ -44,6 +44,7 @@ class Batch : public LinuxDesktop {
     }
 
     const std::string tool = "\"c:\\kelm\\tool.exe\" ";
+    BatchInterpreter::Titles titles = BatchInterpreter::Titles::No;
     std::string shown;
     bool paused = false;
 };
@@ -54,6 +55,9 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
     for (const char* file : {"drive_c/My Games/wizardquest.kel", "drive_c/My Games/Cave.kel",
                              "drive_c/My Games/iso.kel", "drive_c/kelm/standard library/x"})
         write(c.parent_path() / file);
+    for (const char* stem : {"+so", "-d", "-v1"})
+        write(c / "My Games" / (std::string(stem) + ".kel"));
+    write(c / "My Games/+set.x.LIS");
     write(d / "out/x");
     write(c / "My Games/my walk.kel", "east");
     const std::string games = c / "My Games";
@@ -71,6 +75,7 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
         {"-Height 0 https://x.y/z /d NOBODY~1 \"\"", "[-Height][0][https://x.y/z][/d][NOBODY~1][]"},
         {"/MYGAME~1/new /kelm/none", "[" + games + "/new][" + kelm + "/none]"},
         {"-OF\"a b\".txt  \"<\" a&b|c>d%e%^f", "[-OFa b.txt][<][a&b|c>d%e%^f]"},
+        {"-d +so +so.lis -V1 -v2 +SET.x", "[-d][./+so][./+so.lis][./-v1][-v2][./+set.x]"},
         {"/kelm " + home.string(), "[" + kelm + "][" + home.string() + "]"},
     };
     for (const auto& [words, echo] : cases) {
@@ -99,6 +104,7 @@ TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
 }
 
 TEST_F(Batch, KeepsEachDrivesFolder) {
+    titles = BatchInterpreter::Titles::Yes;
     fs::create_directories(c / "games");
     const std::string old = d / "tales/old";
     fs::create_directories(old);
@@ -117,32 +123,73 @@ TEST_F(Batch, TellsWhatIsMissing) {
     program(c / "tool", "\177ELF");
     fs::permissions(c / "tool", fs::perms::owner_read);
     const std::string last = '\n' + tool + "last";
-    const std::tuple<std::string, const char*, bool> cases[] = {
-        {"q:", "Cannot change to q:", false},
-        {"cd \"\\none\\\"", "Cannot change to \\none\\: No such file or directory", false},
-        {"cd d:\\none", "Cannot change to d:\\none", false},
-        {"\"c:\\none.exe\" x", "Cannot start c:\\none.exe: there is no such program", true},
-        {"cdplayer", "Cannot start cdplayer: there is no such program on the search path", true},
-        {"\"\" x", "Cannot start a program: none is named", true},
-        {"c:\\plain.txt", "Cannot start c:\\plain.txt: it is not a program", true},
-        {"c:\\tool", "Cannot start c:\\tool: it may not be executed", true},
+    const std::string folder = " The script ends here, so that nothing runs in a wrong folder.";
+    const std::string noTool = "Cannot start c:\\kelm\\tool.exe ";
+    const std::string noInput = "The command was not run: cannot read ";
+    const std::tuple<std::string, std::string, bool> cases[] = {
+        {"q:", "Cannot change to q:: No such drive." + folder, false},
+        {"cd \"\\none\\\"", "Cannot change to \\none\\: No such file or directory." + folder,
+         false},
+        {"cd d:\\none", "Cannot change to d:\\none: No such folder." + folder, false},
+        {"\"c:\\none.exe\" x", "Cannot start c:\\none.exe: there is no such program.", true},
+        {"\"c:\\plain.txt\"", "Cannot start c:\\plain.txt: it is not a program that runs here.",
+         true},
+        {"\"c:\\tool\"", "Cannot start c:\\tool: it may not be executed.", true},
         {"notepad x",
-         "No text editor was found. Install one, for example mousepad or nano, or name", true},
-        {tool + "q:\\x", "Cannot start c:\\kelm\\tool.exe q:\\x: there is no such place.", true},
-        {tool + "-OFq:\\x", "Cannot start c:\\kelm\\tool.exe q:\\x: there is no such place.", true},
-        {tool + "-OF\\\\s\\x", "tool.exe \\\\s\\x: there is no such place.", true},
-        {"notepad \\\\s\\x", "Cannot start notepad \\\\s\\x: there is no such place", true},
-        {tool + "x < none.log", "cannot read none.log: No such file or directory", true},
-        {tool + "x < q:\\y", "cannot read q:\\y: No such drive", true},
-        {tool + "x <", "no file is named", true},
-        {tool + "x < \\", "cannot read \\: It is not an ordinary file", true},
-        {tool + "x\0y"s, "a word holds a NUL byte", true},
-        {"\302\2332J x", "Cannot start ?2J", true},
+         "No text editor was found. Install one, for example mousepad or nano, or name yours in "
+         "the environment variable VISUAL or EDITOR.",
+         true},
+        {tool + "q:\\x", noTool + "q:\\x: there is no such place.", true},
+        {tool + "-OFq:\\x", noTool + "q:\\x: there is no such place.", true},
+        {tool + "-OF\\\\s\\x", noTool + "\\\\s\\x: there is no such place.", true},
+        {"notepad \\\\s\\x", "Cannot start notepad \\\\s\\x: there is no such place.", true},
+        {tool + "x < none.log", noInput + "none.log: No such file or directory.", true},
+        {tool + "x < q:\\y", noInput + "q:\\y: No such drive.", true},
+        {tool + "x <", "The command was not run: no file is named after \"<\".", true},
+        {tool + "x < \\", noInput + "\\: It is not an ordinary file.", true},
+        {tool + "x\0y"s,
+         "Cannot start " + (c / "kelm/tool.exe").string() + ": a word holds a NUL byte", true},
+        {"\"/\302\2332J\" x", "Cannot start /?2J: there is no such program.", true},
     };
     for (const auto& [line, message, goesOn] : cases) {
         EXPECT_FALSE(run(line + last)) << line;
-        EXPECT_NE(shown.find(message), std::string::npos) << shown;
+        EXPECT_NE(shown.find('\n' + message + '\n'), std::string::npos) << shown;
         EXPECT_EQ(echoed(), goesOn ? c.string() + "[last]\n" : "") << line;
+    }
+}
+
+TEST_F(Batch, StartsOnlyWhatALineNamesInFull) {
+    putEchoChild("tool.exe");
+    for (const char* name : {":", "1:", "tool.exe", "cdx", "pausex", "exitx", "cd", "é:", "-x"})
+        fs::copy_file(NWBW_ECHO_CHILD, c / name);
+    for (const char* line : {" :",
+                             "1:",
+                             "\303\251:",
+                             "c:x",
+                             "tool.exe",
+                             "\"tool.exe\" x",
+                             "\"kelm\\tool.exe\"",
+                             "\"\\kelm\\tool.exe\"",
+                             "\"c:kelm\\tool.exe\"",
+                             "c:\\kelm\\tool.exe",
+                             "\"\" x",
+                             "\"c:\\tool.exe",
+                             "\"c:\\kelm\\\"tool.exe",
+                             "cd",
+                             "cdx",
+                             "pausex",
+                             "pause x",
+                             "exit x",
+                             "notepad.exe x",
+                             "\"notepad\" x"}) {
+        EXPECT_FALSE(run(std::string(line) + '\n' + tool)) << line;
+        EXPECT_NE(shown.find("\nCannot run " + std::string(trimmed(line)) +
+                             ": only a program that is "
+                             "given by its full path can be started. The script ends here, so that "
+                             "nothing runs in a wrong folder.\n"),
+                  std::string::npos)
+            << shown;
+        EXPECT_EQ(echoed(), "") << line;
     }
 }
 
@@ -166,35 +213,46 @@ TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
 }
 
 TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
-    program(home / "bin/bad", "#!/bin/sh\nexit 3\n");
-    program(home / "bin/ill", "#!/bin/sh\nkill -11 $$\n");
-    program(home / "bin/stop", "#!/bin/sh\nkill -2 $$\n");
-    program(home / "bin/good");
-    const std::pair<const char*, const char*> cases[] = {
-        {"good", ""},
-        {"bad", "bad ended with exit code 3.\n"},
-        {"bad\ngood", ""},
-        {"bad\ncd \\\nexit", "bad ended with exit code 3.\n"},
-        {"ill", "ill was ended by signal 11 (Segmentation fault).\n"},
-        {"stop\ngood", "Interrupted.\n"},
-        {"bad\n Pause ", ""},
-        {"none\npause\ngood", ""},
+    program(c / "bad", "#!/bin/sh\nexit 3\n");
+    program(c / "ill", "#!/bin/sh\nkill -11 $$\n");
+    program(c / "stop", "#!/bin/sh\nkill -2 $$\n");
+    program(c / "good");
+    const std::string good = "\"c:\\good\"", bad = "\"c:\\bad\"";
+    const std::pair<std::string, const char*> cases[] = {
+        {good, ""},
+        {bad, "c:\\bad ended with exit code 3.\n"},
+        {bad + '\n' + good, ""},
+        {bad + "\ncd \\\nexit", "c:\\bad ended with exit code 3.\n"},
+        {"\"c:\\ill\"", "c:\\ill was ended by signal 11 (Segmentation fault).\n"},
+        {"\"c:\\stop\"\n" + good, "Interrupted.\n"},
+        {bad + "\n Pause ", ""},
+        {"\"c:\\none\"\npause\n" + good, ""},
     };
     for (const auto& [script, message] : cases) {
         EXPECT_EQ(run(script), *message == '\0') << script;
-        EXPECT_EQ(paused, std::string(script).find("ause") != std::string::npos) << script;
+        EXPECT_EQ(paused, script.find("ause") != std::string::npos) << script;
         EXPECT_TRUE(shown.ends_with(message) && (*message != '\0' || !shown.ends_with(".\n")))
             << shown;
     }
 }
 
 TEST_F(Batch, StaysInItsTerminalAfterAnError) {
-    write(c / "x.bat", tool + "1\nnone");
+    write(c / "x.bat", "\"c:\\descriptors\"\nnotepad x");
+    program(c / "descriptors",
+            "#!/bin/sh\n[ -e /proc/$$/fd/9 ] || [ -e /proc/$$/fd/3 ] || echo none left\n");
+    // A game's folder must not choose the editor.
+    write(c / "kelm/mimeapps.list", "[Default Applications]\ntext/plain=ed.desktop;\n");
+    write(c / "kelm/applications/ed.desktop", "[Desktop Entry]\nExec=ed\n");
+    putEchoChild("ed");
+    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
+        setenv(name, ".", 1);
     int terminal = -1;
     const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
-    if (child == 0)
+    if (child == 0) {
+        dup2(STDERR_FILENO, 9);
         execl(NWBW_PROGRAMS "/nwbw-batch", "", "../x.bat", "kelm", (home / "nwbw").c_str(),
               nullptr);
+    }
     std::string seen;
     char next = 0;
     while (!seen.ends_with("Press Enter to close this window . . . ") &&
@@ -205,45 +263,51 @@ TEST_F(Batch, StaysInItsTerminalAfterAnError) {
     waitpid(child, &ending, 0);
     EXPECT_EQ(ending, 0);
     close(terminal);
-    EXPECT_TRUE(seen.find("\x1b]2;") != seen.npos && seen.ends_with(" . . . ")) << seen;
+    for (const char* text : {"\x1b]2;", "none left", "No text editor was found", " . . . "})
+        EXPECT_NE(seen.find(text), seen.npos) << seen;
 }
 
 TEST_F(Batch, GivesEachTerminalItsWords) {
-    const Words command = {"/a b/$x", "it's"};
-    const std::pair<Words, Words> cases[] = {
-        {{"xterm -maximized -e", "lxterm -maximized -e", "uxterm -maximized -e",
-          "gnome-terminal --maximize --", "xfce4-terminal --disable-server --maximize -x",
-          "mate-terminal --disable-factory --maximize -x", "terminator --no-dbus --maximise -x",
-          "lxterminal --no-remote --geometry=400x200 -e", "kitty --start-as=maximized",
-          "alacritty -o 'window.startup_mode=\"Maximized\"' -e", "stterm -g 400x200 -e",
-          "st -g 400x200 -e", "foot --maximized -e", "other -e"},
-         command},
-        {{"tilix --new-process --maximize -e", "sakura --maximize -x",
-          "terminology --maximized -e"},
-         {"'/a b/$x' 'it'\\''s'"}},
-        {{"konsole --fullscreen -e"}, {"env", "-S/a' 'b/\\$x\\_it\\'s"}},
-        {{"qterminal -e"}, {"env \"-S/a' 'b/\\$x\\_it\\'s\""}},
-    };
-    for (const auto& [starts, tail] : cases) {
-        for (const std::string& start : starts) {
-            Words expected = shellWords(start);
-            const std::string name = std::exchange(expected[0], home / "bin" / expected[0]);
-            program(expected[0]);
-            setenv("TERMINAL", (name + " --my \"own $x\"\\ 'a \"b'\\;").c_str(), 1);
-            expected.insert(expected.begin() + 1, {"--my", "own $x a \"b;"});
-            expected.insert(expected.end(), tail.begin(), tail.end());
-            EXPECT_EQ(inTerminal(command, true).words, expected) << name;
-        }
+    const std::string words[] = {"it's $x", "a\tb\nc\vd\fe\rf", "#%\\;&|<>*", ""};
+    Words command = {c / "kelm/tool.exe"};
+    std::string echo = c.string();
+    for (const std::string& word : words) {
+        command.push_back(word);
+        echo += '[' + word + ']';
     }
-    EXPECT_TRUE(errorOf([] {
-                    inTerminal({"a\"b"}, true);
-                }).starts_with("qterminal cannot be given a name with a double quote: "));
+    fs::create_symlink("/usr/bin/env", home / "bin/env");
+    for (const std::string name :
+         {"xterm", "lxterm", "uxterm", "konsole", "gnome-terminal", "xfce4-terminal",
+          "mate-terminal", "lxterminal", "terminator", "tilix", "sakura", "qterminal",
+          "terminology", "kitty", "alacritty", "stterm", "st", "foot", "other"}) {
+        // Does with its words what the terminal of this name does.
+        program(
+            home / "bin" / name,
+            "#!/bin/sh\n[ \"$1\" = \"--my=own \\$x a \\\"b;\" ] || exit 1\n"
+            "while case \"$1\" in -e|-x|--) false;; -*) true;; *) [ ${0##*/} != kitty ];; esac\n"
+            "do shift; done\n"
+            "case ${0##*/} in kitty) exec \"$@\";; esac\nshift\n"
+            "case ${0##*/} in tilix|sakura|terminology) exec /bin/sh -c \"$1\";;\n"
+            "qterminal) set -- \"${1#env \\\"}\" && exec env \"${1%\\\"}\";; esac\nexec \"$@\"\n");
+        setenv("TERMINAL", (name + " \"--my=own $x\"\\ 'a \"b'\\;").c_str(), 1);
+        fs::remove(home / "echo");
+        EXPECT_TRUE(runToEnd(inTerminal(command, true), "").isGood()) << name;
+        EXPECT_EQ(echoed(), echo + '\n') << name;
+        EXPECT_EQ(inTerminal(command, true).words == inTerminal(command, false).words,
+                  name == "qterminal" || name == "other")
+            << name;
+    }
+    setenv("TERMINAL", "qterminal", 1);
+    EXPECT_EQ(errorOf([] { inTerminal({"a\"b"}, true); }),
+              "qterminal cannot be given a name with a double quote: -Sa\\\"b");
     // Debian's alternative is a wrapper that knows only xterm's options.
     unsetenv("TERMINAL");
     program(home / "bin/mate-terminal.wrapper");
     fs::create_symlink("mate-terminal.wrapper", home / "bin/x-terminal-emulator");
     EXPECT_EQ(inTerminal({"k"}, false).words,
               (Words{home / "bin/mate-terminal", "--disable-factory", "-x", "k"}));
+    unsetenv("PATH");
+    EXPECT_EQ(onSearchPath("env"), "/usr/bin/env");
 }
 
 TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
@@ -263,7 +327,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     const auto openEditor = [&] {
         fs::remove(home / "echo");
         runtime.rtcShell("notepad c:\\my games\\cave.kel", 3);
-        await([&] { return echoed().ends_with('\n'); });
+        EXPECT_TRUE(await([&] { return echoed().ends_with('\n'); }));
         return echoed();
     };
     putEchoChild("xterm");
@@ -278,16 +342,19 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     EXPECT_EQ(openEditor(), c.string() + file);
 
     write(c / "x.bat");
-    program(xterm,
-            "#!/bin/sh\nread -r a b c d e leader rest < /proc/$$/stat\n"
-            "[ $leader = $$ ] && [ /proc/self/fd/0 -ef /dev/null ] && exit 7\n");
+    program(
+        xterm,
+        "#!/bin/sh\nread -r a b c d e leader rest < /proc/$$/stat\nuntil [ -e go ]; do :; done\n"
+        "[ $leader = $$ ] && [ /proc/self/fd/0 -ef /dev/null ] && exit 7\n");
     runtime.rtcShell("c:\\x.bat", 1);
+    QCoreApplication::processEvents();
     EXPECT_EQ(told, "");
-    await([&] {
+    write(c / "go");
+    EXPECT_TRUE(await([&] {
         QCoreApplication::processEvents();
         return !told.empty();
-    });
-    EXPECT_EQ(told, "48 The terminal " + xterm +
+    }));
+    EXPECT_EQ(told, "0 The terminal " + xterm +
                         " ended with exit code 7. Name another one in the environment variable "
                         "TERMINAL.");
     fs::remove(xterm);
@@ -297,5 +364,18 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     EXPECT_TRUE(errorOfStart("c:\\x.bat").starts_with("No terminal was found."));
     EXPECT_EQ(errorOf([] { LinuxRuntime(nullptr, HostPath("/none")).rtcShell("c:\\x.bat", 1); }),
               "Cannot start c:\\x.bat: the program nwbw-batch is missing in /none");
-    EXPECT_EQ(errorOfStart("c:\\none.bat"), "Cannot start c:\\none.bat: there is no such file");
+    write(c / "shared.bat");
+    fs::permissions(c / "shared.bat", fs::perms::others_write, fs::perm_options::add);
+    fs::create_symlink("x.bat", c / "link.bat");
+    fs::create_directory(c / "folder.bat");
+    const std::pair<std::string, const char*> scripts[] = {
+        {"none.bat", "No such file or directory"},
+        {"shared.bat", "another user may have changed it"},
+        {"link.bat", "Too many levels of symbolic links"},
+        {"folder.bat", "Is a directory"},
+    };
+    for (const auto& [script, reason] : scripts) {
+        EXPECT_EQ(errorOfStart("c:\\" + script),
+                  "Cannot start " + (c / script).string() + ": " + reason);
+    }
 }

@@ -29,10 +29,13 @@ inline void write(const fs::path& file, const std::string& text = "") {
     std::ofstream(file, std::ios::binary) << text;
 }
 
-/// Waits until the condition holds, for ten seconds at most.
-inline void await(const std::function<bool()>& condition) {
-    for (int tries = 0; tries < 1000 && !condition(); ++tries)
+/// Waits until the condition holds. Returns false if it does not after ten seconds.
+[[nodiscard]] inline bool await(const std::function<bool()>& condition) {
+    for (int tries = 0; !condition(); ++tries) {
+        if (tries == 1000) return false;
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
 }
 
 /// Returns the text of the operation's RuntimeError, or an empty string.

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <map>
 #include <random>
@@ -30,6 +31,13 @@ extern "C" int fsync(int handle) {
 /// Replaces the system's: behaves like a file system without RENAME_NOREPLACE.
 extern "C" int renameat2(int, const char*, int, const char*, unsigned) noexcept {
     errno = EINVAL;
+    return -1;
+}
+
+/// Replaces the system's: behaves as if another user owned the file "theirs" in a sticky folder.
+extern "C" int rename(const char* from, const char* to) noexcept {
+    if (!std::string_view(to).ends_with("/theirs")) return renameat(AT_FDCWD, from, AT_FDCWD, to);
+    errno = EPERM;
     return -1;
 }
 
@@ -231,14 +239,35 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
     EXPECT_EQ(runtime.rtcDir("c:\\victim\\.") + runtime.rtcDir("c:\\victim/."), "");
     fs::create_symlink("victim", c / "planted");
     mkfifo((c / "pipe").c_str(), 0600);
-    EXPECT_NE(open("c:\\planted"), "");
-    EXPECT_EQ(open("c:\\pipe"), "Cannot open c:\\pipe: No such device or address");
+    write(c / "old", "old");
+    fs::permissions(c / "old", fs::perms::all);
+    for (const char* name : {"planted", "pipe", "old", "y"}) {
+        flushed = 0;
+        EXPECT_EQ(open((std::string("c:\\") + name).c_str()), "");
+        runtime.vbaPrintFile("kept");
+        runtime.vbaFileFlush();
+        EXPECT_EQ(flushed, 6);
+        EXPECT_EQ(contentOf(c / "old").find("kept"), std::string::npos) << "replaced when whole";
+        runtime.vbaFileClose();
+        EXPECT_EQ(contentOf(c / name), "kept\r\n") << name;
+        EXPECT_EQ(fs::symlink_status(c / name).permissions() & fs::perms::others_write,
+                  fs::perms());
+        fs::remove(c / name);
+    }
     EXPECT_EQ(open("q:\\x"), "Cannot open q:\\x: No such drive");
-    EXPECT_EQ(open("c:\\y"), "");
-    runtime.vbaPrintFile("kept");
-    runtime.vbaFileFlush();
-    EXPECT_EQ(flushed, 6);
-    runtime.vbaFileClose();
+    fs::create_directory(c / "taken");
+    EXPECT_EQ(open("c:\\taken"), "");
+    EXPECT_EQ(errorOf([&] { runtime.vbaFileClose(); }), "Cannot write c:\\taken: Is a directory");
+    write(c / "theirs", "theirs");
+    for (const auto& use :
+         {std::function<void()>([&] { runtime.vbaNameFile("c:\\theirs", "c:\\y"); }),
+          std::function<void()>([&] { runtime.rtcKillFiles("c:\\theirs"); })}) {
+        EXPECT_EQ(open("c:\\theirs"), "");
+        runtime.vbaPrintFile("kept");
+        runtime.vbaFileClose();
+        use();
+        EXPECT_EQ(contentOf(c / "theirs"), "theirs");
+    }
     runtime.vbaNameFile("c:\\y", "c:\\x");
     EXPECT_EQ(errorOf([&] { runtime.vbaNameFile("c:\\x", "c:\\victim"); }),
               "Cannot rename c:\\x to c:\\victim: File exists");
@@ -278,9 +307,18 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
         [&] { runtime.vbaFileClose(); },
         [&] { runtime.vbaPrintFile(std::string(99'999, 'x')); },
     };
+    std::signal(SIGXFSZ, SIG_IGN);
     for (const auto& work : writes) {
-        EXPECT_EQ(open("z:\\dev\\full"), "");
+        EXPECT_EQ(open("c:\\x"), "");
         runtime.vbaPrintFile("x");
-        EXPECT_EQ(errorOf(work), "Cannot write z:\\dev\\full: No space left on device");
+        const rlimit all = {RLIM_INFINITY, RLIM_INFINITY}, none = {0, RLIM_INFINITY};
+        setrlimit(RLIMIT_FSIZE, &none);
+        const std::string error = errorOf(work);
+        setrlimit(RLIMIT_FSIZE, &all);
+        EXPECT_EQ(error, "Cannot write c:\\x: File too large");
     }
+    std::set<std::string> left;
+    for (const auto& entry : fs::directory_iterator(c))
+        left.insert(entry.path().filename());
+    EXPECT_EQ(left, (std::set<std::string>{"taken", "theirs", "victim", "x"}));
 }

@@ -52,7 +52,7 @@ class System : public LinuxDesktop {
     static inline const std::string ordinaryNames[] = {
         "été",     "a&ed", "a;ed",         "a|ed",        "$(ed)",
         "`ed`",    "a>b",  "a<b",          "$HOME",       "%PATH%",
-        "100%",    "a^b",  "-rf",          "--help",      "*",
+        "100%",    "a^b",  "-rf",          "+so",         "*",
         "a?b",     "[a]",  "{a,b}",        "~",           "a'b",
         "a=b,c",   "a!b",  "a\"b",         "\\..\\..\\b", "c:",
         "#x",      "a\tb", "a\ned\nexit",  "a\rb",        "\x1b]0;x\a",
@@ -64,7 +64,9 @@ class System : public LinuxDesktop {
     }
     /// Returns the names of the game that the compiler and Notepad get, without extension.
     static std::pair<std::string, std::string> wordsFor(Runtime&, const fs::path& game) {
-        return {game.filename(), game};
+        const std::string name = game.filename();
+        const bool likeAnOption = name.starts_with('-') || name.starts_with('+');
+        return {likeAnOption ? "./" + name : name, game};
     }
 
     /// Hides the file by a dot before its name.

@@ -518,6 +518,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir settings;  // of Qt's own dialogs
     qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
     const qt::QtApplication application(argv);
+    if (QCoreApplication::arguments().size() != 1) return 2;
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
