@@ -27,7 +27,7 @@ std::vector<std::unique_ptr<forms::Form>> Workbench::everyForm() {
     forms.push_back(std::make_unique<docs::frmAbout>(application_, program_));
     forms.push_back(std::make_unique<dialogs::frmSettings>(application_, program_));
     forms.push_back(std::make_unique<dialogs::frmSettings2>(application_, program_));
-    forms.push_back(std::make_unique<dialogs::frmIncludeList>(application_, program_, list));
+    forms.push_back(std::make_unique<dialogs::frmIncludeList>(application_, program_));
     forms.push_back(std::make_unique<dialogs::frmIncludeAdd>(application_, program_, list));
     return forms;
 }
