@@ -30,15 +30,13 @@ endfunction()
 # started on, so it is restarted for this program.
 function(nwbw_window_tests program)
   add_test(NAME ${program} COMMAND
-    sh -c "wineserver --kill; exec xvfb-run --auto-servernum wine \"$0\"" $<TARGET_FILE:${program}>)
+    sh -c "\"$1\" --kill; exec xvfb-run --auto-servernum wine \"$0\""
+    $<TARGET_FILE:${program}> ${PROJECT_SOURCE_DIR}/scripts/wineserver)
   set_tests_properties(${program} PROPERTIES
     ENVIRONMENT "${wine_environment}" TIMEOUT ${nwbw_time_limit} RUN_SERIAL ON)
 endfunction()
 
-# The tour of the real program. The tour itself is a program of this system.
-add_test(NAME tour_guide COMMAND ${PROJECT_SOURCE_DIR}/scripts/build dev tour)
-set_tests_properties(tour_guide PROPERTIES FIXTURES_SETUP tour_guide TIMEOUT ${nwbw_time_limit})
+# The tour of the real program. The tour itself is a program of this system: scripts/build dev tour.
 add_test(NAME tour_windows
   COMMAND ${PROJECT_SOURCE_DIR}/build/dev/bin/tour ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
-set_tests_properties(tour_windows PROPERTIES
-  FIXTURES_REQUIRED tour_guide RUN_SERIAL ON TIMEOUT ${nwbw_time_limit})
+set_tests_properties(tour_windows PROPERTIES RUN_SERIAL ON TIMEOUT ${nwbw_time_limit})
