@@ -41,7 +41,7 @@ class PanelPeer : public PeerOf<forms::PictureBox, QWidget> {
     PanelPeer(forms::PictureBox& panel, QWidget& parent, std::function<void(QWidget&)> fill)
         // A screen reader reads the name of a page when it enters it, and so announces the selected
         // tab.
-        : PeerOf(panel, withRole(new QWidget(&parent), QAccessible::PropertyPage)),
+        : PeerOf(panel, makeWithRole<QWidget>(QAccessible::PropertyPage, parent)),
           fill_(std::move(fill)) {}
 
   protected:
@@ -56,11 +56,11 @@ class PanelPeer : public PeerOf<forms::PictureBox, QWidget> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::Frame& frame, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::Frame& frame, QWidget& parent) {
     return std::make_unique<FramePeer>(frame, parent);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::PictureBox& panel, QWidget& parent,
+std::unique_ptr<ControlPeer> makePeer(forms::PictureBox& panel, QWidget& parent,
                                       std::function<void(QWidget& panel)> fill) {
     return std::make_unique<PanelPeer>(panel, parent, std::move(fill));
 }

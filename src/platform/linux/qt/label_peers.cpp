@@ -33,7 +33,7 @@ class LabelPeer : public PeerOf<forms::Label, CaptionLabel> {
 class LinePeer : public PeerOf<forms::Line, QFrame> {
   public:
     LinePeer(forms::Line& line, QWidget& parent)
-        : PeerOf(line, withRole(new QFrame(&parent), QAccessible::Separator)) {
+        : PeerOf(line, makeWithRole<QFrame>(QAccessible::Separator, parent)) {
         widget_.setBackgroundRole(line.light ? QPalette::Light : QPalette::Mid);
         widget_.setAutoFillBackground(true);
     }
@@ -56,15 +56,15 @@ class ImagePeer : public PeerOf<forms::Image, QLabel> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::Label& label, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::Label& label, QWidget& parent) {
     return std::make_unique<LabelPeer>(label, parent);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::Line& line, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::Line& line, QWidget& parent) {
     return std::make_unique<LinePeer>(line, parent);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::Image& image, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::Image& image, QWidget& parent) {
     return std::make_unique<ImagePeer>(image, parent);
 }
 

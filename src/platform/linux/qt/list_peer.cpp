@@ -2,7 +2,9 @@
 #include <QListWidget>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <vector>
 
+#include "platform/linux/qt/accessibility.h"
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/peers.h"
 
@@ -12,16 +14,20 @@ namespace {
 
 class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
   public:
-    ListPeer(forms::ListBox& list, QWidget& parent) : PeerOf(list, new QListWidget(&parent)) {
+    ListPeer(forms::ListBox& list, QWidget& parent)
+        : PeerOf(list, new QuietList<QListWidget>(&parent)) {
         widget_.setUniformItemSizes(true);
         // Elides the middle of a long path; its tooltip shows it whole.
         widget_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         widget_.setTextElideMode(Qt::ElideMiddle);
         widget_.installEventFilter(this);
         connect(&widget_, &QListWidget::itemSelectionChanged, this, [this] {
-            const int row = selectedRow();
+            // Assistive technology selects an entry beside the one that was selected before.
+            const std::vector<int> rows = selectedRows();
+            const auto picked =
+                std::ranges::find_if(rows, [&](int row) { return row != control_.ListIndex; });
             act([&] {
-                if (row >= 0 && row != control_.ListIndex) control_.pick(row);
+                if (picked != rows.end()) control_.pick(*picked);
             });
         });
     }
@@ -33,18 +39,20 @@ class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
             delete widget_.takeItem(widget_.count() - 1);
         for (int row = 0; row < control_.ListCount(); ++row)
             drawRow(row);
-        if (selectedRow() == control_.ListIndex) return;
+        const int index = control_.ListIndex;
+        if (selectedRows() == (index < 0 ? std::vector<int>{} : std::vector{index})) return;
         widget_.clearSelection();
-        if (control_.ListIndex >= 0) widget_.setCurrentRow(control_.ListIndex);
+        if (index >= 0) widget_.setCurrentRow(index);
     }
 
-    /// If no row is selected, an arrow key selects the current row. Qt would skip it, and so never
-    /// reach the only row of a list.
+    /// If no row is selected, a key selects the row that it reaches. Qt would not select the
+    /// current row, and so never the only row of a list.
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress || selectedRow() >= 0) return false;
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key != Qt::Key_Up && key != Qt::Key_Down) return false;
-        widget_.setCurrentRow(std::max(widget_.currentRow(), 0));
+        if (event->type() != QEvent::KeyPress || !selectedRows().empty()) return false;
+        if (widget_.currentRow() < 0) widget_.setCurrentRow(0, QItemSelectionModel::NoUpdate);
+        const int row = widget_.currentRow();
+        if (!staysAt(row, static_cast<QKeyEvent*>(event)->key())) return false;
+        widget_.setCurrentRow(row);
         return true;
     }
 
@@ -57,15 +65,34 @@ class ListPeer : public PeerOf<forms::ListBox, QListWidget> {
         item.setToolTip(wrappingToolTip(control_.List(row)));
     }
 
-    [[nodiscard]] int selectedRow() const {
-        const auto selected = widget_.selectedItems();
-        return selected.isEmpty() ? -1 : widget_.row(selected.first());
+    /// True if the key does not move on from the current row, if none is selected.
+    [[nodiscard]] bool staysAt(int row, int key) const {
+        switch (key) {
+            case Qt::Key_Up:
+            case Qt::Key_Down:
+                return true;
+            case Qt::Key_Home:
+            case Qt::Key_PageUp:
+                return row == 0;
+            case Qt::Key_End:
+            case Qt::Key_PageDown:
+                return row == widget_.count() - 1;
+            default:
+                return false;
+        }
+    }
+
+    [[nodiscard]] std::vector<int> selectedRows() const {
+        std::vector<int> rows;
+        for (const QModelIndex& index : widget_.selectionModel()->selectedRows())
+            rows.push_back(index.row());
+        return rows;
     }
 };
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::ListBox& list, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::ListBox& list, QWidget& parent) {
     return std::make_unique<ListPeer>(list, parent);
 }
 

@@ -3,6 +3,7 @@
 #include <QTabWidget>
 #include <QToolTip>
 
+#include "platform/linux/qt/accessibility.h"
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/peers.h"
 
@@ -10,11 +11,16 @@ namespace qt {
 
 namespace {
 
+class TabWidget : public QTabWidget {
+  public:
+    explicit TabWidget(QWidget& parent) : QTabWidget(&parent) { setTabBar(makeTabBar().release()); }
+};
+
 /// Shows the tabs and an empty page, below the form's panels. Screen readers read a tab's tooltip
 /// from Qt, so it has no markup, and eventFilter shows it with wrapping.
 class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
   public:
-    TabPeer(forms::TabStrip& tabs, QWidget& parent) : PeerOf(tabs, new QTabWidget(&parent)) {
+    TabPeer(forms::TabStrip& tabs, QWidget& parent) : PeerOf(tabs, new TabWidget(parent)) {
         for (const auto& tab : tabs.Tabs) {
             const int index =
                 widget_.addTab(new QWidget(&widget_), QString::fromStdString(tab.caption));
@@ -68,7 +74,7 @@ class TabPeer : public PeerOf<forms::TabStrip, QTabWidget> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::TabStrip& tabs, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::TabStrip& tabs, QWidget& parent) {
     return std::make_unique<TabPeer>(tabs, parent);
 }
 
