@@ -294,8 +294,7 @@ class ControlArray {
 ///    create the peers, the one that fits the font, the user of the random walk, and the one that
 ///    checks what a screen reader is told.
 /// 3. Write its peer for each toolkit, in platform/linux/qt and platform/windows/win32, and list
-/// its
-///    source file in their CMakeLists.txt.
+///    its source file in their CMakeLists.txt.
 /// 4. In tests check it in qt_test.cpp and win32_test.cpp. Let the random walks of the windows act
 ///    on it and compare its value.
 /// A control of the new kind on a form then needs its line in tests/wording.txt.

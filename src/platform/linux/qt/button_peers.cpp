@@ -92,15 +92,15 @@ class OptionButtonPeer : public CaptionPeer<forms::OptionButton, QRadioButton> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::Button& button, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::Button& button, QWidget& parent) {
     return std::make_unique<ButtonPeer>(button, parent);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::CheckBox& box, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::CheckBox& box, QWidget& parent) {
     return std::make_unique<CheckBoxPeer>(box, parent);
 }
 
-std::unique_ptr<forms::Peer> makePeer(forms::OptionButton& option, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::OptionButton& option, QWidget& parent) {
     return std::make_unique<OptionButtonPeer>(option, parent);
 }
 

@@ -101,8 +101,8 @@ bool Keyboard::keyPressed(const QKeyEvent& key) {
     if (!alive || form_.unloaded()) return true;
 
     if (forms::Control* target = mnemonicTarget(key)) {
-        if (dynamic_cast<forms::MenuItem*>(target)) {
-            openMenu(*window_.menuBar()->findChild<QAction*>(nameOf(*target)));
+        if (auto* menu = window_.findChild<QAction*>(nameOf(*target))) {
+            openMenu(*menu);
             return true;
         }
         if (QWidget* widget = widgetOf(*target); widget && widget->focusPolicy() != Qt::NoFocus)

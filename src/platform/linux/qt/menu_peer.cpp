@@ -34,9 +34,8 @@ class MenuPeer : public QObject, public forms::Peer {
 };
 
 QAction& makeAction(const forms::MenuItem& item, QMainWindow& window) {
-    const auto* above = dynamic_cast<const forms::MenuItem*>(item.parent());
-    QWidget* place = window.menuBar();
-    if (above) place = window.findChild<QMenu*>(QString::fromStdString(above->fullName()));
+    QWidget* place = window.findChild<QMenu*>(QString::fromStdString(item.parent()->fullName()));
+    if (!place) place = window.menuBar();
 
     auto* action = new QAction(place);
     if (!item.children().empty()) {

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QMainWindow>
+#include <utility>
 
 #include "forms/form.h"
 #include "platform/linux/qt/control_peer.h"
@@ -10,16 +11,6 @@ namespace qt {
 
 namespace {
 
-/// Makes a label the buddy of the field after it, if that has no caption of its own.
-void setBuddy(const forms::Control& before, const forms::Control& field) {
-    const auto* fieldPeer = dynamic_cast<ControlPeer*>(field.peer());
-    const auto* labelPeer = dynamic_cast<ControlPeer*>(before.peer());
-    auto* label = labelPeer ? qobject_cast<QLabel*>(&labelPeer->widget()) : nullptr;
-    if (label && fieldPeer && field.Caption().empty() &&
-        fieldPeer->widget().focusPolicy() != Qt::NoFocus)
-        label->setBuddy(&fieldPeer->widget());
-}
-
 /// Creates the peers of the controls in a container and in the containers inside it.
 class PeerBuilder : public forms::ControlVisitor {
   public:
@@ -27,52 +18,59 @@ class PeerBuilder : public forms::ControlVisitor {
         : window_(window), parent_(parent), filled_(filled) {}
 
     void fill(const forms::Container& container) {
-        const forms::Control* before = nullptr;
-        for (forms::Control* control : container.children()) {
+        for (forms::Control* control : container.children())
             control->accept(*this);
-            if (before) setBuddy(*before, *control);
-            before = control;
-        }
     }
 
-    void visit(forms::Label& label) override { attach(label, parent_); }
-    void visit(forms::Line& line) override { attach(line, parent_); }
-    void visit(forms::Image& image) override { attach(image, parent_); }
-    void visit(forms::Button& button) override { attach(button, parent_); }
-    void visit(forms::CheckBox& box) override { attach(box, parent_); }
-    void visit(forms::OptionButton& option) override { attach(option, parent_); }
-    void visit(forms::TextBox& box) override { attach(box, parent_); }
-    void visit(forms::ListBox& list) override { attach(list, parent_); }
-    void visit(forms::DriveList& list) override { attach(list, parent_); }
-    void visit(forms::FolderList& list) override { attach(list, parent_); }
-    void visit(forms::TabStrip& tabs) override { attach(tabs, parent_); }
-    void visit(forms::StatusBar& bar) override { attach(bar, window_); }
+    void visit(forms::Label& label) override { label_ = qobject_cast<QLabel*>(&show(label)); }
+    void visit(forms::Line& line) override { show(line); }
+    void visit(forms::Image& image) override { show(image); }
+    void visit(forms::Button& button) override { show(button); }
+    void visit(forms::CheckBox& box) override { show(box); }
+    void visit(forms::OptionButton& option) override { show(option); }
+    void visit(forms::TextBox& box) override { show(box); }
+    void visit(forms::ListBox& list) override { show(list); }
+    void visit(forms::DriveList& list) override { show(list); }
+    void visit(forms::FolderList& list) override { show(list); }
+    void visit(forms::TabStrip& tabs) override { show(tabs); }
+    void visit(forms::StatusBar& bar) override { attach(bar, makePeer(bar, window_)); }
     void visit(forms::Frame& frame) override {
-        attach(frame, parent_);
-        QWidget& inside = dynamic_cast<ControlPeer&>(*frame.peer()).widget();
+        QWidget& inside = show(frame);
         PeerBuilder(window_, inside, filled_).fill(frame);
     }
     void visit(forms::PictureBox& panel) override {
-        attach(panel, parent_, [&panel, &window = window_, filled = filled_](QWidget& inside) {
+        show(panel, [&panel, &window = window_, filled = filled_](QWidget& inside) {
             PeerBuilder(window, inside, filled).fill(panel);
             filled(inside);
         });
     }
     void visit(forms::MenuItem& item) override {
-        attach(item, window_);
+        attach(item, makePeer(item, window_));
         fill(item);
     }
 
   private:
-    template <typename Kind, typename Parent, typename... More>
-    void attach(Kind& control, Parent& parent, More&&... more) {
-        control.attach(makePeer(control, parent, std::forward<More>(more)...));
+    static void attach(forms::Control& control, std::unique_ptr<forms::Peer> peer) {
+        control.attach(std::move(peer));
         control.peer()->update();
+    }
+
+    /// Makes the label before a field its buddy, unless the field has a caption of its own.
+    template <typename Kind, typename... More>
+    QWidget& show(Kind& control, More&&... more) {
+        auto peer = makePeer(control, parent_, std::forward<More>(more)...);
+        QWidget& widget = peer->widget();
+        attach(control, std::move(peer));
+        QLabel* before = std::exchange(label_, nullptr);
+        if (before && control.Caption().empty() && widget.focusPolicy() != Qt::NoFocus)
+            before->setBuddy(&widget);
+        return widget;
     }
 
     QMainWindow& window_;
     QWidget& parent_;
     const Filled& filled_;
+    QLabel* label_ = nullptr;  ///< if it came last
 };
 
 }  // namespace

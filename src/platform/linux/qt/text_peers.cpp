@@ -53,7 +53,7 @@ class LinesPeer : public PeerOf<forms::TextBox, QPlainTextEdit> {
 
 }  // namespace
 
-std::unique_ptr<forms::Peer> makePeer(forms::TextBox& box, QWidget& parent) {
+std::unique_ptr<ControlPeer> makePeer(forms::TextBox& box, QWidget& parent) {
     if (box.multiLine) return std::make_unique<LinesPeer>(box, parent);
     return std::make_unique<LineEditPeer>(box, parent);
 }
