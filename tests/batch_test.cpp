@@ -327,7 +327,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     const auto openEditor = [&] {
         fs::remove(home / "echo");
         runtime.rtcShell("notepad c:\\my games\\cave.kel", 3);
-        EXPECT_TRUE(await([&] { return echoed().ends_with('\n'); }));
+        await("the echo", [&] { return echoed().ends_with('\n'); });
         return echoed();
     };
     putEchoChild("xterm");
@@ -349,11 +349,10 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     runtime.rtcShell("c:\\x.bat", 1);
     QCoreApplication::processEvents();
     EXPECT_EQ(told, "");
-    write(c / "go");
-    EXPECT_TRUE(await([&] {
+    await("the terminal's end", [&] {
         QCoreApplication::processEvents();
         return !told.empty();
-    }));
+    });
     EXPECT_EQ(told, "0 The terminal " + xterm +
                         " ended with exit code 7. Name another one in the environment variable "
                         "TERMINAL.");

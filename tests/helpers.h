@@ -5,6 +5,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
@@ -29,13 +30,12 @@ inline void write(const fs::path& file, const std::string& text = "") {
     std::ofstream(file, std::ios::binary) << text;
 }
 
-/// Waits until the condition holds. Returns false if it does not after ten seconds.
-[[nodiscard]] inline bool await(const std::function<bool()>& condition) {
+/// Waits until the condition holds; throws with `what` it waited for after ten seconds.
+inline void await(const std::string& what, const std::function<bool()>& condition) {
     for (int tries = 0; !condition(); ++tries) {
-        if (tries == 1000) return false;
+        if (tries == 1000) throw std::runtime_error("waited in vain for " + what);
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
-    return true;
 }
 
 /// Returns the text of the operation's RuntimeError, or an empty string.

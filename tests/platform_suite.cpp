@@ -24,7 +24,7 @@ class Platform : public System {
     /// Waits for a whole line from the echo children, and returns what they wrote.
     [[nodiscard]] std::string echoed() const {
         std::string echo;
-        EXPECT_TRUE(await([&] { return (echo = contentOf(place / "echo")).ends_with('\n'); }));
+        await("the echo", [&] { return (echo = contentOf(place / "echo")).ends_with('\n'); });
         fs::remove(place / "echo");
         return echo;
     }
@@ -201,11 +201,8 @@ TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
         const auto [given, listing] = wordsFor(runtime, game / pathOf(stem));
         const std::string at = byScript + textOf(game);
         const std::string expected =
-            at + '[' + given + "][-List][-Height][0]
-" + at + '[' + listing + ".lis]
-";
-        ASSERT_TRUE(await([&] { return contentOf(place / "echo") == expected; }))
-            << contentOf(place / "echo") << "instead of " << expected << box;
+            at + '[' + given + "][-List][-Height][0]\n" + at + '[' + listing + ".lis]\n";
+        await(expected + box, [&] { return contentOf(place / "echo") == expected; });
         EXPECT_EQ(std::distance(fs::directory_iterator(game), {}), 1) << stem;
     }
     for (const auto& [stem, character] : refusedNames) {
