@@ -1,102 +1,12 @@
-#include <gtest/gtest.h>
-
-#include <QTest>
-#include <QtWidgets>
-
-#include "console/workbench.h"
-#include "fakes.h"
-#include "platform/linux/disk/short_names.h"
 #include "platform/linux/qt/application.h"
 #include "platform/linux/qt/control_peer.h"
-#include "platform/linux/qt/form_window.h"
 #include "platform/linux/qt/message_box.h"
-#include "platform/linux/qt/toolkit.h"
 #include "platform/linux/qt/units.h"
+#include "qt_windows.h"
 
 namespace {
 
 using namespace forms;
-
-QString name(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
-QMainWindow& windowOf(Form& form) {
-    return dynamic_cast<qt::FormWindow&>(*form.window()).widget();
-}
-
-/// The program as it starts on a desktop with a font of this size, and a larger one for menus.
-struct Desktop {
-    Desktop(core::Runtime& runtime, int points) : usersFont(setFont(points)), program{runtime} {
-        toolkit.chooseFont(console::Workbench(runtime, toolkit).everyForm());
-    }
-    static QFont setFont(int points) {
-        QFont font("DejaVu Sans", points);
-        QApplication::setFont(font);
-        font.setPointSize(points + 4);
-        QApplication::setFont(font, "QMenu");
-        return font;
-    }
-    const QFont usersFont;
-    qt::QtToolkit toolkit{{}, {}};
-    Application application{toolkit, {}};
-    core::Program program;
-};
-
-/// The console in its window. The handlers of all controls except the tabs and the hide boxes are
-/// replaced by ones that log the control's name.
-struct Windows : testing::Test {
-    std::string told;
-    std::string heard;
-    std::string host;
-    fakes::FakeRuntime runtime;
-    qt::QtToolkit toolkit{
-        [this](const std::string& path) {
-            return path[0] == 'q' ? std::nullopt
-                                  : std::optional<platform::HostPath>(host + path.substr(2));
-        },
-        [](const platform::HostPath& path) {
-            return platform::fitsWindows(path.text()) ? "c:" + path.text() : "c:\\SHORT~1";
-        }};
-    Application application{toolkit, [this](const std::string& text) { told += text; }};
-    core::Program program{runtime};
-    console::frmConsole* form = nullptr;
-    QMainWindow* window = nullptr;
-
-    void SetUp() override {
-        form = &application.load<console::frmConsole>(program);
-        form->tbsOptions.SelectedItem = 2;
-        for (Control* control : form->allControls()) {
-            if (control != &form->tbsOptions && !control->name.starts_with("chkHide"))
-                control->setHandler([=, this] { heard += control->fullName() + " "; });
-        }
-        form->Show();
-        window = &windowOf(*form);
-        form->Refresh();
-        EXPECT_TRUE(window->windowHandle()->isExposed());
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-        EXPECT_EQ(window->focusWidget()->objectName(), "qt_tabwidget_tabbar");
-    }
-    void TearDown() override {
-        Desktop::setFont(9);
-        // The message loop ends with the last form.
-        QTimer::singleShot(
-            0, [this] { application.Count() > 0 ? form->close() : QCoreApplication::exit(); });
-        QApplication::exec();
-    }
-    template <typename Kind = QWidget>
-    Kind& widget(const Control& control) {
-        return *window->findChild<Kind*>(name(control.fullName()));
-    }
-    /// Presses a key. Returns the handlers that ran, and the focused control after "@".
-    std::string strike(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QWidget* focused = window->focusWidget();
-        QTest::keyClick(focused ? focused : window, key, modifiers);
-        QCoreApplication::processEvents();
-        EXPECT_FALSE(QApplication::activePopupWidget());
-        return std::exchange(heard, "") + "@" + window->focusWidget()->objectName().toStdString();
-    }
-};
 
 TEST_F(Windows, KeysReachTheFormThenTheModel) {
     const auto& panel = form->compile;
@@ -147,73 +57,110 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     EXPECT_EQ(application.Count(), 1);
 }
 
-TEST_F(Windows, WidgetsShowWhatTheModelHolds) {
-    auto& panel = form->compile;
-    auto& second = widget<QRadioButton>(panel.optFormat(2));
+TEST_F(Windows, AnOptionsHandlerRunsAtEachClick) {
+    auto& second = widget<QRadioButton>(form->compile.optFormat(2));
     QTest::mouseClick(&second, Qt::LeftButton, {}, {8, second.height() / 2});
-    QTest::keyClick(&second, Qt::Key_Space);  // runs the handler again
-    EXPECT_EQ(std::exchange(heard, ""), "optFormat(2) optFormat(2) ");
-    auto& line = widget<QLineEdit>(panel.txtFname);
+    QTest::keyClick(&second, Qt::Key_Space);
+    EXPECT_EQ(heard, "optFormat(2) optFormat(2) ");
+}
+
+TEST_F(Windows, ATextFollowsItsModelAndKeepsItsCursor) {
+    auto& line = widget<QLineEdit>(form->compile.txtFname);
     line.clear();
     QTest::keyClicks(&line, "cave");
     line.setCursorPosition(2);
     QTest::keyClick(&line, Qt::Key_X);
-    EXPECT_EQ(panel.txtFname.Text(), "caxve");
+    EXPECT_EQ(form->compile.txtFname.Text(), "caxve");
     EXPECT_EQ(line.cursorPosition(), 3);
+    form->compile.txtCmdline.Visible = true;
+    form->compile.txtCmdline.Text = "one\r\ntwo";
+    auto& lines = widget<QPlainTextEdit>(form->compile.txtCmdline);
+    lines.setPlainText("typed");
+    EXPECT_EQ(lines.toPlainText(), "one\ntwo") << "is read-only";
+}
 
-    panel.lstInclude.AddItem("c:\\a");
-    panel.lstInclude.SetFocus();
-    heard.clear();
-    EXPECT_EQ(strike(Qt::Key_Home), "@lstInclude");
-    EXPECT_EQ(strike(Qt::Key_Down), "lstInclude @lstInclude");
-    auto& list = widget<QListWidget>(panel.lstInclude);
+TEST_F(Windows, AListShowsItsModelAndAKeySelectsWhatItReaches) {
+    ListBox& model = form->compile.lstInclude;
+    auto& list = widget<QListWidget>(model);
+    model.SetFocus();
+    for (const char* folder : {"c:\\a", "c:\\b", "c:\\c"})
+        model.AddItem(folder);
+    const std::tuple<int, Qt::Key, int> rows[] = {
+        {-1, Qt::Key_End, 2},     {0, Qt::Key_Down, 0}, {0, Qt::Key_Home, 0},
+        {0, Qt::Key_PageUp, 0},   {0, Qt::Key_End, 2},  {1, Qt::Key_Home, 0},
+        {0, Qt::Key_PageDown, 2}, {2, Qt::Key_End, 2},  {2, Qt::Key_PageDown, 2}};
+    for (const auto& [current, key, reached] : rows) {
+        SCOPED_TRACE(std::to_string(current) + " " + QKeySequence(key).toString().toStdString());
+        model.ListIndex = -1;
+        list.setCurrentRow(current, QItemSelectionModel::NoUpdate);
+        heard.clear();
+        EXPECT_EQ(strike(key), "lstInclude @lstInclude");
+        EXPECT_EQ(model.ListIndex, reached);
+    }
     list.clearSelection();  // Qt allows it, the model does not
     EXPECT_EQ(list.selectedItems().size(), 1);
-    panel.lstInclude.setList(0, "c:\\b");
-    EXPECT_EQ(list.item(0)->text(), "c:\\b");
-    EXPECT_EQ(list.item(0)->toolTip(), qt::wrappingToolTip("c:\\b"));
-    panel.lstInclude.AddItem("c:\\c");
-    panel.lstInclude.RemoveItem(1);
-    EXPECT_EQ(list.count(), 1);
-    EXPECT_EQ(list.currentRow(), 0);
-    panel.lstInclude.Clear();
+    model.setList(2, "c:\\d");
+    EXPECT_EQ(list.item(2)->text(), "c:\\d");
+    EXPECT_EQ(list.item(2)->toolTip(), qt::wrappingToolTip("c:\\d"));
+    model.RemoveItem(0);
+    EXPECT_EQ(list.count(), 2);
+    EXPECT_EQ(list.currentRow(), 1);
+    model.Clear();
     EXPECT_EQ(list.count(), 0);
+}
+
+TEST_F(Windows, TheFocusedButtonOrElseTheFormsIsTheDefault) {
+    auto& panel = form->compile;
     for (const Control* next : std::vector<Control*>{&panel.btnBrowse, &panel.txtFname}) {
         widget(*next).setFocus();
         const bool browse = next == &panel.btnBrowse;
         EXPECT_EQ(widget<QPushButton>(panel.btnBrowse).isDefault(), browse);
         EXPECT_EQ(widget<QPushButton>(panel.btnCompile).isDefault(), !browse);
     }
+}
 
+TEST_F(Windows, ATabsHandlerRunsAtEachClickAndItsTooltipWraps) {
     program.state.EditorPath = "editor.exe";
     QTabBar* bar = widget<QTabWidget>(form->tbsOptions).tabBar();
     for (const int tab : {1, 2}) {  // the first one is selected already
         QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab).center());
         EXPECT_EQ(form->tbsOptions.SelectedItem, tab + 1);
-        EXPECT_TRUE(panel.optEditor(1).Enabled);
+        EXPECT_TRUE(form->compile.optEditor(1).Enabled) << tab;
     }
-    const std::string entry = QGuiApplication::desktopFileName().toStdString() + ".desktop";
-    EXPECT_TRUE(exists(std::filesystem::path(NWBW_PAGES "/../package/") / entry));
-    auto& clock = *window->statusBar()->findChildren<QLabel*>()[2];
-    clock.clear();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return clock.text().contains(':'); }));
-    EXPECT_EQ(QApplication::windowIcon().availableSizes().size(), 6);
+    program.state.WordProcessorPath = "words.exe";
+    for (int count = 0; count < 2; ++count) {
+        QAccessible::queryAccessibleInterface(bar)->child(3)->actionInterface()->doAction("Press");
+        EXPECT_EQ(form->spelling.chkAutoOpen.Enabled, count == 0);
+        program.state.WordProcessorPath = "";
+    }
     for (const int tab : {0, 2}) {
         QHelpEvent asked(QEvent::ToolTip, bar->tabRect(tab).center(), {});
         QCoreApplication::sendEvent(bar, &asked);
         EXPECT_EQ(QToolTip::text(), qt::wrappingToolTip(form->tbsOptions.Tabs[tab].tooltip));
     }
+}
+
+TEST_F(Windows, OnlyTheFrameItselfTakesItsClicks) {
+    form->tbsOptions.SelectedItem = 3;
     form->play.labLogfile.Enabled = true;
     QTest::mouseClick(&widget(form->play.labLogfile), Qt::LeftButton);
     EXPECT_EQ(heard, "");
     auto& frame = widget(form->play.fraPlayback);
     QTest::mouseClick(&frame, Qt::LeftButton, {}, {5, frame.height() - 5});
     EXPECT_EQ(heard, "fraPlayback ");
-    panel.txtCmdline.Visible = true;
-    panel.txtCmdline.Text = "one\r\ntwo";
-    auto& lines = widget<QPlainTextEdit>(panel.txtCmdline);
-    lines.setPlainText("typed");
-    EXPECT_EQ(lines.toPlainText(), "one\ntwo") << "is read-only";
+}
+
+TEST_F(Windows, TheWindowTellsTheTimeAndItsProgram) {
+    for (QWidget* next : {&widget(form->compile.btnCompile), &widget(form->compile.btnBrowse)})
+        next->setFocus();
+    EXPECT_TRUE(widget<QPushButton>(form->compile.btnCompile).isDefault())
+        << "after it has lost the focus";
+    const std::string entry = QGuiApplication::desktopFileName().toStdString() + ".desktop";
+    EXPECT_TRUE(exists(std::filesystem::path(NWBW_PAGES "/../package/") / entry));
+    auto& clock = *window->statusBar()->findChildren<QLabel*>()[2];
+    clock.clear();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clock.text().contains(':'); }));
+    EXPECT_EQ(QApplication::windowIcon().availableSizes().size(), 6);
 }
 
 TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
@@ -316,32 +263,29 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
     const QTemporaryDir folder;
     host = folder.path().toStdString();
     ASSERT_TRUE(QDir(folder.path()).mkdir("games"));
-    QTimer::singleShot(0, [] {
-        auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
-        EXPECT_EQ(dialog->directory(), QDir::current());
-        dialog->reject();
+    whenOpen<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory(), QDir::current());
+        dialog.reject();
     });
     EXPECT_EQ(toolkit.chooseFile(*form, {"Select", "All Files (*.*)|*.*", "cave.kel"}), "");
     for (const auto& [offered, shown] : std::map<std::string, QString>{
              {"c:/games/new.kel", "new.kel"}, {"c|b?", ""}, {std::string(261, 'x'), ""}}) {
-        QTimer::singleShot(0, [&, &shown = shown] {
-            auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
-            auto* edit = dialog->findChild<QLineEdit*>();
+        whenOpen<QFileDialog>([&, &shown = shown](QFileDialog& dialog) {
+            auto* edit = dialog.findChild<QLineEdit*>();
             EXPECT_EQ(edit->text(), shown);
-            EXPECT_EQ(dialog->sidebarUrls().last(), QUrl::fromLocalFile(folder.path() + "\\"));
-            const auto* sidebar = dialog->findChild<QListView*>("sidebar");
+            EXPECT_EQ(dialog.sidebarUrls().last(), QUrl::fromLocalFile(folder.path() + "\\"));
+            const auto* sidebar = dialog.findChild<QListView*>("sidebar");
             EXPECT_EQ(sidebar->model()->index(sidebar->model()->rowCount() - 1, 0).data(), "z:");
             EXPECT_GE(sidebar->viewport()->width(), sidebar->sizeHintForColumn(0));
-            EXPECT_EQ(dialog->findChild<QComboBox*>("lookInCombo")->currentText().toStdString(),
+            EXPECT_EQ(dialog.findChild<QComboBox*>("lookInCombo")->currentText().toStdString(),
                       "c:" + host + "/games");
-            EXPECT_EQ(dialog->windowTitle(), "Select");
-            EXPECT_EQ(dialog->nameFilters(),
+            EXPECT_EQ(dialog.windowTitle(), "Select");
+            EXPECT_EQ(dialog.nameFilters(),
                       (QStringList{"Source (*.kel) (*.[kK][eE][lL])", "All Files (*.*) (*)"}));
-            EXPECT_EQ(dialog->directory(), QDir(folder.path() + "/games"));  // the last one used
-            QTimer::singleShot(0, [] {
-                auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
-                EXPECT_EQ(box->text(), "There is no drive q:");
-                box->close();
+            EXPECT_EQ(dialog.directory(), QDir(folder.path() + "/games"));  // the last one used
+            whenOpen<QMessageBox>([](QMessageBox& box) {
+                EXPECT_EQ(box.text(), "There is no drive q:");
+                box.close();
             });
             edit->setText("q:/other.kel");
             QTest::keyClick(edit, Qt::Key_Return);
@@ -396,20 +340,19 @@ TEST_F(Windows, AMessageBoxAnswers) {
         "<b>c:" + QString("\\folder").repeated(30).toStdString() + "\\" + std::string(250, 'x');
     const QString title(40, 'm');
     for (const auto& [flags, key, answer] : rows) {
-        QTimer::singleShot(0, [&, key = key, flags = flags] {
-            auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
-            EXPECT_EQ(box->parentWidget(), window);
-            EXPECT_EQ(box->text().remove(QChar(0x200b)).toStdString(), path + " not found");
-            EXPECT_EQ(box->windowTitle(), title);
+        whenOpen<QMessageBox>([&, key = key, flags = flags](QMessageBox& box) {
+            EXPECT_EQ(box.parentWidget(), window);
+            EXPECT_EQ(box.text().remove(QChar(0x200b)).toStdString(), path + " not found");
+            EXPECT_EQ(box.windowTitle(), title);
             QFont bold;
             bold.setBold(true);
-            EXPECT_GT(box->width(), QFontMetrics(bold).horizontalAdvance(title) + 100);
-            EXPECT_TRUE(box->buttons().front()->icon().isNull());
-            EXPECT_EQ(box->textFormat(), Qt::PlainText);
-            EXPECT_LT(box->width(), 800);
-            EXPECT_EQ(box->icon() == QMessageBox::Warning, flags == Runtime::exclamation);
+            EXPECT_GT(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 100);
+            EXPECT_TRUE(box.buttons().front()->icon().isNull());
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_LT(box.width(), 800);
+            EXPECT_EQ(box.icon() == QMessageBox::Warning, flags == Runtime::exclamation);
             widget<QRadioButton>(form->compile.optFormat(2)).click();  // as a screen reader does
-            QTest::keyClick(box, key);
+            QTest::keyClick(&box, key);
         });
         EXPECT_EQ(qt::messageBox(path + " not found", flags, title.toStdString()), answer);
     }
@@ -500,11 +443,6 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
                           control->name != "lblProductName");
                 const QString help = name(control->tooltip);
                 EXPECT_EQ(QTextDocumentFragment::fromHtml(drawn->toolTip()).toPlainText(), help);
-                const bool drive = control->name == "Drive1";  // Qt names it after its entry
-                EXPECT_TRUE(drive || drawn->accessibleDescription() == help.trimmed());
-                EXPECT_EQ(QAccessible::queryAccessibleInterface(drawn)->text(QAccessible::Name),
-                          name(drive ? "c:" : control->accessibleName()))
-                    << control->fullName();
             }
             last.Unload();
         }

@@ -162,7 +162,9 @@ TEST_F(WindowWalk, RandomKeysAndClicksKeepEveryRuleAndNoMemory) {
 /// step of the closing fail.
 struct End : WindowWalk {
     End() {
-        std::signal(SIGHUP, SIG_DFL);  // ignored under nohup
+        // A signal that was ignored at the start, as under nohup, would stay so.
+        for (const int number : {SIGTERM, SIGHUP, SIGINT})
+            std::signal(number, SIG_DFL);
         runtime.whileBoxIsOpen = [this] { qt::messageBox(runtime.boxes.back().text, 48, "T"); };
     }
     void expectSavedAfter(const std::function<void()>& request) {
@@ -183,7 +185,9 @@ struct End : WindowWalk {
                     qt::messageBox("Second", core::Runtime::okOnly, "");
                 });
                 EXPECT_TRUE(QApplication::activeModalWidget());
-                application.Forms(1).find("btnBrowse(0)")->click();
+                forms::Control* browse = application.Forms(1).find("btnBrowse(0)");
+                ASSERT_TRUE(browse);
+                browse->click();
             });
             console.mnuOptionsPrograms.click();
         });
