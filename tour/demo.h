@@ -6,9 +6,24 @@
 #include <vector>
 
 #include "child.h"
-#include "steps.h"
 
 namespace tour {
+
+/// The names that may appear in their short form: two folders and the stem of a file.
+struct Names {
+    std::string library;
+    std::string games;
+    std::string quest;
+};
+
+/// What differs between the systems.
+struct System {
+    std::string splash;       ///< title of the splash's window; its form has none
+    std::string terminal;     ///< title of a script's window
+    Names scripts;            ///< as they appear in a script
+    Names tools;              ///< as the tools receive them and name their files
+    std::string caveListing;  ///< as Notepad receives it from a script
+};
 
 /// The program in its own demo folder, and the files it leaves there.
 class Demo {

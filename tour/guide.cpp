@@ -1,11 +1,15 @@
 #include "guide.h"
 
 #include <algorithm>
-#include <cctype>
+#include <chrono>
 #include <cstdio>
 #include <iostream>
+#include <sstream>
 #include <stdexcept>
 #include <thread>
+
+#include "console/frm_console.h"
+#include "platform/stubs/stubs.h"
 
 namespace tour {
 
@@ -13,57 +17,62 @@ namespace {
 
 using namespace std::chrono_literals;
 
-std::string indented(const std::vector<std::string>& lines) {
+std::string indented(const Texts& lines) {
     std::string text;
     for (const std::string& line : lines)
         text += "      | " + line + "\n";
     return text;
 }
 
-/// Makes a file name: lower case, with a dash for everything except letters and digits.
-std::string fileName(const std::string& what) {
-    std::string name;
-    for (const char letter : what) {
-        if (std::isalnum(static_cast<unsigned char>(letter)) != 0)
-            name += static_cast<char>(std::tolower(letter));
-        else if (!name.ends_with('-'))
-            name += '-';
+/// Waits until the condition holds; throws if it does not within 20 seconds.
+void await(const std::string& failure, const std::function<bool()>& condition) {
+    const auto end = std::chrono::steady_clock::now() + 20s;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) throw std::runtime_error(failure);
+        std::this_thread::sleep_for(10ms);
     }
-    return name;
+}
+
+/// A point in a window, in pixels.
+struct Spot {
+    int x;
+    int y;
+};
+
+/// Returns a point on a control of the console, near its left edge, as if its panel were selected,
+/// in a window as wide as given, in pixels: Windows lays out forms larger where texts need it.
+Spot find(const std::string& name, int windowWidth) {
+    constexpr int menuBar = 22;      // in pixels, above the client area
+    constexpr int panelInUse = 210;  // left edge of the panel of the selected tab, in twips
+    stubs::StubRuntime runtime;
+    stubs::StubToolkit toolkit;
+    forms::Application application{toolkit, [](const std::string&) {}};
+    core::Program program{runtime};
+    console::frmConsole console{application, program};
+
+    forms::Control* control = console.find(name);
+    if (control == nullptr) throw std::runtime_error("the console has no control " + name);
+    int x = std::min(control->Width / 2, 150);
+    int y = control->Height / 2;
+    for (; control != &console; control = control->parent()) {
+        x += control->name == "picOptions" ? panelInUse : control->Left;
+        y += control->Top;
+    }
+    return {x * windowWidth / console.Width, menuBar + y * windowWidth / console.Width};
 }
 
 }  // namespace
 
-bool happens(const std::function<bool()>& condition) {
-    constexpr auto patience = 20s;
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) return false;
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
-}
-
 Guide::Guide(const Display& display, const Demo& demo, std::filesystem::path pictures)
     : display_(display), demo_(demo), pictures_(std::move(pictures)), program_(demo.start()) {}
 
-void Guide::take(const Step& step) {
-    ++taken_;
-    std::cout << "  " << taken_ << "  " << step.what << std::endl;
-    try {
-        std::visit(*this, step.action);
-    } catch (const std::exception&) {
-        picture("failed " + step.what);
-        throw;
-    }
-    picture(step.what);
-}
-
-void Guide::picture(const std::string& what) {
+void Guide::take(const std::string& what, const std::function<void()>& step) {
+    std::cout << "  " << ++taken_ << "  " << what << std::endl;
+    step();
     std::this_thread::sleep_for(150ms);  // for drawing to finish
     char number[8];
-    std::snprintf(number, sizeof number, "%03d-", taken_);
-    display_.picture(pictures_ / (number + fileName(what) + ".png"));
+    std::snprintf(number, sizeof number, "%03d", taken_);
+    display_.picture(pictures_ / (number + std::string(".png")));
 }
 
 Window Guide::toFront() const {
@@ -73,86 +82,107 @@ Window Guide::toFront() const {
     return *window;
 }
 
-void Guide::operator()(const Press& press) {
-    toFront();
-    display_.press(press.keys);
+void Guide::press(const std::string& keys) {
+    std::istringstream all(keys);
+    for (std::string key; all >> key;) {
+        take("Press " + key, [&] {
+            toFront();
+            display_.press(key);
+        });
+    }
 }
 
-void Guide::operator()(const Type& type) {
-    toFront();
-    display_.type(type.text);
+void Guide::type(const std::string& text) {
+    take("Type " + text, [&] {
+        toFront();
+        display_.type(text);
+    });
 }
 
-void Guide::operator()(const Click& click) {
-    const Window on = toFront();
-    const Spot spot = map_.find(click.control, on.width);
-    display_.click(on.left + spot.x, on.top + spot.y);
+void Guide::retype(const std::string& text) {
+    press("Ctrl+A");
+    type(text);
 }
 
-void Guide::operator()(const Close&) {
-    display_.close(toFront());
-    (*this)(Vanish{});
+void Guide::click(const std::string& control) {
+    take("Click " + control, [&] {
+        const Window on = toFront();
+        const Spot spot = find(control, on.width);
+        display_.click(on.left + spot.x, on.top + spot.y);
+    });
 }
 
-void Guide::operator()(const Appear& appear) {
-    std::optional<Window> window;
-    if (!happens([&] { return (window = display_.find(appear.title, window_)).has_value(); }))
-        throw std::runtime_error("no window \"" + appear.title + "\" appeared");
-    window_ = window->id;
-    toFront();
+void Guide::close() {
+    take("Close the window", [&] { display_.close(toFront()); });
+    vanishes();
 }
 
-void Guide::operator()(const Vanish&) {
-    if (!happens([&] { return !display_.inView(window_); }))
-        throw std::runtime_error("the window did not disappear");
+void Guide::appears(const std::string& title) {
+    take("The window \"" + title + "\" appears", [&] {
+        std::optional<Window> window;
+        await("it did not", [&] { return (window = display_.find(title, window_)).has_value(); });
+        window_ = window->id;
+        toFront();
+    });
 }
 
-void Guide::operator()(const Absent& absent) {
-    if (!happens([&] { return !display_.find(absent.title, window_); }))
-        throw std::runtime_error("the window \"" + absent.title + "\" did not disappear");
-    // It may already have been active while the focus was elsewhere.
-    display_.unfocus();
+void Guide::vanishes() {
+    take("It disappears", [&] { await("it did not", [&] { return !display_.inView(window_); }); });
 }
 
-void Guide::operator()(const Script& script) {
-    expect("the command script", script.lines, [&] {
+void Guide::absent(const std::string& title) {
+    take("The window \"" + title + "\" has gone", [&] {
+        await("it has not", [&] { return !display_.find(title, window_); });
+        // The current one may already have been active while the focus was elsewhere.
+        display_.unfocus();
+    });
+}
+
+void Guide::wrote(const Texts& expected) {
+    expect("The command script", expected, [&] {
         const std::string text = demo_.text("~kelmcon.bat");
-        Lines found = lines(text);
+        Texts found = lines(text);
         const auto ends = static_cast<std::size_t>(std::ranges::count(text, '\r'));
         if (ends != found.size() || !text.ends_with("\r\n")) found.push_back("(line ends differ)");
         return found;
     });
 }
 
-void Guide::operator()(const Call& call) {
+void Guide::called(const Call& call) {
     const std::string file = call.program.substr(call.program.rfind('\\') + 1);
-    Lines expected{"run " + file.substr(0, file.rfind('.')), "folder " + call.folder};
+    Texts expected{"run " + file.substr(0, file.rfind('.')), "folder c:\\my games"};
     for (const std::string& argument : call.arguments)
         expected.push_back("argument " + argument);
     for (const std::string& input : call.input)
         expected.push_back("input " + input);
-    expect("the call of " + call.program, expected, [&] { return demo_.lastCall(call.program); });
+    expect("The call of " + call.program, expected, [&] { return demo_.lastCall(call.program); });
     demo_.forgetCalls(call.program);
 }
 
-void Guide::operator()(const FileHolds& held) {
-    expect("the file " + held.file, lines(held.text), [&] { return lines(demo_.text(held.file)); });
+void Guide::holds(const std::string& file, const std::string& text) {
+    expect("The file " + file, lines(text), [&] { return lines(demo_.text(file)); });
 }
 
-void Guide::operator()(const End&) {
-    if (!happens([&] { return program_->ended(); }))
-        throw std::runtime_error("the program has not ended");
-    if (const int code = program_->wait(); code != 0)
-        throw std::runtime_error("the program ended with code " + std::to_string(code));
+void Guide::ends() {
+    take("The program ends", [&] {
+        await("it did not", [&] { return program_->ended(); });
+        if (const int code = program_->wait(); code != 0)
+            throw std::runtime_error("it ended with code " + std::to_string(code));
+    });
 }
 
-void Guide::expect(const std::string& what, const Lines& expected,
-                   const std::function<Lines()>& found) {
-    Lines last;
-    if (!happens([&] { return (last = found()) == expected; }))
-        throw std::runtime_error(what + " reads\n" + indented(last) + "    and not\n" +
-                                 indented(expected));
-    std::cout << indented(last);
+void Guide::expect(const std::string& what, const Texts& expected,
+                   const std::function<Texts()>& found) {
+    take(what + " is as expected", [&] {
+        Texts last;
+        try {
+            await("", [&] { return (last = found()) == expected; });
+        } catch (const std::runtime_error&) {
+            throw std::runtime_error("it reads\n" + indented(last) + "    and not\n" +
+                                     indented(expected));
+        }
+        std::cout << indented(last);
+    });
 }
 
 }  // namespace tour

@@ -1,62 +1,72 @@
 #pragma once
 
-#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "console_map.h"
 #include "demo.h"
 #include "display.h"
-#include "steps.h"
 
 namespace tour {
 
-/// Waits until the condition holds; false if it does not within 20 seconds.
-bool happens(const std::function<bool()>& condition);
+using Texts = std::vector<std::string>;
 
-/// Executes the steps: acts as the user, waits for the expected result, and takes a screenshot of
-/// each step.
+/// A call of a practice program in the folder of the games. Paths are long ones on drive c.
+struct Call {
+    std::string program;
+    Texts arguments;
+    Texts input = {};
+};
+
+/// Acts as the user, in the window that appeared last, and waits for what must happen. Each step is
+/// printed and throws std::runtime_error if it does not succeed within 20 seconds. Numbered
+/// screenshots of them go to a folder.
 class Guide {
   public:
-    /// Spawns the program. Numbered screenshots go to the folder.
+    /// Spawns the program.
     Guide(const Display& display, const Demo& demo, std::filesystem::path pictures);
 
-    /// Throws std::runtime_error if the step does not complete in time.
-    void take(const Step& step);
+    /// Presses keys, one after the other: "Alt+G K".
+    void press(const std::string& keys);
+    void type(const std::string& text);
+    /// Replaces the text of the focused box.
+    void retype(const std::string& text);
+    /// Clicks a control of the console, given by its full name.
+    void click(const std::string& control);
+    /// Closes the window as its close box does.
+    void close();
 
-    void operator()(const Press& press);
-    void operator()(const Type& type);
-    void operator()(const Click& click);
-    void operator()(const Close& close);
-    void operator()(const Appear& appear);
-    void operator()(const Vanish& vanish);
-    void operator()(const Absent& absent);
-    void operator()(const Script& script);
-    void operator()(const Call& call);
-    void operator()(const FileHolds& held);
-    void operator()(const End& end);
+    /// A window with the title appears, other than the current one, and becomes the current window.
+    void appears(const std::string& title);
+    void vanishes();
+    /// No window with the title is visible.
+    void absent(const std::string& title);
+    /// The command script has these lines, each ending in CRLF.
+    void wrote(const Texts& lines);
+    void called(const Call& call);
+    void holds(const std::string& file, const std::string& text);
+    /// The program has exited by itself, successfully.
+    void ends();
 
   private:
-    using Lines = std::vector<std::string>;
-
-    /// Raises the window that the user works in and returns its position.
+    void take(const std::string& what, const std::function<void()>& step);
+    /// Raises the current window and returns its position.
     Window toFront() const;
-    void picture(const std::string& what);
-    /// Waits until the lines are as expected and prints them; `what` names them on failure.
-    static void expect(const std::string& what, const Lines& expected,
-                       const std::function<Lines()>& found);
+    /// Waits until the lines are as expected and prints them.
+    void expect(const std::string& what, const Texts& expected,
+                const std::function<Texts()>& found);
 
     const Display& display_;
     const Demo& demo_;
     std::filesystem::path pictures_;
-    ConsoleMap map_;
     std::unique_ptr<Child> program_;
-    unsigned long window_ = 0;  ///< the one that the user works in
+    unsigned long window_ = 0;  ///< the current one
     int taken_ = 0;
 };
+
+/// Takes the whole tour, from the program's start to its end.
+void takeTour(Guide& guide, const System& system);
 
 }  // namespace tour

@@ -1,31 +1,66 @@
 /// A tour of the real program on a hidden display, by real keys and clicks, in a demo folder.
 /// Prints each step, the scripts and the calls of the tools, and takes a screenshot of each step.
-/// Fails if a step does not succeed.
+/// Fails if a step does not succeed. The program is the one in the build folder; a Windows program
+/// runs under Wine.
 ///
 ///     tour PROJECT_FOLDER BUILD_FOLDER
 
+#include <cstdlib>
 #include <iostream>
 
-#include "run_on_hidden_display.h"
+#include "guide.h"
 
 namespace {
 
-void takeTour(const tour::Display& display, const tour::Demo& demo,
-              const std::filesystem::path& pictures) {
-    tour::Guide guide(display, demo, pictures);
-    std::size_t steps = 0;
-    for (const tour::Scene& scene : tour::scenes(demo.system())) {
-        std::cout << "\n" << scene.name << "\n";
-        for (const tour::Step& step : scene.steps)
-            guide.take(step);
-        steps += scene.steps.size();
+namespace fs = std::filesystem;
+
+/// Makes the processes independent of the caller's environment. `runtime` is a new folder for their
+/// temporary files.
+void setEnvironment(const fs::path& runtime) {
+    fs::create_directory(runtime);
+    fs::permissions(runtime, fs::perms::owner_all);
+    setenv("XDG_RUNTIME_DIR", fs::absolute(runtime).c_str(), 1);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    setenv("TERMINAL", "xterm -fa \"Liberation Mono\" -fs 10", 1);
+    for (const char* name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_QPA_PLATFORMTHEME",
+                             "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR", "XDG_CURRENT_DESKTOP"})
+        unsetenv(name);
+}
+
+void run(const fs::path& project, const fs::path& build) {
+    const bool windows = fs::exists(build / "bin" / "nwbw.exe");
+    const fs::path folder = project / "build" / (windows ? "tour-windows" : "tour");
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+    setEnvironment(folder / "runtime");
+
+    const auto demo = tour::makeDemo(folder / "demo", project, build);
+    const tour::Display display;
+    try {
+        tour::Guide guide(display, *demo, folder);
+        tour::takeTour(guide, demo->system());
+    } catch (const std::exception&) {
+        display.picture(folder / "failed.png");
+        throw;
     }
-    std::cout << "\nAll " << steps << " steps of the tour succeeded. Their screenshots are in "
-              << pictures.string() << ".\n";
+    std::cout << "\nThe tour succeeded. Its screenshots are in " << folder.string() << ".\n";
 }
 
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-    return tour::runOnHiddenDisplay("tour", argumentCount, arguments, takeTour);
+    if (argumentCount != 3) {
+        std::cerr << "tour PROJECT_FOLDER BUILD_FOLDER\n";
+        return 2;
+    }
+    tour::adoptOrphans();
+    int code = 0;
+    try {
+        run(arguments[1], arguments[2]);
+    } catch (const std::exception& error) {
+        std::cerr << "\nThe tour failed: " << error.what() << "\n";
+        code = 1;
+    }
+    tour::endOrphans();
+    return code;
 }
