@@ -55,12 +55,14 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
     for (const char* file : {"drive_c/My Games/wizardquest.kel", "drive_c/My Games/Cave.kel",
                              "drive_c/My Games/iso.kel", "drive_c/kelm/standard library/x"})
         write(c.parent_path() / file);
-    for (const char* stem : {"+so", "-d", "-v1"})
+    for (const char* stem : {"+so", "-d", "-v1", "-draft of it"})
         write(c / "My Games" / (std::string(stem) + ".kel"));
     write(c / "My Games/+set.x.LIS");
     write(d / "out/x");
     write(c / "My Games/my walk.kel", "east");
     const std::string games = c / "My Games";
+    const std::string draft =
+        WindowsDisk(Drives::ofUser()).shortPath("c:\\my games\\-draft of it.kel").substr(12, 8);
     const std::string kelm = c / "kelm";
     const std::string out = d / "out";
     const std::pair<std::string, std::string> cases[] = {
@@ -76,6 +78,7 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
         {"/MYGAME~1/new /kelm/none", "[" + games + "/new][" + kelm + "/none]"},
         {"-OF\"a b\".txt  \"<\" a&b|c>d%e%^f", "[-OFa b.txt][<][a&b|c>d%e%^f]"},
         {"-d +so +so.lis -V1 -v2 +SET.x", "[-d][./+so][./+so.lis][./-v1][-v2][./+set.x]"},
+        {draft, "[./-draft of it]"},
         {"/kelm " + home.string(), "[" + kelm + "][" + home.string() + "]"},
     };
     for (const auto& [words, echo] : cases) {
