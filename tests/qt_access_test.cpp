@@ -20,6 +20,7 @@ struct Assistant : ControlVisitor {
         name = control.accessibleName();
         help = control.tooltip;
         heard.clear();
+        const bool labelled = role == QAccessible::StaticText;  // the control before is a label
         control.accept(*this);
         ASSERT_TRUE(spoken);
         EXPECT_EQ(spoken->role(), role);
@@ -29,6 +30,8 @@ struct Assistant : ControlVisitor {
         EXPECT_TRUE(!shown || spoken->state().disabled != isEnabled(control));
         if (stops.empty() || stops.back() != &control || !control.usable()) return;
         EXPECT_NE(name, "");
+        EXPECT_TRUE(!labelled || !control.Caption().empty() ||
+                    !spoken->relations(QAccessible::Label).isEmpty());
         EXPECT_FALSE(spoken->state().invisible);
         EXPECT_TRUE(role == QAccessible::PageTabList || names.insert(name).second) << name;
     }

@@ -22,8 +22,8 @@ Widget* makeWithRole(QAccessible::Role role, QWidget& parent) {
     return widget.release();
 }
 
-/// Creates a tab bar for a tab widget, on which assistive technology presses a tab as a click does. Qt's own ignores
-/// a press on the selected tab.
+/// Creates a tab bar for a tab widget, on which assistive technology presses a tab as a click does.
+/// Qt's own ignores a press on the selected tab.
 std::unique_ptr<QTabBar> makeTabBar();
 
 /// A list that announces its current entry only while it has the focus.
@@ -34,10 +34,13 @@ class QuietList : public List {
 
   protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
-        if (this->hasFocus())
+        if (this->hasFocus()) {
             List::currentChanged(current, previous);
-        else
+        } else {
+            // Skips the list's own step, which makes the announcement.
+            // NOLINTNEXTLINE(bugprone-parent-virtual-call)
             QAbstractItemView::currentChanged(current, previous);
+        }
     }
 };
 
