@@ -151,10 +151,6 @@ TEST_F(Windows, OnlyTheFrameItselfTakesItsClicks) {
 }
 
 TEST_F(Windows, TheWindowTellsTheTimeAndItsProgram) {
-    for (QWidget* next : {&widget(form->compile.btnCompile), &widget(form->compile.btnBrowse)})
-        next->setFocus();
-    EXPECT_TRUE(widget<QPushButton>(form->compile.btnCompile).isDefault())
-        << "after it has lost the focus";
     const std::string entry = QGuiApplication::desktopFileName().toStdString() + ".desktop";
     EXPECT_TRUE(exists(std::filesystem::path(NWBW_PAGES "/../package/") / entry));
     auto& clock = *window->statusBar()->findChildren<QLabel*>()[2];
