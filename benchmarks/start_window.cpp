@@ -49,8 +49,9 @@ void showWord(int count, char** arguments) {
 void showConsole(char** arguments) {
     const qt::QtApplication application(arguments);
     platform::LinuxRuntime runtime(qt::messageBox);
-    qt::QtToolkit toolkit([&](const std::string& path) { return runtime.disk().toHost(path); },
-                          [&](const std::string& path) { return runtime.disk().toWindows(path); });
+    qt::QtToolkit toolkit(
+        [&](const std::string& path) { return runtime.disk().toHost(path); },
+        [&](const platform::HostPath& path) { return runtime.disk().toWindows(path); });
     forms::Application forms(toolkit, [](const std::string&) {});
     toolkit.chooseFont(console::Workbench(runtime, toolkit).everyForm());
     core::Program program{runtime};
