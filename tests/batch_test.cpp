@@ -345,13 +345,14 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     EXPECT_EQ(openEditor(), c.string() + file);
 
     write(c / "x.bat");
-    program(
-        xterm,
-        "#!/bin/sh\nread -r a b c d e leader rest < /proc/$$/stat\nuntil [ -e go ]; do :; done\n"
-        "[ $leader = $$ ] && [ /proc/self/fd/0 -ef /dev/null ] && exit 7\n");
+    program(xterm,
+            "#!/bin/sh\nread -r a b c d e leader rest < /proc/$$/stat\n"
+            "until [ -e go ]; do [ -e $0 ] || exit; done\n"
+            "[ $leader = $$ ] && [ /proc/self/fd/0 -ef /dev/null ] && exit 7\n");
     runtime.rtcShell("c:\\x.bat", 1);
     QCoreApplication::processEvents();
     EXPECT_EQ(told, "");
+    write(c / "go");
     await("the terminal's end", [&] {
         QCoreApplication::processEvents();
         return !told.empty();

@@ -81,17 +81,20 @@ void LinuxRuntime::openOutput(const std::string& path) {
         return open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
     };
     if (writing_ != outputFile_) unlink(writing_.c_str());  // was given no name of its own
-    outputFile_ = hostPath("open", path);
     writing_ = outputFile_;
-    int handle = create(writing_);
+    const HostPath host = hostPath("open", path);
+    HostPath fresh = host;
+    int handle = create(fresh);
     if (handle < 0 && errno == EEXIST) {
-        writing_ = HostPath(outputFile_.text() + '.' + std::to_string(getpid()));
-        unlink(writing_.c_str());  // left by another run
-        handle = create(writing_);
+        fresh = HostPath(host.text() + '.' + std::to_string(getpid()));
+        unlink(fresh.c_str());  // left by another run
+        handle = create(fresh);
     }
     if (handle < 0) fail("open", path);
     if (!output_.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle))
         core::failTo("open", path, output_.errorString().toStdString());
+    outputFile_ = host;
+    writing_ = fresh;
 }
 
 std::string LinuxRuntime::readFile(const std::string& path) {
@@ -114,6 +117,7 @@ void LinuxRuntime::failToWrite() {
 void LinuxRuntime::failToWrite(const std::string& reason) {
     output_.close();
     unlink(writing_.c_str());
+    writing_ = outputFile_;
     core::failTo("write", outputPath(), reason);
 }
 
@@ -136,7 +140,8 @@ void LinuxRuntime::closeOutput() {
 }
 
 HostPath LinuxRuntime::writtenPath(const std::string& doing, const std::string& path) {
-    return path == outputPath() ? writing_ : hostPath(doing, path);
+    const bool isElsewhere = writing_ != outputFile_ && path == outputPath();
+    return isElsewhere ? writing_ : hostPath(doing, path);
 }
 
 void LinuxRuntime::writeOutput(const std::string& text) {
