@@ -80,9 +80,11 @@ void actionByShell(benchmark::State& state) {
     const fs::path script = timed.games() / "script.sh";
     std::ofstream(script) << "cd '" << timed.games().string() << "'\n'" << timed.compiler().string()
                           << "' cave -List -Height 0\n";
+    QObject owner;
     for (auto _ : state) {
         state.SetIterationTime(timed.secondsOf([&] {
-            platform::startDetached(platform::inTerminal({"/bin/sh", script.string()}, false));
+            platform::startDetached(platform::inTerminal({"/bin/sh", script.string()}, false),
+                                    owner, [](const platform::Ending&) {});
         }));
     }
 }

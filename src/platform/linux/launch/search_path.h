@@ -8,7 +8,7 @@ namespace platform {
 /// folders: a game's folder must not provide programs.
 std::string onSearchPath(const std::string& name);
 
-/// Removes relative folders from the XDG base directory variables, whose specification demands to
+/// Removes relative folders from the XDG base directory variables, whose standard says to
 /// ignore them; Qt would search the current folder. Call it before anything else in main.
 void ignoreRelativeBaseFolders();
 
