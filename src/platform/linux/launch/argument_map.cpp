@@ -101,7 +101,7 @@ std::string ArgumentMap::rooted(const std::string& word) {
 
 std::string ArgumentMap::name(const std::string& name, Target target) {
     const bool forWindows = target == Target::Windows;
-    const std::string known = forWindows ? disk_.longPath(name) : disk_.nameHere(name);
+    std::string known = forWindows ? disk_.longPath(name) : disk_.nameHere(name);
     if (!isOption(known)) return known;
     return (forWindows ? ".\\" : "./") + known;
 }
