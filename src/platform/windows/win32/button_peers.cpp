@@ -42,6 +42,11 @@ class ButtonPeer : public ClickPeer<forms::Button> {
         : ClickPeer(button, site, button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) {}
 
     void enter() override { click(); }
+    void showDefault(bool isDefault) override {
+        const LONG style = isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        if ((GetWindowLongW(window(), GWL_STYLE) & BS_TYPEMASK) != style)
+            send(BM_SETSTYLE, style, TRUE);
+    }
 };
 
 /// Check boxes and options, which show their value by a mark before the caption. Only the model

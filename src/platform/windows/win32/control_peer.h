@@ -68,6 +68,8 @@ class ControlPeer : public forms::Peer {
     [[nodiscard]] virtual bool wantsKey(WPARAM /*key*/) const { return false; }
     /// Handles Enter, on a control that takes it.
     virtual void enter() {}
+    /// Shows whether Enter presses the control, which only a button does.
+    virtual void showDefault(bool /*isDefault*/) {}
 
     /// A bar along an edge of the form subtracts its own place from the room.
     virtual void takeEdge(RECT& /*room*/) {}

@@ -78,7 +78,8 @@ bool Keyboard::escape() {
 
 /// Selects the next option. The way that Windows does this differs between its versions.
 bool Keyboard::arrow(MSG& message, int step) {
-    auto* option = dynamic_cast<forms::OptionButton*>(focused());
+    forms::Control* const control = focused();
+    forms::OptionButton* const option = control ? control->option() : nullptr;
     if (!option || message.message != WM_KEYDOWN) return IsDialogMessageW(window_, &message);
     showCues();
     forms::OptionButton& next = option->nextOption(step);
@@ -105,7 +106,7 @@ bool Keyboard::mnemonic(wchar_t letter) {
     if (letter <= L' ' || letter > lastAscii) return false;
     const auto capital = static_cast<char>(letter >= L'a' && letter <= L'z' ? letter - 32 : letter);
     forms::Control* target = form_.mnemonicTarget(capital, focused());
-    if (!target || dynamic_cast<forms::MenuItem*>(target)) return false;  // the system opens menus
+    if (!target || target->inMenu()) return false;  // the system opens menus
     focus(*target);
     settle();  // a box that the click shows returns the focus to this control
     target->click();
@@ -130,15 +131,10 @@ forms::Control* Keyboard::nextFocus() const {
 
 /// Marks the button that Enter presses: the focused one, else the form's default.
 void Keyboard::markDefault() {
-    const auto* pressed = dynamic_cast<const forms::Button*>(last_);
+    const bool taken = last_ && last_->takesEnter();
     for (forms::Control* control : form_.allControls()) {
-        const auto* button = dynamic_cast<const forms::Button*>(control);
-        if (!button || !button->peer()) continue;
-        const bool marked = pressed ? button == pressed : button->isDefault;
-        const HWND window = peerOf(button)->window();
-        const LONG style = marked ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
-        if ((GetWindowLongW(window, GWL_STYLE) & BS_TYPEMASK) != style)
-            SendMessageW(window, BM_SETSTYLE, style, TRUE);
+        if (auto* peer = peerOf(control))
+            peer->showDefault(taken ? control == last_ : control->isDefault);
     }
 }
 

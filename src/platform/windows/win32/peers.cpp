@@ -10,25 +10,23 @@ namespace {
 
 /// Returns the control declared before this one in the same container, or null.
 forms::Control* before(const forms::Control& control) {
-    forms::Control* before = nullptr;
-    for (forms::Control* sibling : control.parent()->children()) {
-        if (sibling == &control) break;
-        before = sibling;
-    }
-    return before;
+    const auto& siblings = control.parent()->children();
+    const auto self = std::ranges::find(siblings, &control);
+    return self == siblings.begin() ? nullptr : self[-1];
 }
 
 /// The arrow keys only move among consecutive options.
-bool startsGroup(const forms::Control& control) {
-    return !dynamic_cast<const forms::OptionButton*>(&control) ||
-           !dynamic_cast<const forms::OptionButton*>(before(control));
+bool startsGroup(forms::Control& control) {
+    forms::Control* const last = before(control);
+    return !control.option() || !last || !last->option();
 }
 
 /// Screen readers name a window by its caption or by the label before it; otherwise it needs a
 /// name.
 bool needsAccessibleName(const forms::Control& control) {
+    const forms::Control* const last = before(control);
     return !control.definedAccessibleName.empty() ||
-           (control.Caption().empty() && !dynamic_cast<const forms::Label*>(before(control)));
+           (control.Caption().empty() && (!last || last->nameForNext().empty()));
 }
 
 int idOf(forms::Control& control) {
