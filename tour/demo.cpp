@@ -81,8 +81,9 @@ class LinuxDemo : public Demo {
         // The tools are native programs, which get long names.
         return {.splash = "nwbw",
                 .terminal = " - Norvane Workbench",
-                .scripts = {"c:\\kelm\\STANDA~1", "c:\\MYGAME~1", "WIZARD~1"},
-                .tools = {"c:\\kelm\\standard library", "c:\\my games", "wizardquest"},
+                .library = "c:\\kelm\\standard library",
+                .games = "c:\\my games",
+                .quest = "wizardquest",
                 .caveListing = "c:\\my games\\cave.lis"};
     }
 
@@ -105,11 +106,11 @@ class WineDemo : public Demo {
     ~WineDemo() override { Child({(folder() / "start").string(), "--end"}).wait(); }
 
     [[nodiscard]] System system() const override {
-        const Names names{"c:\\kelm\\STAN~2VR", "c:\\MY_G~I5E", "WIZA~XWU"};
         return {.splash = "",
                 .terminal = "C:\\windows\\system32\\cmd.exe",
-                .scripts = names,
-                .tools = names,
+                .library = "c:\\kelm\\STAN~2VR",
+                .games = "c:\\MY_G~I5E",
+                .quest = "WIZA~XWU",
                 .caveListing = "cave.lis"};
     }
 

@@ -9,19 +9,14 @@
 
 namespace tour {
 
-/// The names that may appear in their short form: two folders and the stem of a file.
-struct Names {
+/// What differs between the systems.
+struct System {
+    std::string splash;    ///< title of the splash's window; its form has none
+    std::string terminal;  ///< title of a script's window
+    // Two folders and the stem of a file, as the tools receive them: maybe in their short form.
     std::string library;
     std::string games;
     std::string quest;
-};
-
-/// What differs between the systems.
-struct System {
-    std::string splash;       ///< title of the splash's window; its form has none
-    std::string terminal;     ///< title of a script's window
-    Names scripts;            ///< as they appear in a script
-    Names tools;              ///< as the tools receive them and name their files
     std::string caveListing;  ///< as Notepad receives it from a script
 };
 

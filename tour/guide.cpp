@@ -138,16 +138,6 @@ void Guide::absent(const std::string& title) {
     });
 }
 
-void Guide::wrote(const Texts& expected) {
-    expect("The command script", expected, [&] {
-        const std::string text = demo_.text("~kelmcon.bat");
-        Texts found = lines(text);
-        const auto ends = static_cast<std::size_t>(std::ranges::count(text, '\r'));
-        if (ends != found.size() || !text.ends_with("\r\n")) found.push_back("(line ends differ)");
-        return found;
-    });
-}
-
 void Guide::called(const Call& call) {
     const std::string file = call.program.substr(call.program.rfind('\\') + 1);
     Texts expected{"run " + file.substr(0, file.rfind('.')), "folder c:\\my games"};

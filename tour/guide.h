@@ -43,8 +43,6 @@ class Guide {
     void vanishes();
     /// No window with the title is visible.
     void absent(const std::string& title);
-    /// The command script has these lines, each ending in CRLF.
-    void wrote(const Texts& lines);
     void called(const Call& call);
     void holds(const std::string& file, const std::string& text);
     /// The program has exited by itself, successfully.

@@ -1,5 +1,5 @@
 /// A tour of the real program on a hidden display, by real keys and clicks, in a demo folder.
-/// Prints each step, the scripts and the calls of the tools, and takes a screenshot of each step.
+/// Prints each step and the calls of the tools, and takes a screenshot of each step.
 /// Fails if a step does not succeed. The program is the one in the build folder; a Windows program
 /// runs under Wine.
 ///
