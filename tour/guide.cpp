@@ -48,17 +48,17 @@ Spot find(const std::string& name, int windowWidth) {
     stubs::StubToolkit toolkit;
     forms::Application application{toolkit, [](const std::string&) {}};
     core::Program program{runtime};
-    console::frmConsole console{application, program};
+    auto& form = application.load<console::frmConsole>(program);  // gets its usual width
 
-    forms::Control* control = console.find(name);
+    forms::Control* control = form.find(name);
     if (control == nullptr) throw std::runtime_error("the console has no control " + name);
     int x = std::min(control->Width / 2, 150);
     int y = control->Height / 2;
-    for (; control != &console; control = control->parent()) {
+    for (; control != &form; control = control->parent()) {
         x += control->name == "picOptions" ? panelInUse : control->Left;
         y += control->Top;
     }
-    return {x * windowWidth / console.Width, menuBar + y * windowWidth / console.Width};
+    return {x * windowWidth / form.Width, menuBar + y * windowWidth / form.Width};
 }
 
 }  // namespace

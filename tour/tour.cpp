@@ -36,8 +36,8 @@ void run(const fs::path& project, const fs::path& build) {
 
     const auto demo = tour::makeDemo(folder / "demo", project, build);
     const tour::Display display;
+    tour::Guide guide(display, *demo, folder);
     try {
-        tour::Guide guide(display, *demo, folder);
         tour::takeTour(guide, demo->system());
     } catch (const std::exception&) {
         display.picture(folder / "failed.png");
