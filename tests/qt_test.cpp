@@ -33,6 +33,9 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         QCoreApplication::processEvents();
         EXPECT_EQ(strike(key, modifiers), expected)
             << focus.fullName() << " " << QKeySequence(key).toString().toStdString();
+        const auto* pressed = qobject_cast<QPushButton*>(window->focusWidget());
+        EXPECT_EQ(widget<QPushButton>(panel.btnBrowse).isDefault(), pressed != nullptr);
+        EXPECT_EQ(widget<QPushButton>(panel.btnCompile).isDefault(), !pressed);
     }
     EXPECT_FALSE(widget<QLineEdit>(form->edit.txtFnameE).hasSelectedText());
     for (const bool alt : {true, false}) {
@@ -57,11 +60,30 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     EXPECT_EQ(application.Count(), 1);
 }
 
-TEST_F(Windows, AnOptionsHandlerRunsAtEachClick) {
+TEST_F(Windows, AHandlerRunsAtEachClickOnTheControlItself) {
     auto& second = widget<QRadioButton>(form->compile.optFormat(2));
     QTest::mouseClick(&second, Qt::LeftButton, {}, {8, second.height() / 2});
     QTest::keyClick(&second, Qt::Key_Space);
-    EXPECT_EQ(heard, "optFormat(2) optFormat(2) ");
+    EXPECT_EQ(std::exchange(heard, ""), "optFormat(2) optFormat(2) ");
+    QTabBar* bar = widget<QTabWidget>(form->tbsOptions).tabBar();
+    for (const char* path : {"editor.exe", ""}) {  // the tab is selected already
+        program.state.EditorPath = path;
+        if (*path) QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+        QAccessibleInterface* tab = QAccessible::queryAccessibleInterface(bar)->child(1);
+        if (!*path) tab->actionInterface()->doAction("Press");
+        EXPECT_EQ(form->compile.optEditor(1).Enabled, *path != 0);
+    }
+    QHelpEvent asked(QEvent::ToolTip, bar->tabRect(2).center(), {});
+    QCoreApplication::sendEvent(bar, &asked);
+    EXPECT_EQ(QToolTip::text(), qt::wrappingToolTip(form->tbsOptions.Tabs[2].tooltip));
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(2).center());
+    heard.clear();
+    form->play.labLogfile.Enabled = true;
+    QTest::mouseClick(&widget(form->play.labLogfile), Qt::LeftButton);
+    EXPECT_EQ(heard, "");
+    auto& frame = widget(form->play.fraPlayback);
+    QTest::mouseClick(&frame, Qt::LeftButton, {}, {5, frame.height() - 5});
+    EXPECT_EQ(heard, "fraPlayback ");
 }
 
 TEST_F(Windows, ATextFollowsItsModelAndKeepsItsCursor) {
@@ -103,59 +125,18 @@ TEST_F(Windows, AListShowsItsModelAndAKeySelectsWhatItReaches) {
     EXPECT_EQ(list.item(2)->text(), "c:\\d");
     EXPECT_EQ(list.item(2)->toolTip(), qt::wrappingToolTip("c:\\d"));
     model.RemoveItem(0);
-    EXPECT_EQ(list.count(), 2);
     EXPECT_EQ(list.currentRow(), 1);
-    model.Clear();
-    EXPECT_EQ(list.count(), 0);
-}
-
-TEST_F(Windows, TheFocusedButtonOrElseTheFormsIsTheDefault) {
-    auto& panel = form->compile;
-    for (const Control* next : std::vector<Control*>{&panel.btnBrowse, &panel.txtFname}) {
-        widget(*next).setFocus();
-        const bool browse = next == &panel.btnBrowse;
-        EXPECT_EQ(widget<QPushButton>(panel.btnBrowse).isDefault(), browse);
-        EXPECT_EQ(widget<QPushButton>(panel.btnCompile).isDefault(), !browse);
-    }
-}
-
-TEST_F(Windows, ATabsHandlerRunsAtEachClickAndItsTooltipWraps) {
-    program.state.EditorPath = "editor.exe";
-    QTabBar* bar = widget<QTabWidget>(form->tbsOptions).tabBar();
-    for (const int tab : {1, 2}) {  // the first one is selected already
-        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab).center());
-        EXPECT_EQ(form->tbsOptions.SelectedItem, tab + 1);
-        EXPECT_TRUE(form->compile.optEditor(1).Enabled) << tab;
-    }
-    program.state.WordProcessorPath = "words.exe";
-    for (int count = 0; count < 2; ++count) {
-        QAccessible::queryAccessibleInterface(bar)->child(3)->actionInterface()->doAction("Press");
-        EXPECT_EQ(form->spelling.chkAutoOpen.Enabled, count == 0);
-        program.state.WordProcessorPath = "";
-    }
-    for (const int tab : {0, 2}) {
-        QHelpEvent asked(QEvent::ToolTip, bar->tabRect(tab).center(), {});
-        QCoreApplication::sendEvent(bar, &asked);
-        EXPECT_EQ(QToolTip::text(), qt::wrappingToolTip(form->tbsOptions.Tabs[tab].tooltip));
-    }
-}
-
-TEST_F(Windows, OnlyTheFrameItselfTakesItsClicks) {
-    form->tbsOptions.SelectedItem = 3;
-    form->play.labLogfile.Enabled = true;
-    QTest::mouseClick(&widget(form->play.labLogfile), Qt::LeftButton);
-    EXPECT_EQ(heard, "");
-    auto& frame = widget(form->play.fraPlayback);
-    QTest::mouseClick(&frame, Qt::LeftButton, {}, {5, frame.height() - 5});
-    EXPECT_EQ(heard, "fraPlayback ");
 }
 
 TEST_F(Windows, TheWindowTellsTheTimeAndItsProgram) {
     const std::string entry = QGuiApplication::desktopFileName().toStdString() + ".desktop";
     EXPECT_TRUE(exists(std::filesystem::path(NWBW_PAGES "/../package/") / entry));
-    auto& clock = *window->statusBar()->findChildren<QLabel*>()[2];
-    clock.clear();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return clock.text().contains(':'); }));
+    const auto panels = window->statusBar()->findChildren<QLabel*>();
+    panels[2]->clear();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return panels[2]->text().contains(':'); }));
+    EXPECT_EQ(panels[1]->text(),
+              QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
+    EXPECT_GT(panels[0]->width(), window->width() / 2) << "takes what the others leave";
     EXPECT_EQ(QApplication::windowIcon().availableSizes().size(), 6);
 }
 
@@ -193,18 +174,13 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
     const QUrl fileUrl = QUrl::fromLocalFile(folder.filePath("my cave.kel"));
     const std::string file = fileUrl.toLocalFile().toStdString();
     const std::string url = fileUrl.toString().toStdString();
-    const std::string odd = folder
-                                .filePath(
-                                    "a\x7f"
-                                    "b\tc.kel")
-                                .toStdString();
-    for (const std::string& made : {file, odd})
-        QFile(name(made)).open(QIODevice::WriteOnly);
+    const std::string odd = folder.filePath("a\177b\tc.kel").toStdString();
+    write(file);
+    write(odd);
     const std::pair<std::string, std::string> pasted[] = {
         {"c:\\a\tb\r\nc", "c:\\ab"},
         {url, "c:" + file},
         {url + "\n" + url, "c:" + file},
-        {url + "x", url + "x"},
         {"/no/such", "/no/such"},
         {file, "c:" + file},
         {odd + "\n", "c:\\SHORT~1"},
@@ -215,7 +191,6 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
         QApplication::clipboard()->setText(name(text));
         QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
         EXPECT_EQ(form->compile.txtFname.Text(), expected);
-        EXPECT_EQ(line.text().toStdString(), expected);
     }
     line.clear();
     QContextMenuEvent rightClick(QContextMenuEvent::Mouse, {3, 3}, line.mapToGlobal(QPoint(3, 3)));
@@ -225,7 +200,7 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
     for (QAction* action : menu->actions())
         if (action->text().startsWith("&Paste")) action->trigger();
     menu->close();
-    EXPECT_EQ(line.text().toStdString(), "c:" + file);
+    EXPECT_EQ(form->compile.txtFname.Text(), "c:" + file);
     line.clear();
     QTest::keyClicks(&line, name(file));
     EXPECT_EQ(form->compile.txtFname.Text(), file) << "typed texts stay as they are";
@@ -300,18 +275,16 @@ TEST_F(Windows, AFolderIsOpenedByItsRow) {
     dialog.Show();
     window = &windowOf(dialog);
     auto& rows = widget<QTreeWidget>(dialog.Dir1);
-    const auto isDrawnAs = [&](const QTreeWidgetItem* row, QStyle::StandardPixmap icon) {
-        return row->icon(0).pixmap(16).toImage() ==
-               rows.style()->standardIcon(icon).pixmap(16).toImage();
-    };
-    EXPECT_EQ(rows.currentItem()->text(0), "nwb");
     QTest::keyClick(&rows, Qt::Key_Up);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\nwb");
     QTest::keyPress(&rows, Qt::Key_Return);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\");
-    EXPECT_TRUE(isDrawnAs(rows.topLevelItem(0), QStyle::SP_DirOpenIcon));
-    EXPECT_TRUE(isDrawnAs(rows.topLevelItem(0)->child(0), QStyle::SP_DirClosedIcon));
-    const QPoint nwb = rows.visualItemRect(rows.topLevelItem(0)->child(0)).center();
+    const QTreeWidgetItem& root = *rows.topLevelItem(0);
+    for (const auto& [row, icon] :
+         {std::pair(&root, QStyle::SP_DirOpenIcon), {root.child(0), QStyle::SP_DirClosedIcon}})
+        EXPECT_EQ(row->icon(0).pixmap(16).toImage(),
+                  rows.style()->standardIcon(icon).pixmap(16).toImage());
+    const QPoint nwb = rows.visualItemRect(root.child(0)).center();
     QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, nwb);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\");
     QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, nwb);
@@ -320,9 +293,8 @@ TEST_F(Windows, AFolderIsOpenedByItsRow) {
     QTest::keyClick(&drives, Qt::Key_Down);
     EXPECT_EQ(told, "Cannot open d:\\");
     EXPECT_EQ(drives.currentText(), "c:");
-    const int open = application.Count();
     QTest::keyClick(&rows, Qt::Key_Escape);
-    EXPECT_EQ(application.Count(), open - 1);
+    EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(Windows, AMessageBoxAnswers) {
@@ -359,49 +331,36 @@ TEST_F(Windows, AMessageBoxAnswers) {
 
 /// True if the widget shows its whole caption, and a mark before it is in proportion.
 bool captionFits(const QWidget& widget, const std::string& caption) {
-    if (caption.empty()) return true;
+    const auto shown = widget.property(widget.inherits("QGroupBox") ? "title" : "text").toString();
     const QString text = name(withoutMnemonic(caption));
+    if (name(withoutMnemonic(shown.toStdString())) != text) return false;
     if (const auto* label = qobject_cast<const QLabel*>(&widget))
-        return name(withoutMnemonic(label->text().toStdString())) == text &&
-               label->textFormat() == Qt::PlainText &&
-               (caption == withoutMnemonic(caption) || label->buddy()) &&
+        return label->textFormat() == Qt::PlainText &&
                (!label->wordWrap() || label->heightForWidth(label->width()) <= label->height());
-    const auto* box = qobject_cast<const QGroupBox*>(&widget);
-    if (box && name(withoutMnemonic(box->title().toStdString())) != text) return false;
-    const QFontMetrics letters = widget.fontMetrics();
-    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
-    const bool marked = button && button->isCheckable();
+    const int letters = widget.fontMetrics().height();
     const int mark = widget.style()->pixelMetric(QStyle::PM_IndicatorHeight);
-    if (button && name(withoutMnemonic(button->text().toStdString())) != text) return false;
-    int edges = button ? 8 : 0;
-    if (marked) edges = mark + 3;
-    return letters.horizontalAdvance(text) + edges <= widget.width() &&
-           letters.height() <= widget.height() && (!marked || 4 * mark > 3 * letters.height());
+    const bool marked = widget.property("checkable").toBool();
+    const int edges = marked ? mark + 3 : 8;
+    return widget.fontMetrics().horizontalAdvance(text) + edges <= widget.width() &&
+           letters <= widget.height() && 4 * mark > 3 * letters;
 }
 
 TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
-    form->compile.btnBrowse.Caption = "A caption that does not fit";
-    EXPECT_FALSE(captionFits(widget(form->compile.btnBrowse), form->compile.btnBrowse.Caption));
     for (const int points : {8, 11, 18, 24}) {
         SCOPED_TRACE(points);
         Desktop desktop(runtime, points);
-        Application& application = desktop.application;
-        auto& console = dynamic_cast<console::frmConsole&>(
-            *fakes::everyForm(application, desktop.program).front());
-        for (int i = 0; i < application.Count(); ++i)
-            application.Forms(i).Show();
-        const QFont font = QApplication::font();
-        EXPECT_EQ(windowOf(console).findChild<QMenu*>()->font(), font);
-        const double enlargement = qt::scaleOf(windowOf(console)).enlargement();
-        EXPECT_GT(font.pointSizeF(), 7.2 * enlargement) << "not the smallest size";
-        const QMainWindow& shown = windowOf(console);
+        const auto forms = fakes::everyForm(desktop.application, desktop.program);
+        for (Form* shown : forms)
+            shown->Show();
         for (int tab = 1; tab <= 4; ++tab)
-            console.tbsOptions.SelectedItem = tab;
-        QMainWindow& splash = windowOf(application.Forms(1));
+            dynamic_cast<console::frmConsole&>(*forms[0]).tbsOptions.SelectedItem = tab;
+        const QFont font = QApplication::font();
+        EXPECT_EQ(windowOf(*forms[0]).findChild<QMenu*>()->font(), font);
+        QMainWindow& splash = windowOf(*forms[1]);
+        const double enlargement = qt::scaleOf(splash).enlargement();
+        EXPECT_GT(font.pointSizeF(), 7.2 * enlargement) << "not the smallest size";
         const auto* logo = splash.findChild<QLabel*>("imgLogo");
         EXPECT_TRUE(logo->hasScaledContents() && !logo->pixmap().isNull());
-        const QFont title = splash.findChild<QLabel*>("lblProductName")->font();
-        EXPECT_TRUE(title.italic() && title.family() == "Times New Roman");
         const QImage picture = splash.grab().toImage();
         const auto* frame = splash.findChild<QWidget*>("Frame1");
         for (const QPoint& edge : {QPoint(0, 0), frame->pos() - QPoint(1, 1)})
@@ -409,38 +368,26 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         EXPECT_EQ(picture.pixelColor(frame->pos() + QPoint(1, 1)), frame->palette().base().color());
         const QPoint middle = splash.screen()->availableGeometry().center();
         EXPECT_LT((splash.frameGeometry().center() - middle).manhattanLength(), 4);
-        for (const Control* control : console.allControls()) {
-            if (!dynamic_cast<const MenuItem*>(control)) continue;
-            const auto* action = shown.findChild<QAction*>(name(control->fullName()));
-            EXPECT_EQ(action->text(), name(action->isSeparator() ? "" : control->Caption()));
-            EXPECT_EQ(action->isEnabled(), control->Enabled);
-        }
-        const auto panels = shown.statusBar()->findChildren<QLabel*>();
-        EXPECT_EQ(panels[1]->text(),
-                  QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
-        EXPECT_GT(panels[0]->width(), shown.width() / 2) << "takes what the others leave";
-        while (application.Count() > 0) {
-            Form& last = application.Forms(application.Count() - 1);
-            EXPECT_EQ(windowOf(last).windowTitle(), name(last.Caption));
-            for (const Control* control : last.allControls()) {
-                auto* drawn =
-                    windowOf(last).centralWidget()->findChild<QWidget*>(name(control->fullName()));
+        for (Form* shown : forms) {
+            EXPECT_EQ(windowOf(*shown).windowTitle(), name(shown->Caption));
+            for (const Control* control : shown->allControls()) {
+                SCOPED_TRACE(shown->name + " " + control->fullName());
+                const auto* drawn = windowOf(*shown).centralWidget()->findChild<QWidget*>(
+                    name(control->fullName()));
                 if (!drawn) continue;
-                EXPECT_TRUE(captionFits(*drawn, control->Caption))
-                    << last.name << " " << control->fullName();
-                EXPECT_EQ(drawn->y(), qt::scaleOf(*drawn).placeOf(*control).y())
-                    << control->fullName();
+                EXPECT_TRUE(control->Caption().empty() || captionFits(*drawn, control->Caption));
+                EXPECT_EQ(drawn->y(), qt::scaleOf(*drawn).placeOf(*control).y());
                 const auto* line = dynamic_cast<const Line*>(control);
                 EXPECT_EQ(drawn->backgroundRole() == QPalette::Light, line && line->light);
                 const double title = control->font.points > 10 ? control->font.points : 0;
                 EXPECT_EQ(drawn->font().pointSizeF(),
                           title ? title * enlargement : font.pointSizeF());
-                EXPECT_EQ(drawn->font().family() == font.family(),
-                          control->name != "lblProductName");
-                const QString help = name(control->tooltip);
-                EXPECT_EQ(QTextDocumentFragment::fromHtml(drawn->toolTip()).toPlainText(), help);
+                const bool product = control->name == "lblProductName";
+                EXPECT_EQ(drawn->font().italic(), product);
+                EXPECT_EQ(drawn->font().family(), product ? "Times New Roman" : font.family());
+                EXPECT_EQ(QTextDocumentFragment::fromHtml(drawn->toolTip()).toPlainText(),
+                          name(control->tooltip));
             }
-            last.Unload();
         }
     }
 }

@@ -7,6 +7,7 @@
 
 #include "console/workbench.h"
 #include "fakes.h"
+#include "helpers.h"
 #include "platform/linux/disk/short_names.h"
 #include "platform/linux/qt/form_window.h"
 #include "platform/linux/qt/toolkit.h"
@@ -37,8 +38,7 @@ struct Desktop {
     core::Program program;
 };
 
-/// The console in its window. The handlers of all controls except the tabs and the hide boxes are
-/// replaced by ones that log the control's name.
+/// The console in its window. The handlers of its controls log their names.
 struct Windows : testing::Test {
     std::string told;
     std::string heard;
@@ -60,16 +60,19 @@ struct Windows : testing::Test {
     void SetUp() override {
         form = &application.load<console::frmConsole>(program);
         form->tbsOptions.SelectedItem = 2;
-        for (forms::Control* control : form->allControls()) {
-            if (control != &form->tbsOptions && !control->name.starts_with("chkHide"))
-                control->setHandler([=, this] { heard += control->fullName() + " "; });
-        }
-        form->Show();
-        window = &windowOf(*form);
+        open(*form);
         form->Refresh();
         EXPECT_TRUE(window->windowHandle()->isExposed());
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
         EXPECT_EQ(window->focusWidget(), widget<QTabWidget>(form->tbsOptions).tabBar());
+    }
+    /// Shows the form. Replaces the handlers of all its controls but the tabs.
+    void open(forms::Form& opened) {
+        for (forms::Control* control : opened.allControls())
+            if (control->name != "tbsOptions")
+                control->setHandler([=, this] { heard += control->fullName() + " "; });
+        opened.Show();
+        window = &windowOf(opened);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     }
     void TearDown() override {
         Desktop::setFont(9);
