@@ -75,8 +75,6 @@ TEST_F(Platform, FindsOrdinaryFilesOnly) {
     };
     for (const auto& [path, name] : cases)
         EXPECT_EQ(runtime.rtcDir(path), name) << path;
-    for (const std::string& path : unreachable)
-        EXPECT_TRUE(errorOf([&] { runtime.rtcDir(path); }).starts_with("Cannot look up " + path));
 }
 
 TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {

@@ -41,7 +41,6 @@ class System : public LinuxDesktop {
     static std::jthread hold(const fs::path&) { return {}; }
     static std::jthread share(const fs::path&) { return {}; }
     static constexpr const char* byScript = "";
-    static inline const std::vector<std::string> unreachable;
     std::string commandOf(const fs::path& program) const {
         std::string path = fs::relative(program, place).string();
         std::ranges::replace(path, '/', '\\');

@@ -67,9 +67,6 @@ class System : public testing::Test {
     }
     /// What the echo child tells of a start by the command interpreter.
     static constexpr const char* byScript = "guarded ";
-    /// Files that may be there, but cannot be looked up.
-    static inline const std::vector<std::string> unreachable = {
-        "\\\\nowhere.invalid\\games\\cave.kel"};
 
     // Some names contain characters that are special to the command interpreter.
     static inline const std::string ordinaryNames[] = {

@@ -139,8 +139,8 @@ void start(const std::string& program, const std::string& command, const std::st
 }
 
 /// Has the interpreter run the script, without the user's AutoRun commands, which may change the
-/// code page. Keeps it from starting a program in a game's folder instead of the system's. A script
-/// of our own ends with "exit"; if an error ends it before, the window stays, to be read.
+/// code page. Keeps it from starting a program in a game's folder instead of the system's. If the
+/// interpreter cannot go on in a script of our own, it does not reach "exit", and its window stays.
 void startScript(const std::string& script, const std::string& arguments, bool maximised) {
     const std::string command = core::quoted(script) + arguments;
     checkLine(command);
@@ -158,11 +158,11 @@ void startScript(const std::string& script, const std::string& arguments, bool m
     // A relative folder needs the current one.
     if (!folder.substr(core::drivePart(folder).size()).starts_with('\\')) folder.clear();
     const std::string interpreter = systemFolder() + "\\cmd.exe";
-    const std::string options =
-        " /d /e:on /v:off /s " + std::string(arguments.empty() ? "/k " : "/c ");
     const TemporaryVariable path(L"PATH", safeSearchPath());
     const TemporaryVariable notHere(L"NoDefaultCurrentDirectoryInExePath", "1");
-    start(interpreter, core::quoted(interpreter) + options + core::quoted(before + command), folder,
+    const std::string line = arguments.empty() ? "/k " + core::quoted(before + command + " & exit")
+                                               : "/c " + core::quoted(command);
+    start(interpreter, core::quoted(interpreter) + " /d /e:on /v:off /s " + line, folder,
           maximised);
 }
 

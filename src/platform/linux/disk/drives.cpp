@@ -37,9 +37,10 @@ Drives Drives::ofUser() {
 
 std::optional<HostPath> Drives::folderOf(char letter) const {
     const HostPath links = prefix_ / linksFolder;
-    for (const char name : {letter | 0x20, letter & ~0x20}) {
+    for (const int name : {letter | 0x20, letter & ~0x20}) {
         std::error_code failed;
-        const fs::path target = fs::canonical((links / std::string{name, ':'}).text(), failed);
+        const std::string link{static_cast<char>(name), ':'};
+        const fs::path target = fs::canonical((links / link).text(), failed);
         if (!failed) return HostPath(target);
     }
     return {};

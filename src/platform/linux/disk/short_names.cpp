@@ -69,7 +69,7 @@ std::string withDigest(std::string_view stem, int round) {
 
 /// Marks an extension that was shortened by "~": a short one that begins like it is another one.
 std::string shortExtension(std::string_view extension) {
-    const std::string plain = cleaned(extension);
+    std::string plain = cleaned(extension);
     if (isShortExtension(extension)) return plain;
     return plain.substr(0, longestExtension - 1) + '~';
 }
