@@ -165,45 +165,45 @@ TEST_F(Dialogs, AFontShrinksUntilEveryCaptionOfTheFormFits) {
 }
 
 TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
-    using Dialog = dialogs::LocationsDialog;
-    using Fields = std::vector<std::pair<int, std::string AppState::*>>;
-    const Fields kelm = {{0, &AppState::CompilerPath},      {3, &AppState::GuiPlayerPath},
-                         {4, &AppState::ConsolePlayerPath}, {1, &AppState::DosPlayerPath},
-                         {5, &AppState::ExtractorPath},     {8, &AppState::ManualHtmlPath},
-                         {7, &AppState::ManualPdfPath},     {6, &AppState::TutorialPath}};
-    const Fields others = {{2, &AppState::EditorPath},
-                           {9, &AppState::WordProcessorPath},
-                           {0, &AppState::BrowserPath},
-                           {1, &AppState::AcrobatPath}};
-    std::string filled;  // the boxes, in order
+    const struct {
+        forms::MenuItem& item;
+        std::string order;  // of the boxes, by index
+        std::vector<std::string AppState::*> fields;
+    } rows[] = {{form.mnuOptionsPrograms,
+                 "03415876",
+                 {&AppState::CompilerPath, &AppState::GuiPlayerPath, &AppState::ConsolePlayerPath,
+                  &AppState::DosPlayerPath, &AppState::ExtractorPath, &AppState::ManualHtmlPath,
+                  &AppState::ManualPdfPath, &AppState::TutorialPath}},
+                {form.mnuOptionsOther,
+                 "2901",
+                 {&AppState::EditorPath, &AppState::WordProcessorPath, &AppState::BrowserPath,
+                  &AppState::AcrobatPath}}};
+    std::string filled;
     toolkit.built = [&](forms::Form& built) {
         for (forms::Control* control : built.allControls())
             if (control->name == "txtFname")
                 control->setHandler([&, control] { filled += std::to_string(control->index); });
     };
-    for (const auto& [item, fields] :
-         {std::pair(&form.mnuOptionsPrograms, kelm), std::pair(&form.mnuOptionsOther, others)}) {
+    for (const auto& row : rows) {
         for (const std::string way : {"OK", "Cancel", "close"}) {
             const bool kept = way == "OK";
             runtime.files = {{ini, {"before"}}};
             filled.clear();
             program.settingsGuard.setRead(true);
-            nextDialog<Dialog>([&, &fields = fields](Dialog& shown) {
-                const std::string order = filled;
-                std::string expected;
-                for (const auto& [index, field] : fields) {
-                    EXPECT_EQ(shown.txtFname(index).Text(), state.*field);
-                    if (!kept) expected += std::to_string(index);
-                    shown.txtFname(index).type(way + std::to_string(index));
+            nextDialog<dialogs::LocationsDialog>([&](auto& shown) {
+                EXPECT_EQ(filled, kept ? "" : row.order) << way;
+                for (std::size_t i = 0; i < row.fields.size(); ++i) {
+                    auto& box = shown.txtFname(row.order[i] - '0');
+                    EXPECT_EQ(box.Text(), state.*row.fields[i]);
+                    box.type(way + row.order[i]);
                 }
-                EXPECT_EQ(order, expected);
-                way == "close" ? shown.close()
-                               : void(kept ? shown.pressDefault() : shown.pressCancel());
-                EXPECT_TRUE(shown.unloaded());
+                if (kept) shown.pressDefault();
+                if (way == "Cancel") shown.pressCancel();
+                EXPECT_NE(shown.unloaded(), way == "close");
             });
-            item->click();
-            for (const auto& [index, field] : fields)
-                EXPECT_EQ(state.*field, "OK" + std::to_string(index)) << way;
+            row.item.click();
+            for (std::size_t i = 0; i < row.fields.size(); ++i)
+                EXPECT_EQ(state.*row.fields[i], std::string("OK") + row.order[i]) << way;
             EXPECT_EQ(runtime.files[ini].text != "before", kept);
             EXPECT_EQ(runtime.files[bkp].text, kept ? "before" : "") << "one save, not two";
         }
@@ -219,32 +219,59 @@ Names entries(const forms::ListBox& list) {
     return entries;
 }
 
-TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
+/// The include list, opened from the Compile panel on the folders given.
+struct IncludeList : Dialogs {
     using List = dialogs::frmIncludeList;
-    form.tbsOptions.pick(2);
-    state.IncludeFolders = {"a", "b", "c", "d", "e"};
-    const auto add = [&](forms::Button& button, const std::string& folder) {
-        nextDialog<dialogs::frmIncludeAdd>([=, &button](auto& shown) {
+    using Add = dialogs::frmIncludeAdd;
+
+    void edit(const Names& folders, const std::function<void(List&)>& user) {
+        form.tbsOptions.pick(2);
+        std::ranges::copy(folders, state.IncludeFolders.begin());
+        nextDialog<List>(user);
+        form.compile.btnModifyIncludes.click();
+    }
+    /// Presses Add or Edit and enters the folder.
+    void enter(forms::Button& button, const std::string& folder) {
+        nextDialog<Add>([=, &button](Add& shown) {
             EXPECT_EQ(shown.Caption() == "Edit folder name", button.name == "btnChange");
             shown.txtFolder.type(folder);
             shown.pressDefault();
             EXPECT_TRUE(shown.unloaded());
         });
         button.click();
-    };
-    nextDialog<List>([&](List& list) {
-        const auto move = [&](int index, forms::Button& button, int to, const Names& moved) {
-            list.List1.pick(index);
-            button.click();
-            EXPECT_EQ(list.List1.ListIndex, to);
-            EXPECT_EQ(entries(list.List1), moved);
-        };
-        move(0, list.btnUp, 0, {"a", "b", "c", "d", "e"});
-        move(4, list.btnDown, 4, {"a", "b", "c", "d", "e"});
-        move(0, list.btnDown, 1, {"b", "a", "c", "d", "e"});
-        move(1, list.btnUp, 0, {"a", "b", "c", "d", "e"});
-        move(4, list.btnUp, 3, {"a", "b", "c", "e", "d"});
-        EXPECT_EQ(runtime.newBoxes(), Boxes{});
+    }
+    /// Opens the folder dialog on the folder to edit, or to add one if it is empty.
+    void editFolder(const std::string& folder, const std::function<void(Add&)>& user) {
+        edit({folder.empty() ? "entry" : folder}, [&](List& list) {
+            nextDialog<Add>(user);
+            list.List1.pick(0);
+            (folder.empty() ? list.btnAdd : list.btnChange).click();
+        });
+    }
+};
+
+TEST_F(IncludeList, UpAndDownMoveTheSelectedFolder) {
+    edit({"a", "b", "c"}, [](List& list) {
+        const struct {
+            int index;
+            forms::Button& button;
+            int to;
+            Names moved;
+        } rows[] = {{0, list.btnUp, 0, {"a", "b", "c"}},
+                    {2, list.btnDown, 2, {"a", "b", "c"}},
+                    {0, list.btnDown, 1, {"b", "a", "c"}},
+                    {2, list.btnUp, 1, {"b", "c", "a"}}};
+        for (const auto& row : rows) {
+            list.List1.pick(row.index);
+            row.button.click();
+            EXPECT_EQ(list.List1.ListIndex, row.to) << row.index << row.button.name;
+            EXPECT_EQ(entries(list.List1), row.moved) << row.index << row.button.name;
+        }
+    });
+}
+
+TEST_F(IncludeList, AnEditedCopyIsClosedIntoTheState) {
+    edit({"a", "b", "c", "d", "e"}, [this](List& list) {
         for (const int index : {3, 0, 0, 1}) {
             list.List1.pick(index);
             list.btnDelete.click();
@@ -255,80 +282,64 @@ TEST_F(Dialogs, TheIncludeListIsEditedAsACopyAndClosedIntoTheState) {
             };
             EXPECT_EQ(forms::focusAfter(list.btnDelete, isButton), &list.btnCancel);
         }
-        add(list.btnAdd, "c:\\n w");
+        enter(list.btnAdd, "c:\\n w");
         EXPECT_EQ(list.List1.ListIndex, 1);
         list.List1.pick(0);
-        add(list.btnChange, "changed");
-        add(list.btnAdd, "  ");
+        enter(list.btnChange, "changed");
+        enter(list.btnAdd, "  ");
         list.pressDefault();
     });
-    form.compile.btnModifyIncludes.click();
     EXPECT_EQ((Names(state.IncludeFolders.begin(), state.IncludeFolders.begin() + 5)),
               (Names{"changed", "c:\\n w", "", "d", "e"}))
         << "only the entry after the last is emptied";
     EXPECT_TRUE(runtime.files[ini].text.ends_with(lines("|changed|c:\\n w")));
     EXPECT_EQ(entries(form.compile.lstInclude), (Names{"changed", "c:\\n w"}));
     rules::expectCompile(form.compile);
+}
 
-    runtime.files.clear();
-    nextDialog<List>([&](List& list) {
-        for (int i = 2; i < core::maxIncludes; ++i)
-            add(list.btnAdd, "f");
-        EXPECT_EQ(runtime.boxes, Boxes{});
+TEST_F(IncludeList, AFullListTakesNoMoreAndCancelKeepsTheOld) {
+    edit({}, [this](List& list) {
+        for (int i = 0; i < core::maxIncludes; ++i)
+            enter(list.btnAdd, "f");
         list.btnAdd.click();
         EXPECT_TRUE(runtime.told("The search list is full. It can hold 20 folders."));
         list.pressCancel();
         EXPECT_TRUE(list.unloaded());
     });
-    form.compile.btnModifyIncludes.click();
-    EXPECT_EQ(form.compile.lstInclude.ListCount(), 2);
+    EXPECT_EQ(form.compile.lstInclude.ListCount(), 0);
     EXPECT_TRUE(runtime.files.empty());
 }
 
-TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
-    using Add = dialogs::frmIncludeAdd;
-    form.tbsOptions.pick(2);
-    runtime.tree = {{R"(c:\)", {"nwb", "Games"}}, {R"(c:\nwb)", {"b", "A"}}, {R"(c:\nwb\A)", {}},
-                    {R"(c:\Games)", {}},          {R"(d:\)", {"lib"}},       {R"(D:\lib)", {}},
+TEST_F(IncludeList, TheFolderDialogOpensOnTheFolderThatIsEdited) {
+    runtime.tree = {{R"(c:\)", {"nwb", "Games"}}, {R"(c:\nwb)", {"A"}}, {R"(c:\nwb\A)", {}},
+                    {R"(c:\Games)", {}},          {R"(d:\)", {"lib"}},  {R"(D:\lib)", {}},
                     {R"(z:\)", {"lib"}},          {R"(z:\lib)", {}}};
     const std::string nwb = runtime.current;
     // Coming back from a message activates the dialog no second time.
     runtime.whileBoxIsOpen = [&] {
         if (runtime.boxes.size() < 9) application.Forms(application.Count() - 1).activate();
     };
-    const auto edit = [&](const std::string& folder, const std::function<void(Add&)>& user) {
-        state.IncludeFolders = {folder.empty() ? "entry" : folder};
-        nextDialog<dialogs::frmIncludeList>([&](auto& list) {
-            nextDialog<Add>(user);
-            list.List1.pick(0);
-            (folder.empty() ? list.btnAdd : list.btnChange).click();
-        });
-        form.compile.btnModifyIncludes.click();
-    };
     const struct {
-        std::string current, folder, path, text;
+        std::string current, folder, path, text = path;
         std::size_t told = 0;  // how often the box for a missing folder appears
     } cases[] = {
         {nwb, "", nwb, ""},
         {R"(\\host\share)", "", R"(c:\)", ""},
         {nwb, R"(games\lib)", nwb, R"(games\lib)"},
-        {nwb, R"(c:\Games)", R"(c:\Games)", R"(c:\Games)"},
-        {nwb, "c:/Games/", R"(c:\Games)", R"(c:\Games)"},
-        {nwb, R"(D:\lib)", R"(D:\lib)", R"(D:\lib)"},
-        {nwb, "z:", R"(z:\)", R"(z:\)"},
-        {nwb, "z://", R"(z:\)", R"(z:\)"},
-        {nwb, R"(z:\lib)", R"(z:\lib)", R"(z:\lib)"},
-        {nwb, "c:A", R"(c:\nwb\A)", R"(c:\nwb\A)"},
-        {nwb, R"(z:.\lib\..\\lib)", R"(z:\lib)", R"(z:\lib)"},
-        {nwb, R"(c:\..\Games)", R"(c:\Games)", R"(c:\Games)"},
-        {nwb, R"(d:\nosuch)", R"(c:\)", R"(c:\)", 1},
+        {nwb, "c:/Games/", R"(c:\Games)"},
+        {nwb, R"(D:\lib)", R"(D:\lib)"},
+        {nwb, "z:", R"(z:\)"},
+        {nwb, "z://", R"(z:\)"},
+        {nwb, "c:A", R"(c:\nwb\A)"},
+        {nwb, R"(z:.\lib\..\\lib)", R"(z:\lib)"},
+        {nwb, R"(c:\..\Games)", R"(c:\Games)"},
         {nwb, R"(e:\x)", R"(c:\)", R"(c:\)", 1},
         {R"(c:\)", R"(d:\nosuch)", R"(d:\)", R"(d:\)", 1},
         {R"(c:\)", R"(x:\y)", R"(c:\)", R"(x:\y)", 3},
     };
     for (const auto& c : cases) {
         runtime.current = c.current;
-        edit(c.folder, [&](Add& add) {
+        editFolder(c.folder, [&](Add& add) {
             SCOPED_TRACE(c.folder);
             EXPECT_EQ(add.Dir1.Path(), c.path);
             EXPECT_EQ(add.Drive1.Drive(), std::string({c.path[0] == 'D' ? 'd' : c.path[0], ':'}));
@@ -336,33 +347,35 @@ TEST_F(Dialogs, TheFolderDialogOpensOnTheFolderThatIsEdited) {
             EXPECT_EQ(runtime.newBoxes(), Boxes(c.told, {"Folder " + c.folder + " not found."}));
         });
     }
-    runtime.current = nwb;
+}
+
+TEST_F(IncludeList, TheFolderDialogShowsTheTreeAndFollowsTheUser) {
+    runtime.tree = {{R"(c:\)", {"nwb", "Games"}},
+                    {R"(c:\nwb)", {"b", "A"}},
+                    {R"(c:\nwb\A)", {}},
+                    {R"(d:\)", {}}};
     runtime.driveNames.back() = "q:";  // read anew
-    edit("", [&](Add& add) {
+    editFolder("", [&](Add& add) {
         Names names;
         for (const auto& row : add.Dir1.rows())
             names.push_back(std::string(row.depth, '>') + row.name);
         EXPECT_EQ(names, (Names{R"(c:\)", ">nwb", ">>A", ">>b"}));
         add.Dir1.choose(2);
         EXPECT_EQ(add.txtFolder.Text(), R"(c:\nwb\A)");
-        EXPECT_EQ(add.Dir1.rows().back().name, "A");
-        add.Dir1.choose(1);
         EXPECT_EQ(add.Drive1.drives().back(), "q:");
         add.Drive1.pick(2);
         EXPECT_EQ(runtime.newBoxes(), (Boxes{{R"(Cannot open e:\)", 48}}));
-        EXPECT_EQ(add.Drive1.Drive(), "c:");
-        EXPECT_EQ(add.Dir1.Path(), R"(c:\nwb)");
-        add.Drive1.pick(1);
-        EXPECT_EQ(add.txtFolder.Text(), R"(d:\)");
-        add.Drive1.pick(0);
-        EXPECT_EQ(add.txtFolder.Text(), R"(c:\)");
+        EXPECT_EQ(add.Drive1.Drive() + add.Dir1.Path(), R"(c:c:\nwb\A)");
+        for (const int drive : {1, 0}) {
+            add.Drive1.pick(drive);
+            EXPECT_EQ(add.txtFolder.Text(), runtime.driveNames[drive] + '\\');
+        }
     });
     runtime.tree.erase(R"(c:\)");
-    edit(R"(d:\nosuch)", [](Add&) {});
-    const FakeRuntime::Box once = {R"(Cannot open c:\)", 48};
-    EXPECT_EQ(std::ranges::count(runtime.boxes, once), 1);
+    editFolder(R"(d:\nosuch)", [](Add&) {});
+    EXPECT_EQ(std::ranges::count(runtime.boxes, FakeRuntime::Box{R"(Cannot open c:\)", 48}), 1);
     runtime.current = R"(e:\)";
-    edit("", [](Add& add) { EXPECT_EQ(add.Dir1.rows().size(), 1u) << "to go up from"; });
+    editFolder("", [](Add& add) { EXPECT_EQ(add.Dir1.rows().size(), 1u) << "to go up from"; });
 }
 
 TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
