@@ -5,6 +5,7 @@
 #include "check.h"
 #include "core/runtime.h"
 #include "platform/linux/disk/case_fold.h"
+#include "platform/linux/disk/short_names.h"
 #include "platform/linux/launch/argument_map.h"
 #include "test_drives.h"
 
@@ -30,10 +31,10 @@ void checkPlace(fuzz::TestDrives& drives, const std::string& path, const HostPat
     check(other && platform::equalIgnoringCase(other->text(), host), "case does not matter");
 
     const std::string windows = drives.disk.toWindows(place);
-    // A backslash can only come from a stem on the disk, combined with another extension.
+    // A new name has no short form of its own: one that needs it takes its stem from the disk.
     std::error_code failed;
-    const bool newWithBackslash = host.find('\\') != std::string::npos && !fs::exists(host, failed);
-    check(newWithBackslash || drives.disk.toHost(windows) == place, "to Windows and back");
+    const bool newInShort = !platform::fitsWindows(host) && !fs::exists(host, failed);
+    check(newInShort || drives.disk.toHost(windows) == place, "to Windows and back");
     check(drives.disk.toHost(drives.disk.longPath(path)) == place,
           "the long form is the same place");
 }

@@ -181,15 +181,16 @@ struct Assistant : ControlVisitor {
 };
 
 /// Expects that Tab stops at the controls in their order, never goes back to one above and to the
-/// left, and then starts again.
+/// left except in two dialogs with buttons beside a list, and then starts again.
 void expectRound(const std::vector<Control*>& stops, QMainWindow& window) {
     const Control* before = stops.back();
     stops.front()->SetFocus();
-    for (const Control* stop : stops) {
+    for (Control* stop : stops) {
         QWidget* focused = window.focusWidget();
         EXPECT_EQ(qt::controlOf(stops.front()->form(), focused), stop) << stop->fullName();
         EXPECT_TRUE(QAccessible::queryAccessibleInterface(focused)->state().focused);
         EXPECT_TRUE(stop == stops.front() || stop->parent() != before->parent() ||
+                    stop->form().name.starts_with("frmInclude") ||
                     stop->Top >= before->Top + before->Height || stop->Left > before->Left)
             << stop->fullName();
         before = stop;
