@@ -84,7 +84,7 @@ BatchInterpreter::Next BatchInterpreter::execute(const BatchLine& line) {
             return runCommand(line.text);
         case BatchLine::Kind::Unknown:
             refuse("Cannot run " + line.text,
-                   "only a program that is given by its full path can be started");
+                   "only a program that is given with its folder can be started");
     }
     return Next::Stop;
 }

@@ -23,10 +23,9 @@ bool isDrive(std::string_view text) {
     return text.size() == 2 && isLetter(text[0]) && text[1] == ':';
 }
 
-/// A path from the current folder or drive does not count: a game's folder must not provide
-/// programs.
-bool isFullPath(std::string_view path) {
-    return path.starts_with('/') || (isDrive(path.substr(0, 2)) && path.substr(2, 1) == "\\");
+/// A bare name does not count: a game's folder must not provide programs.
+bool namesFolder(std::string_view path) {
+    return path.find_first_of("\\/") != std::string_view::npos;
 }
 
 bool isCommand(std::string_view text) {
@@ -37,7 +36,7 @@ bool isCommand(std::string_view text) {
     const std::size_t quote = text.find('"');
     if (quote == std::string_view::npos) return false;
     const std::string_view next = text.substr(quote + 1, 1);
-    return isFullPath(text.substr(0, quote)) && trimmed(next).empty();
+    return namesFolder(text.substr(0, quote)) && trimmed(next).empty();
 }
 
 BatchLine parseLine(std::string_view text) {

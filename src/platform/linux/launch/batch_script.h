@@ -10,7 +10,7 @@ namespace platform {
 
 /// One line of a batch script.
 struct BatchLine {
-    /// A Command starts with the full path of a program in double quotes, or with "notepad". Any
+    /// A Command starts with the path of a program in double quotes, or with "notepad". Any
     /// line that is nothing else is Unknown, and must do nothing.
     enum class Kind { Drive, ChangeFolder, Pause, Exit, Command, Unknown };
 
