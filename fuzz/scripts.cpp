@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <set>
 #include <sstream>
 
 #include "check.h"
@@ -17,8 +16,6 @@ namespace {
 
 using fuzz::check;
 namespace fs = std::filesystem;
-
-std::vector<std::string> started;  ///< host paths of programs
 
 void checkLines(std::string_view script) {
     const auto lines = platform::parseBatch(script);
@@ -46,48 +43,51 @@ struct Programs : fuzz::TestDrives {
     }
 
     const std::string bin = home / "bin/";
+    std::vector<std::string> lines;  ///< of the script, without those that have started a program
 };
 
-/// Returns the program that a line may start, or an empty string.
-std::string programOf(Programs& programs, std::string_view line) {
+Programs& programs() {
+    static Programs instance;
+    return instance;
+}
+
+/// Returns the program that a line may start in the current folder, or an empty string.
+std::string programOf(std::string_view line) {
     line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
     if (!line.starts_with('"')) {
         const std::string_view word = line.substr(0, line.find_first_of(" \t\r"));
-        return platform::equalIgnoringCase(word, "notepad") ? programs.bin + "ed" : "";
+        return platform::equalIgnoringCase(word, "notepad") ? programs().bin + "ed" : "";
     }
     const std::string_view name = line.substr(1, line.find('"', 1) - 1);
     const bool hasFolder = name.find_first_of("\\/") != std::string_view::npos;
-    const auto host = programs.disk.toHost(name);
+    const auto host = programs().disk.toHost(name);
     return hasFolder && host ? host->text() : "";
 }
 
 }  // namespace
 
-/// Replaces the system's: takes note of the program, which ends well at once.
+/// Replaces the system's: checks the program, which ends well at once.
 extern "C" int posix_spawn(pid_t* process, const char* path, const posix_spawn_file_actions_t*,
                            const posix_spawnattr_t*, char* const*, char* const*) {
-    started.emplace_back(path);
+    auto& lines = programs().lines;
+    const auto line =
+        std::ranges::find_if(lines, [&](const auto& text) { return programOf(text) == path; });
+    check(line != lines.end(), "what starts is named with its folder, once for each start");
+    lines.erase(line);
     *process = getpid();  // nobody's child
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-    static Programs programs;
     const std::string_view script(reinterpret_cast<const char*>(data), size);
     checkLines(script);
 
-    started.clear();
-    fs::current_path(programs.c / "My Games");
+    auto& lines = programs().lines;
+    lines.clear();
+    fuzz::forEachPiece(script, '\n', [&](std::string_view line) { lines.emplace_back(line); });
+    fs::current_path(programs().c / "My Games");
     std::istringstream in;
     std::ostringstream out;
-    platform::BatchInterpreter(programs.disk, in, out).run(script);
-    std::multiset<std::string> allowed;
-    fuzz::forEachPiece(script, '\n',
-                       [&](std::string_view line) { allowed.insert(programOf(programs, line)); });
-    for (const std::string& program : started) {
-        const auto found = allowed.find(program);
-        check(found != allowed.end(), "what starts is named with its folder, once for each start");
-        allowed.erase(found);
-    }
+    platform::BatchInterpreter(programs().disk, in, out).run(script);
     return 0;
 }
