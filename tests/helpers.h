@@ -24,9 +24,10 @@ inline std::string textOf(const fs::path& path) {
     return {text.begin(), text.end()};
 }
 
-/// Creates a file and its folders.
+/// Creates a file anew, since a program that still runs cannot be written, and its folders.
 inline void write(const fs::path& file, const std::string& text = "") {
     fs::create_directories(file.parent_path());
+    fs::remove(file);
     std::ofstream(file, std::ios::binary) << text;
 }
 
