@@ -60,7 +60,7 @@ void action(benchmark::State& state) {
         return core::Runtime::Answer::Ok;
     });
     stubs::StubToolkit windows;
-    forms::Application application(windows, [&](const std::string& text) { error = text; });
+    forms::Application application(windows, [&](const std::string& text, bool) { error = text; });
     core::Program program{runtime};
     program.state.CompilerPath = "c:\\kelm\\kelm.exe";
     program.state.StartTab = 2;

@@ -52,7 +52,7 @@ void showConsole(char** arguments) {
     qt::QtToolkit toolkit(
         [&](const std::string& path) { return runtime.disk().toHost(path); },
         [&](const platform::HostPath& path) { return runtime.disk().toWindows(path); });
-    forms::Application forms(toolkit, [](const std::string&) {});
+    forms::Application forms(toolkit, [](const std::string&, bool) {});
     toolkit.chooseFont(console::Workbench(runtime, toolkit).everyForm());
     core::Program program{runtime};
     auto& console = forms.load<console::frmConsole>(program);

@@ -42,6 +42,13 @@ TEST_F(Start, TheSplashStaysUntilItIsDismissedAndTheConsoleComesUpFromTheDefault
     EXPECT_TRUE(toolkit.ended);
 }
 
+TEST_F(Start, OnlyTheSystemsErrorsHaveAnIcon) {
+    const std::string own = "Folder x not found.", systems = "Permission denied";
+    workbench.application().dispatch([&] { throw core::Refusal(own); });
+    workbench.application().dispatch([&] { throw core::RuntimeError(systems); });
+    EXPECT_EQ(runtime.newBoxes(), (std::vector<FakeRuntime::Box>{{own, 0}, {systems, 48}}));
+}
+
 TEST_F(Start, AFolderThatCannotBeWrittenIsToldOnceAndAllElseWorks) {
     runtime.readOnly = true;
     start().Command1.click();

@@ -243,7 +243,7 @@ struct Desk {
     FakeRuntime runtime;
     FakeToolkit toolkit;
     forms::Application application{
-        toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
+        toolkit, [this](const std::string& text, bool) { runtime.rtcMsgBox(text, 48, ""); }};
     core::Program program{runtime};
     core::AppState& state = program.state;
     console::frmConsole* opened = nullptr;

@@ -256,6 +256,7 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
             EXPECT_EQ(dialog.directory(), QDir(folder.path() + "/games"));  // the last one used
             whenOpen<QMessageBox>([](QMessageBox& box) {
                 EXPECT_EQ(box.text(), "There is no drive q:");
+                EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
                 box.close();
             });
             edit->setText("q:/other.kel");

@@ -118,7 +118,7 @@ struct WindowWalk : testing::Test, endurance::Choices {
         [this](const std::string&) { return platform::HostPath(folder.path().toStdString()); },
         [this](const platform::HostPath&) { return anyName(); }};
     forms::Application application{
-        toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
+        toolkit, [this](const std::string& text, bool) { runtime.rtcMsgBox(text, 48, ""); }};
     core::Program program{runtime};
     console::frmConsole& console = application.load<console::frmConsole>(program);
     QObject timers;

@@ -78,7 +78,7 @@ struct Windows : testing::Test {
     FakeRuntime runtime;
     Toolkit toolkit;
     forms::Application application{
-        toolkit, [this](const std::string& text) { runtime.rtcMsgBox(text, 48, ""); }};
+        toolkit, [this](const std::string& text, bool) { runtime.rtcMsgBox(text, 48, ""); }};
     core::Program program{runtime};
     console::frmConsole* form = nullptr;
 

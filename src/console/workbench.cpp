@@ -12,8 +12,8 @@ namespace console {
 Workbench::Workbench(core::Runtime& runtime, forms::Toolkit& toolkit)
     : application_(
           toolkit,
-          [&runtime](const std::string& text) {
-              runtime.rtcMsgBox(text, core::Runtime::exclamation);
+          [&runtime](const std::string& text, bool refused) {
+              runtime.rtcMsgBox(text, refused ? core::Runtime::okOnly : core::Runtime::exclamation);
           },
           [this] { save(); }),
       program_{runtime} {}

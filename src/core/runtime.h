@@ -11,6 +11,7 @@
 
 namespace core {
 
+using forms::Refusal;
 using forms::RuntimeError;
 
 /// Everything that the program needs from its platform. Strings are UTF-8, paths are Windows paths.

@@ -7,8 +7,7 @@
 
 namespace forms {
 
-Application::Application(Toolkit& toolkit, std::function<void(const std::string&)> showError,
-                         std::function<void()> saveOnBug)
+Application::Application(Toolkit& toolkit, ShowError showError, std::function<void()> saveOnBug)
     : toolkit_(toolkit), showError_(std::move(showError)), saveOnBug_(std::move(saveOnBug)) {}
 
 Application::~Application() = default;
@@ -29,8 +28,10 @@ void Application::run(const std::function<void()>& handler) {
     const Running running(depth_);
     try {
         handler();
+    } catch (const Refusal& refusal) {
+        showError_(refusal.what(), true);
     } catch (const RuntimeError& error) {
-        showError_(error.what());
+        showError_(error.what(), false);
     } catch (const std::exception&) {
         // Only once: the exception passes the boundary of each outer handler too.
         if (const auto save = std::exchange(saveOnBug_, nullptr)) save();

@@ -53,10 +53,12 @@ class Toolkit {
 /// Owns the open forms and is the single entry point for user actions.
 class Application {
   public:
-    /// `showError` shows the text of a failed operation to the user. `saveOnBug` runs before a bug
-    /// ends the program, at most once.
-    Application(Toolkit& toolkit, std::function<void(const std::string&)> showError,
-                std::function<void()> saveOnBug = nullptr);
+    /// Shows the text of a failed operation to the user: the system's, or the program's own if it
+    /// was refused.
+    using ShowError = std::function<void(const std::string& text, bool refused)>;
+
+    /// `saveOnBug` runs before a bug ends the program, at most once.
+    Application(Toolkit& toolkit, ShowError showError, std::function<void()> saveOnBug = nullptr);
     ~Application();
 
     /// Runs a handler for an action of the user or the window system. A RuntimeError ends the
@@ -87,7 +89,7 @@ class Application {
     void remove(Form& form);
 
     Toolkit& toolkit_;
-    std::function<void(const std::string&)> showError_;
+    ShowError showError_;
     std::function<void()> saveOnBug_;
     std::vector<std::unique_ptr<Form>> open_;
     std::vector<std::unique_ptr<Form>> gone_;  ///< unloaded; handlers may still be running

@@ -10,4 +10,10 @@ class RuntimeError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// An operation that the program itself refuses; what() is its own text.
+class Refusal : public RuntimeError {
+  public:
+    using RuntimeError::RuntimeError;
+};
+
 }  // namespace forms

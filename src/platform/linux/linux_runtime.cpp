@@ -195,8 +195,8 @@ void LinuxRuntime::startScript(const std::string& path, bool maximised) {
     readBatch(script);  // told here rather than in the terminal
     const HostPath interpreter = programFolder_ / "nwbw-batch";
     if (access(interpreter.c_str(), X_OK) != 0) {
-        core::failTo("start", path,
-                     "the program nwbw-batch is missing in " + programFolder_.text());
+        throw core::Refusal("Cannot start " + path + ": the program nwbw-batch is missing in " +
+                            programFolder_.text());
     }
     startInTerminal({interpreter.text(), script.text(), platform::currentFolder().text(),
                      disk_.drives().prefix().text()},

@@ -9,7 +9,7 @@ namespace platform {
 namespace {
 
 [[noreturn]] void refuse(const std::string& reason) {
-    throw Refusal("Nothing was started: " + reason);
+    throw core::Refusal("Nothing was started: " + reason);
 }
 
 [[noreturn]] void refuse(std::string_view name, char character) {

@@ -9,13 +9,6 @@
 /// if the interpreter would do something else than intended.
 namespace platform {
 
-/// A command that is not started; what() tells the user why. It is the program's own decision, not
-/// a failure of the system.
-class Refusal : public core::RuntimeError {
-  public:
-    using core::RuntimeError::RuntimeError;
-};
-
 /// Checks that no name in a line contains a character with a meaning for the interpreter: "&", "|",
 /// "^", ">" and a second "<" outside double quotes, and "%" and control characters anywhere. The
 /// error shows the name and the character.

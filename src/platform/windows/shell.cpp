@@ -170,7 +170,7 @@ void startScript(const std::string& script, const std::string& arguments, bool m
 
 void startCommand(const std::string& text, bool maximised) {
     auto [program, arguments] = Command(text);
-    if (program.empty()) throw Refusal("Cannot start a program: none is named.");
+    if (program.empty()) throw core::Refusal("Cannot start a program: none is named.");
     const bool isName = program.find_first_of("\\/:") == std::string::npos;
     program = isName ? findProgram(program) : fullPath(program);
     if (isScript(program)) {

@@ -150,11 +150,7 @@ void WindowsRuntime::vbaNameFile(const std::string& from, const std::string& to)
 }
 
 void WindowsRuntime::rtcShell(const std::string& command, int windowStyle) {
-    try {
-        startCommand(command, windowStyle == maximisedFocus);
-    } catch (const Refusal& refusal) {
-        rtcMsgBox(refusal.what(), okOnly, "");
-    }
+    startCommand(command, windowStyle == maximisedFocus);
 }
 
 std::string WindowsRuntime::rtcGetSetting(const std::string& application,

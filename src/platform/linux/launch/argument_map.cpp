@@ -81,8 +81,7 @@ std::string ArgumentMap::path(const std::string& path, Target target) {
     if (target == Target::Windows) return disk_.longPath(path);
     const auto host = disk_.toHost(path);
     if (!host) {
-        throw core::RuntimeError("Cannot start " + program_ + ' ' + path +
-                                 ": there is no such place.");
+        throw core::Refusal("Cannot start " + program_ + ' ' + path + ": there is no such place.");
     }
     return host->text();
 }

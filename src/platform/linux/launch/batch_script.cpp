@@ -68,7 +68,7 @@ std::string readBatch(const HostPath& file) {
     struct stat state = {};
     if (fstat(handle, &state) != 0 || state.st_uid != geteuid() ||
         (state.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
-        fail("another user may have changed it");
+        throw core::Refusal("Cannot start " + file.text() + ": another user may have changed it");
     }
     std::string text = script.readAll().toStdString();
     if (script.error() != QFileDevice::NoError) fail(script.errorString().toStdString());

@@ -67,7 +67,7 @@ pid_t spawn(const Invocation& invocation, const SpawnSetup& setup) {
     std::vector<std::string> words = invocation.words;
     for (const std::string& word : words) {
         if (word.find('\0') == std::string::npos) continue;
-        throw core::RuntimeError("Cannot start " + words.front() + ": a word holds a NUL byte");
+        throw core::Refusal("Cannot start " + words.front() + ": a word holds a NUL byte");
     }
     std::vector<std::string> environment = environmentOf(invocation);
     pid_t process = 0;

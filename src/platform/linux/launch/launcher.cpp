@@ -37,13 +37,13 @@ bool isNotepad(const std::string& name) {
 }
 
 [[noreturn]] void refuse(const std::string& name, const std::string& reason) {
-    throw core::RuntimeError("Cannot start " + name + ": " + reason);
+    throw core::Refusal("Cannot start " + name + ": " + reason);
 }
 
 }  // namespace
 
 HostPath Launcher::find(const std::string& name) {
-    if (name.empty()) throw core::RuntimeError("Cannot start a program: none is named.");
+    if (name.empty()) throw core::Refusal("Cannot start a program: none is named.");
     if (name.find_first_of("\\/:") == std::string::npos) {
         std::string program = onSearchPath(name);
         if (program.empty()) refuse(name, "there is no such program on the search path.");
@@ -64,7 +64,7 @@ Invocation Launcher::editorFor(const std::string& file) {
 Invocation Launcher::viaWine(const std::string& name, const HostPath& program) {
     const std::string wine = onSearchPath("wine");
     if (wine.empty()) {
-        throw core::RuntimeError(name + " is a Windows program, and Wine is not installed.");
+        throw core::Refusal(name + " is a Windows program, and Wine is not installed.");
     }
     return {{wine, disk_.toWindows(program)}, disk_.drives().prefix().text(), false};
 }

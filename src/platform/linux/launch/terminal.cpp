@@ -101,14 +101,14 @@ Chosen findTerminal() {
         if (const std::string program = onSearchPath(std::string(terminal.name)); !program.empty())
             return {{program}, terminal};
     }
-    throw core::RuntimeError(
+    throw core::Refusal(
         "No terminal was found. Install one, for example xterm, or name yours in the environment "
         "variable TERMINAL.");
 }
 
 std::string quotedForQt(const std::string& argument) {
     if (argument.find('"') == std::string::npos) return '"' + argument + '"';
-    throw core::RuntimeError("qterminal cannot be given a name with a double quote: " + argument);
+    throw core::Refusal("qterminal cannot be given a name with a double quote: " + argument);
 }
 
 void append(std::vector<std::string>& words, const std::vector<std::string>& more) {

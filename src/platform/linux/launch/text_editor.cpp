@@ -42,7 +42,7 @@ Invocation textEditor(const std::string& file) {
         if (command == nullptr) continue;
         if (auto program = editor(command, file, true)) return *program;
     }
-    throw core::RuntimeError(
+    throw core::Refusal(
         "No text editor was found. Install one, for example mousepad or nano, or name yours in the "
         "environment variable VISUAL or EDITOR.");
 }

@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMap>
-#include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QSignalBlocker>
@@ -15,6 +14,7 @@
 #include <QUrl>
 
 #include "forms/longest_name.h"
+#include "platform/linux/qt/message_box.h"
 #include "platform/linux/qt/units.h"
 
 namespace qt {
@@ -74,17 +74,19 @@ class FileDialog : public QFileDialog {
         auto* edit = findChild<QLineEdit*>("fileNameEdit");
         static const QRegularExpression drive("^[a-zA-Z]:");
         if (edit && drive.match(edit->text()).hasMatch()) {
-            QString problem = "There is no drive " + edit->text().left(2);
             std::optional<platform::HostPath> path;
+            const std::string name = edit->text().toStdString();
+            const std::string title = windowTitle().toStdString();
             try {
-                path = toHost_(edit->text().toStdString());
+                path = toHost_(name);
+                if (!path) {
+                    messageBox("There is no drive " + name.substr(0, 2), core::Runtime::okOnly,
+                               title);
+                }
             } catch (const forms::RuntimeError& error) {
-                problem = QString::fromUtf8(error.what());
+                messageBox(error.what(), core::Runtime::exclamation, title);
             }
-            if (!path) {
-                QMessageBox::warning(this, windowTitle(), problem);
-                return;
-            }
+            if (!path) return;
             edit->setText(QString::fromStdString(path->text()));
         }
         QFileDialog::accept();
@@ -165,7 +167,7 @@ std::string FileChooser::choose(QWidget& owner, const forms::FileQuestion& quest
     std::string chosen =
         toWindows_(platform::HostPath(dialog.selectedFiles().value(0).toStdString()));
     if (QString::fromStdString(chosen).size() > forms::longestName)
-        throw forms::RuntimeError(forms::nameTooLong + (": " + chosen));
+        throw forms::Refusal(forms::nameTooLong + (": " + chosen));
     return chosen;
 }
 

@@ -44,7 +44,7 @@ std::optional<std::wstring> ask(HWND owner, const forms::FileQuestion& question,
         case FNERR_INVALIDFILENAME:
             return {};
         case FNERR_BUFFERTOOSMALL:
-            throw forms::RuntimeError(std::string(forms::nameTooLong) + '.');
+            throw forms::Refusal(std::string(forms::nameTooLong) + '.');
         default:
             return L"";
     }
