@@ -105,6 +105,10 @@ struct Assistant : ControlVisitor {
             const std::string path = list.rows().at(row).path;
             press(*child(*spoken, list.rows()[row].name));
             EXPECT_EQ(list.Path(), path);
+            // Without a reader on the bus, newer Qt does not bring the rows up to date.
+            QObject* tree = spoken->object();
+            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(spoken));
+            spoken = QAccessible::queryAccessibleInterface(tree);
             expectSelected(*spoken, list.rows()[list.openRow()].name);
         }
     }
