@@ -179,8 +179,7 @@ TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
         fs::copy_file(NWBW_ECHO_CHILD, place / "tools" / other);
     setVariable("VISUAL", "ed");
     fakes::FakeToolkit toolkit;
-    forms::Application application(toolkit,
-                                   [this](const std::string& text, bool) { box = text; });
+    forms::Application application(toolkit, [this](const std::string& text, bool) { box = text; });
     core::Program workbench{runtime};
     workbench.state.CompilerPath = tool;
     workbench.state.StartTab = 2;
