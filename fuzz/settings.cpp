@@ -62,7 +62,7 @@ void load(core::Program& program) {
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     std::string_view input(reinterpret_cast<const char*>(data), size);
     stubs::StubToolkit toolkit;
-    forms::Application application(toolkit, [](const std::string&) {});
+    forms::Application application(toolkit, nullptr);
     Files runtime;
     core::Program program{runtime};
 

@@ -3,16 +3,9 @@
 #include <algorithm>
 #include <regex>
 
-namespace pages {
+#include "helpers.h"
 
-std::vector<std::string> all(const std::string& text, const std::string& pattern) {
-    const std::regex expression(pattern);
-    std::vector<std::string> found;
-    for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end;
-         ++match)
-        found.push_back((*match)[1]);
-    return found;
-}
+namespace pages {
 
 bool explains(const std::string& message) {
     static const auto messages = [] {
@@ -24,8 +17,11 @@ bool explains(const std::string& message) {
                                                              {"&lt;", "<"},
                                                              {"&amp;", "&"}};
         std::vector<std::regex> expressions;
-        for (std::string text : all(contentOf(folder / "default.htm"),
-                                    "<dt class=\"message\"[^>]*>(.*?)</dt>\\s*<dd>")) {
+        const std::string page = contentOf(fs::path(NWBW_PAGES) / "default.htm");
+        const std::regex entry("<dt class=\"message\"[^>]*>(.*?)</dt>\\s*<dd>");
+        for (std::sregex_iterator found(page.begin(), page.end(), entry), end; found != end;
+             ++found) {
+            std::string text = (*found)[1];
             for (const auto& [html, written] : steps)
                 text = std::regex_replace(text, std::regex(html), written);
             expressions.emplace_back(text);

@@ -52,7 +52,8 @@ struct Windows : testing::Test {
         [](const platform::HostPath& path) {
             return platform::fitsWindows(path.text()) ? "c:" + path.text() : "c:\\SHORT~1";
         }};
-    forms::Application application{toolkit, [this](const std::string& text, bool) { told += text; }};
+    forms::Application application{toolkit,
+                                   [this](const std::string& text, bool) { told += text; }};
     core::Program program{runtime};
     console::frmConsole* form = nullptr;
     QMainWindow* window = nullptr;

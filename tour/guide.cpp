@@ -46,7 +46,7 @@ Spot find(const std::string& name, int windowWidth) {
     constexpr int panelInUse = 210;  // left edge of the panel of the selected tab, in twips
     stubs::StubRuntime runtime;
     stubs::StubToolkit toolkit;
-    forms::Application application{toolkit, [](const std::string&) {}};
+    forms::Application application{toolkit, nullptr};
     core::Program program{runtime};
     auto& form = application.load<console::frmConsole>(program);  // gets its usual width
 

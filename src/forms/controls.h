@@ -297,7 +297,7 @@ class ControlArray {
 ///    its source file in their CMakeLists.txt.
 /// 4. In tests check it in qt_test.cpp and win32_test.cpp. Let the random walks of the windows act
 ///    on it and compare its value.
-/// A control of the new kind on a form then needs its line in tests/wording.txt.
+/// A control of the new kind on a form then needs its line in tests/forms.txt.
 class ControlVisitor {
   public:
     virtual ~ControlVisitor() = default;
