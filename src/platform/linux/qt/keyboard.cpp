@@ -161,7 +161,9 @@ void Keyboard::followPanel() {
 }
 
 void Keyboard::focus(const forms::Control* control) {
-    if (control) widgetOf(*control)->setFocus(Qt::OtherFocusReason);
+    QWidget* widget = control ? widgetOf(*control) : nullptr;
+    if (widget)
+        widget->setFocus(Qt::OtherFocusReason);  // a panel gets its widgets when it is shown
 }
 
 forms::TakesFocus Keyboard::takesFocus() {
