@@ -61,7 +61,7 @@ TEST_F(Start, AFolderThatCannotBeWrittenIsToldOnceAndAllElseWorks) {
     form.compile.txtFname.type("c.kel");
     form.compile.btnCompile.click();
     EXPECT_EQ(runtime.shells, (std::vector<FakeRuntime::Shell>{{1, R"("c:\temp\~kelmcon.bat")"}}));
-    toolkit.anyUser = [](forms::Form& dialog) { dialog.pressDefault(); };
+    toolkit.user = [](forms::Form& dialog) { dialog.pressDefault(); };
     form.mnuOptionsPrograms.click();
     EXPECT_FALSE(runtime.files.contains(ini));
     runtime.readOnly = false;
@@ -164,7 +164,6 @@ TEST(Console, AControlThatDiesLeavesItsContainer) {
     auto& form = desk.open();
     const auto before = form.children();
     auto frame = std::make_unique<Frame>(form, Definition{});
-    const Label inside(*frame, {.caption = "outlives it"});
     EXPECT_EQ(form.children().back(), frame.get());
     frame.reset();
     ASSERT_EQ(form.children(), before);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <map>
 #include <regex>
 #include <set>
@@ -79,6 +78,7 @@ class FakeRuntime : public core::Runtime {
     std::string TempPath() override { return "c:\\temp"; }
     std::string rtcDir(const std::string& path) override {
         step("rtcDir");
+        EXPECT_NE(path, "") << "which would stand for any file";
         return files.contains(path) ? path.substr(path.find_last_of("\\:") + 1) : "";
     }
     std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override {
@@ -187,12 +187,10 @@ class FakeRuntime : public core::Runtime {
     core::FieldReader reader_{""};
 };
 
-/// A toolkit without windows. The next of `users` works each modal form.
+/// A toolkit without windows.
 class FakeToolkit : public forms::Toolkit {
   public:
-    std::deque<std::function<void(forms::Form&)>> users;
-    std::function<void(forms::Form&)> anyUser;  ///< works the modal forms after those
-    std::function<void(forms::Form&)> built;    ///< gets each form before it is loaded
+    std::function<void(forms::Form&)> user;  ///< works each modal form; may set the next one's
     std::string fileChosen;
     forms::FileQuestion fileAsked;
     bool ended = false;
@@ -201,7 +199,6 @@ class FakeToolkit : public forms::Toolkit {
 
     void build(forms::Form& form) override {
         form.attachWindow(std::make_unique<Window>(*this, form));
-        if (built) built(form);
     }
     std::string chooseFile(forms::Form&, const forms::FileQuestion& question) override {
         fileAsked = question;
@@ -219,12 +216,7 @@ class FakeToolkit : public forms::Toolkit {
         }
         void showModal(forms::Form&) override {
             form_.activate();
-            auto user = toolkit_.anyUser;
-            if (!toolkit_.users.empty()) {
-                user = toolkit_.users.front();
-                toolkit_.users.pop_front();
-            }
-            if (user) user(form_);
+            if (const auto user = toolkit_.user) user(form_);
             form_.close();
         }
         void hide() override {}

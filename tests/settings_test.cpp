@@ -16,15 +16,13 @@ const std::string beta3 = R"(c:\nwb\kelmcons.ini)";
 const std::string header = "'1.0 Norvane Workbench'|";
 const std::string beta3Header =
     "'Norvane Development Workbench' settings file (format version: 0.4.0)|";
-// All fields differ, except the hide flags, of which only one is set at a time.
+// All fields differ, except the hide flags.
 const std::string texts =
     "compiler.exe|gui.exe|console.exe||extractor.exe|editor.exe|word.exe|"
     "manual.html|manual.pdf|"
     R"(tutorial.htm|browser.exe|c:\a b\"reader".exe|edit.kel|compile.kel|play.kcd|extract.kel|)";
 const std::string folders = R"(|C:\games\lib|c:\kelm\library)";
-const std::string flags[] = {" 1 | 0 | 0 | 0 |", " 0 | 1 | 0 | 0 |", " 0 | 0 | 1 | 0 |",
-                             " 0 | 0 | 0 | 1 |"};
-const std::string sample = lines(header + texts + flags[1] + " 2 | 3 " + folders);
+const std::string sample = lines(header + texts + " 0 | 1 | 0 | 0 | 2 | 3 " + folders);
 const std::string defaults =
     R"(c:\kelm\programs\kelm.exe|c:\kelm\programs\winkrun.exe|||||)"
     R"(C:\Program Files\Microsoft Office\Office\Winword.exe||||)"
@@ -51,63 +49,43 @@ std::string fields(const AppState& state) {
     return all;
 }
 
-struct Settings : testing::Test, Desk {
-    /// Loads the file and returns the fields.
-    std::string load(const std::string& path, const std::string& text) {
-        runtime.files[path].text = text;
-        core::LoadSettings(program);
-        return fields(state);
-    }
-};
+struct Settings : testing::Test, Desk {};
 
-TEST_F(Settings, EachLineIsTheFieldThatItShouldBe) {
-    for (const std::string& hidden : flags) {
-        const std::string text = lines(header + texts + hidden + " 2 | 3 " + folders);
-        EXPECT_EQ(load(ini, text), texts + hidden + " 2 | 3 " + folders);
-        EXPECT_TRUE(runtime.boxes.empty());
-        runtime.files[bkp].text = "older";
-        core::SaveSettings(program);
-        EXPECT_EQ(runtime.files[ini].text, text);
-        EXPECT_EQ(runtime.files[bkp].text, text);
-        EXPECT_EQ(runtime.files.size(), 2u);
-    }
-}
-
-TEST_F(Settings, TheOlderFormatIsReadAndLeftAlone) {
-    const std::string old = lines(beta3Header + texts + "lib");
-    EXPECT_EQ(load(beta3, old), texts + "|||| 1 | 1 |lib") << "an empty path stays empty";
-    EXPECT_TRUE(runtime.told("Your NWB/w settings file is for Beta Release 3."));
-    core::SaveSettings(program);
-    EXPECT_EQ(runtime.files[beta3].text, old);
-    EXPECT_EQ(runtime.files[ini].text, lines(header + texts + "|||| 1 | 1 |lib"))
-        << "flags that were never set are empty lines";
-}
-
-TEST_F(Settings, WithoutAGoodFileTheDefaultsServe) {
-    core::LoadSettings(program);
-    EXPECT_EQ(fields(state), defaults);
-    EXPECT_TRUE(runtime.told("Settings file not found"));
-    EXPECT_EQ(load(beta3, lines("'norvane" + beta3Header.substr(8) + texts)), defaults);
-    EXPECT_TRUE(runtime.told(unknown));
-    runtime.files[beta3].text = lines(beta3Header + texts);  // is ignored
-    for (const char* wrong : {"'1.0 NORVANE Workbench'\r\nx", "", "rubbish\r\n1\r\n2"}) {
-        EXPECT_EQ(load(ini, wrong), defaults) << wrong;
-        EXPECT_TRUE(runtime.told(unknown));
-    }
-}
-
-TEST_F(Settings, DamagedFilesAreReadAsFarAsTheyGo) {
-    EXPECT_EQ(load(ini, lines(header + texts)), texts + "|||| 1 | 1 ");
-    const std::pair<std::string, std::string> cases[] = {
-        {"2|1|1|1|3|5", " 0 | 1 | 1 | 1 | 1 | 1 "},
-        {" 1 |1|1|1|0|4", " 1 | 1 | 1 | 1 | 0 | 4 "},
-        {"x|1|1|1|-1|0", " 0 | 1 | 1 | 1 | 1 | 1 "},
-        {"|1|1|1||", "| 1 | 1 | 1 | 1 | 1 "}};
+TEST_F(Settings, AFileIsReadAsFarAsItGoesAndSavedWhole) {
+    const std::string few = "|||| 1 | 1 ";
     std::string most;
     while (most.size() < 2 * core::maxIncludes)
         most += "|f";
-    for (const auto& [numbers, read] : cases)
-        EXPECT_EQ(load(ini, lines(header + texts + numbers + most + most)), texts + read + most);
+    const struct {
+        std::string file, text, read, told;
+    } rows[] = {
+        {"no.ini", "", defaults, "Settings file not found"},
+        {beta3, beta3Header + texts + "lib", texts + few + "|lib",
+         "Your NWB/w settings file is for Beta Release 3."},
+        {beta3, "'norvane" + beta3Header.substr(8) + texts, defaults, unknown},
+        {ini, "'1.0 NORVANE Workbench'|x", defaults, unknown},
+        {ini, "", defaults, unknown},
+        {ini, header + texts, texts + few, ""},
+        {ini, header + texts + "0|0|1|1|2|3" + folders, texts + " 0 | 0 | 1 | 1 | 2 | 3 " + folders,
+         ""},
+        {ini, header + "  " + texts + " 2 |1|0|1|0|4|  f" + most,
+         texts + " 0 | 1 | 0 | 1 | 0 | 4 " + most, ""},
+        {ini, header + texts + "|x|1|1|3|5", texts + "| 0 | 1 | 1 | 1 | 1 ", ""},
+        {ini, header + texts + "1|1|1|1|-1|0", texts + " 1 | 1 | 1 | 1 | 1 | 1 ", ""},
+        {ini, header + texts + "1|1|1|1||", texts + " 1 | 1 | 1 | 1 | 1 | 1 ", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.file + ": " + row.text);
+        const bool current = row.file == ini;
+        runtime.files = {{row.file, {lines(row.text)}}};
+        if (current) runtime.files[beta3] = runtime.files[bkp] = {"older"};
+        core::LoadSettings(program);
+        EXPECT_EQ(fields(state), row.read);
+        EXPECT_TRUE(row.told.empty() ? runtime.boxes.empty() : runtime.told(row.told));
+        core::SaveSettings(program);
+        EXPECT_EQ(runtime.files[ini].text, lines(header + row.read));
+        EXPECT_EQ(runtime.files[current ? bkp : row.file].text, lines(row.text));
+    }
 }
 
 TEST_F(Settings, ATextKeepsWhatItsLineCanHold) {
@@ -132,7 +110,9 @@ TEST_F(Settings, OnlyAFileThatWasReadGivesWayToASave) {
     for (const std::string number : {"-1.", "-2."}) {
         runtime.files.erase(ini);
         runtime.files[tmp].text = sample;
-        EXPECT_EQ(load(bkp, "older"), defaults) << "neither is read";
+        runtime.files[bkp].text = "older";
+        core::LoadSettings(program);
+        EXPECT_EQ(fields(state), defaults) << "neither is read";
         EXPECT_TRUE(runtime.told("Settings file not found"));
         core::SaveSettings(program);
         EXPECT_TRUE(
@@ -157,7 +137,7 @@ bool holds(const Files& files, const std::string& text) {
 /// settings could be loaded.
 bool work(FakeRuntime& runtime) {
     FakeToolkit toolkit;
-    toolkit.anyUser = [](forms::Form& dialog) { dialog.pressDefault(); };
+    toolkit.user = [](forms::Form& dialog) { dialog.pressDefault(); };
     console::Workbench workbench(runtime, toolkit);
     workbench.start();
     const bool loaded =

@@ -86,7 +86,7 @@ TEST(FormWalk, RandomActionsOverAllFormsKeepEveryRuleAndNoMemory) {
     auto& state = desk.state;
     RandomUser user(desk);
     int modals = 0;
-    desk.toolkit.anyUser = [&](forms::Form& modal) {
+    desk.toolkit.user = [&](forms::Form& modal) {
         ++modals;
         for (int steps = 0; steps < 40 && !modal.unloaded(); ++steps)
             user.step(modal);
