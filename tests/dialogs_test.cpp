@@ -167,13 +167,13 @@ struct IncludeList : Dialogs {
 TEST_F(IncludeList, AnEditedCopyIsClosedIntoTheState) {
     edit({"a", "b", "c", "d", "e"}, [this](List& list) {
         const std::tuple<int, forms::Button&, int> moves[] = {
-            {0, list.btnUp, 0}, {4, list.btnDown, 4}, {0, list.btnDown, 1}, {2, list.btnUp, 1}};
+            {0, list.btnUp, 0}, {4, list.btnDown, 4}, {1, list.btnUp, 0}, {3, list.btnDown, 4}};
         for (const auto& [index, button, to] : moves) {
             list.List1.pick(index);
             button.click();
             EXPECT_EQ(list.List1.ListIndex, to) << index << button.name;
         }
-        EXPECT_EQ(entries(list.List1), (Names{"b", "c", "a", "d", "e"}));
+        EXPECT_EQ(entries(list.List1), (Names{"b", "a", "c", "e", "d"}));
         for (const int index : {3, 0, 0, 1}) {
             list.List1.pick(index);
             list.btnDelete.click();
@@ -253,28 +253,28 @@ TEST_F(IncludeList, TheFolderDialogOpensOnTheFolderThatIsEdited) {
 
 TEST_F(IncludeList, TheFolderDialogShowsTheTreeAndFollowsTheUser) {
     runtime.tree = {{R"(c:\)", {"nwb", "Games"}},
-                    {R"(c:\nwb)", {"b", "A"}},
-                    {R"(c:\nwb\A)", {}},
+                    {R"(c:\nwb)", {"B", "a"}},
+                    {R"(c:\nwb\a)", {}},
                     {R"(d:\)", {}}};
     runtime.driveNames.back() = "q:";  // read anew
     editFolder("", [&](Add& add) {
         Names names;
         for (const auto& row : add.Dir1.rows())
             names.push_back(std::string(row.depth, '>') + row.name);
-        EXPECT_EQ(names, (Names{R"(c:\)", ">nwb", ">>A", ">>b"}));
+        EXPECT_EQ(names, (Names{R"(c:\)", ">nwb", ">>a", ">>B"}));
         add.Dir1.choose(2);
-        EXPECT_EQ(add.txtFolder.Text(), R"(c:\nwb\A)");
+        EXPECT_EQ(add.txtFolder.Text(), R"(c:\nwb\a)");
         EXPECT_EQ(add.Drive1.drives().back(), "q:");
         add.Drive1.pick(2);
         EXPECT_EQ(runtime.newBoxes(), (Boxes{{R"(Cannot open e:\)", 48}}));
-        EXPECT_EQ(add.Drive1.Drive() + add.Dir1.Path(), R"(c:c:\nwb\A)");
+        EXPECT_EQ(add.Drive1.Drive() + add.Dir1.Path(), R"(c:c:\nwb\a)");
         for (const int drive : {1, 0}) {
             add.Drive1.pick(drive);
             EXPECT_EQ(add.txtFolder.Text(), runtime.driveNames[drive] + '\\');
         }
     });
     runtime.tree.erase(R"(c:\)");
-    editFolder(R"(d:\nosuch)", [](Add&) {});
+    editFolder(R"(x:\y)", [](Add&) {});
     EXPECT_EQ(std::ranges::count(runtime.boxes, FakeRuntime::Box{R"(Cannot open c:\)", 48}), 1);
     runtime.current = R"(e:\)";
     editFolder("", [](Add& add) { EXPECT_EQ(add.Dir1.rows().size(), 1u) << "to go up from"; });

@@ -67,11 +67,13 @@ class FakeRuntime : public core::Runtime {
 
     /// Returns the boxes shown since the last call.
     std::vector<Box> newBoxes() { return std::exchange(boxes, {}); }
-    /// True if exactly one new box was shown, whose text starts so. The pages have the whole texts.
-    bool told(const std::string& start, int flags = okOnly, const std::string& title = "") {
+    /// True if exactly one new box was shown, whose text starts so; after the title and "?" if it
+    /// is a question. The pages have the whole texts.
+    bool told(const std::string& start) {
         const auto shown = newBoxes();
-        return shown.size() == 1 && shown[0].text.starts_with(start) && shown[0].flags == flags &&
-               shown[0].title == title;
+        if (shown.size() != 1 || shown[0].flags == exclamation) return false;
+        const std::string mark = shown[0].flags == yesNo ? "?" : "";
+        return (shown[0].title + mark + shown[0].text).starts_with(start);
     }
 
     std::string AppPath() override { return "c:\\nwb"; }
@@ -241,10 +243,8 @@ struct Desk {
     console::frmConsole* opened = nullptr;
 
     console::frmConsole& open() {
-        application.dispatch([this] {
-            opened = &application.load<console::frmConsole>(program);
-            opened->Show();
-        });
+        opened = &application.load<console::frmConsole>(program);
+        opened->Show();
         return *opened;
     }
 };

@@ -28,10 +28,9 @@ struct Panels : testing::Test, Desk {
     tools::SpellingPanel& spelling = form.spelling;
 
     /// True if a click shows exactly one box, whose text starts so.
-    bool refuses(forms::Button& button, const std::string& start, int flags = 0,
-                 const std::string& title = "") {
+    bool refuses(forms::Button& button, const std::string& start) {
         button.click();
-        return runtime.told(start, flags, title);
+        return runtime.told(start);
     }
     /// Presses Enter. Returns the script that it starts, or an empty string.
     std::string scriptStarted(int style) {
@@ -48,9 +47,7 @@ struct Panels : testing::Test, Desk {
 };
 
 TEST_F(Panels, TheFileNameMakesTheCommands) {
-    const struct {
-        std::string typed, shortPath, lead, stem;
-    } cases[] = {
+    const std::array<std::string, 4> cases[] = {
         {"c:/gam/my.kel", "", "c:|", "/gam/my"},
         {R"(é:\x.kel)", "", R"(é:|cd "\"|)", "x"},
         {"éééééééé.kel", "", "", "éééééééé"},
@@ -68,40 +65,16 @@ TEST_F(Panels, TheFileNameMakesTheCommands) {
         {R"(c:\games\epistle99.txt)", "", R"(c:|cd "\games\"|)", "EPISTL~1"},
     };
     form.tbsOptions.pick(2);
-    for (const auto& c : cases) {
-        if (!c.shortPath.empty()) runtime.shortNames[c.typed] = c.shortPath;
-        compile.txtFname.type(c.typed);
-        EXPECT_EQ(
-            compile.txtCmdline.Text(),
-            lines(c.lead + tool + c.stem + " -List -Height 0|notepad " + c.stem + ".lis|exit"))
-            << c.typed;
+    for (const auto& [typed, shortPath, lead, stem] : cases) {
+        if (!shortPath.empty()) runtime.shortNames[typed] = shortPath;
+        compile.txtFname.type(typed);
+        EXPECT_EQ(compile.txtCmdline.Text(),
+                  lines(lead + tool + stem + " -List -Height 0|notepad " + stem + ".lis|exit"))
+            << typed;
     }
 }
 
-TEST_F(Panels, APressOfCompileWritesAndStartsTheScript) {
-    form.tbsOptions.pick(2);
-    compile.lstInclude.AddItem(R"(c:\kelm\standard library)");
-    compile.lstInclude.AddItem(R"(d:\shared things)");
-    runtime.shortNames[R"(c:\kelm\standard library)"] = R"(c:\kelm\STANDA~1)";
-    runtime.shortNames[R"(d:\shared things)"] = R"(D:\SHARED~1)";
-    runtime.files[R"(c:\my games\cave.kel)"];
-    runtime.files[state.CompilerPath];
-    compile.txtFname.type(R"(c:\my games\cave.kel)");
-    compile.optEditor(1).click();
-    // The viewer keeps the path that it had when it was chosen.
-    runtime.files[state.EditorPath = "other.exe"];
-    play.txtFnameP.Text = R"(d:\other.kcd)";  // changes the stem that the panels share
-    for (const auto& viewer : {pfe, state.EditorPath}) {
-        EXPECT_EQ(
-            scriptStarted(1),
-            lines(R"(c:|cd "\my games\"|)" + tool +
-                  R"(-Include "c:\kelm\STANDA~1" -Include "D:\SHARED~1" cave -List -Height 0|")" +
-                  viewer + "\" cave.lis|exit|||pause|||exit|"));
-        compile.optEditor(1).click();
-    }
-}
-
-TEST_F(Panels, CompileChecksInOrder) {
+TEST_F(Panels, CompileChecksInOrderAndStarts) {
     const std::string base = R"(c:\games\longername)";
     auto& button = compile.btnCompile;
     form.tbsOptions.pick(2);
@@ -111,10 +84,11 @@ TEST_F(Panels, CompileChecksInOrder) {
     runtime.files[base + ".kelm"].changed = 10;
     runtime.files[base + ".kcd"].changed = 11;
     runtime.answer = core::Runtime::Answer::No;
-    EXPECT_TRUE(refuses(button, "The current compiled game is newer", 4, "Game newer than Source"));
+    EXPECT_TRUE(refuses(button, "Game newer than Source?The current compiled game is newer"));
     runtime.files[base + ".kel"].changed = 11;  // the first of the two sources counts
     EXPECT_TRUE(refuses(button, "Text Editor program " + pfe + " not found"));
-    compile.optEditor(3).click();
+    // The viewer keeps the path that it had when it was chosen.
+    runtime.files[state.EditorPath = "other.exe"];
     EXPECT_TRUE(refuses(button, "Kelm compiler program " + kelm + " not found"));
     runtime.files[kelm];
     EXPECT_TRUE(refuses(
@@ -122,19 +96,26 @@ TEST_F(Panels, CompileChecksInOrder) {
     EXPECT_FALSE(runtime.files.contains(script));
 
     runtime.shortNames[base + ".kel"] = base + ".kel";  // a drive without short names
+    runtime.shortNames[R"(d:\my things)"] = R"(D:\MYTHIN~1)";
+    compile.lstInclude.AddItem(R"(d:\my things)");
     runtime.files[base + ".kcd"].changed = 12;
     runtime.answer = core::Runtime::Answer::Yes;
     runtime.whileBoxIsOpen = [this] { spelling.txtFnameS.Text = "far too long.kel"; };
-    const auto commands = [](const std::string& stem) {
-        return tool + stem + " -List -Height 0|notepad " + stem + ".lis|exit|||pause|||exit|";
+    const auto commands = [](const std::string& stem, const std::string& viewer) {
+        return tool + R"(-Include "D:\MYTHIN~1" )" + stem + " -List -Height 0|\"" + viewer + "\" " +
+               stem + ".lis|exit|||pause|||exit|";
     };
-    EXPECT_EQ(scriptStarted(1), lines(R"(c:|cd "\games\"|)" + commands("longername")));
+    for (const auto& viewer : {pfe, state.EditorPath}) {
+        EXPECT_EQ(scriptStarted(1), lines(R"(c:|cd "\games\"|)" + commands("longername", viewer)));
+        compile.optEditor(1).click();
+    }
     runtime.newBoxes();
     for (const std::string folder : {"", R"(c:\)"}) {  // a file without a stem
         compile.txtFname.type(folder);
         EXPECT_TRUE(refuses(button, "Kelm source code file \"" + folder + ".kel(m)\" not found"));
         runtime.files[folder + ".kel"];
-        EXPECT_EQ(scriptStarted(1), lines((folder.empty() ? "" : R"(c:|cd "\"|)") + commands("")));
+        EXPECT_EQ(scriptStarted(1),
+                  lines((folder.empty() ? "" : R"(c:|cd "\"|)") + commands("", state.EditorPath)));
     }
 }
 
@@ -232,7 +213,7 @@ TEST_F(Panels, ExtractChecksInOrderAndStarts) {
     auto& button = spelling.btnExtract;
     form.tbsOptions.pick(4);
     std::string& shortPath = runtime.shortNames[R"(c:\g\longer name.kelm)"];
-    shortPath = R"(c:\g\LONGER~1.KEL)";
+    shortPath = R"(c:\g\LON ER~1.KEL)";
     spelling.txtFnameS.type(R"(c:\g\longer name.kelm)");
     EXPECT_TRUE(refuses(button, "KLex program " + klex + " not"));
     runtime.files[klex];
@@ -257,9 +238,9 @@ TEST_F(Panels, ExtractChecksInOrderAndStarts) {
         button,
         R"(The file "c:\g\longer name.kelm" cannot be given to the tool: its drive keeps)"));
     EXPECT_FALSE(runtime.files.contains(script));
-    shortPath = R"(c:\g\LONGER~1.KEL)";
+    shortPath = R"(c:\g\LON ER~1.KEL)";
     EXPECT_EQ(scriptStarted(1),
-              lines(R"(c:|cd "\g\"|")" + klex + "\" LONGER~1 -OO -FF -PC  -OFmine.txt|"));
+              lines(R"(c:|cd "\g\"|")" + klex + "\" LON ER~1 -OO -FF -PC  -OFmine.txt|"));
 }
 
 TEST_F(Panels, TheEditorIsStartedDirectly) {

@@ -69,7 +69,9 @@ inline void expectSpelling(tools::SpellingPanel& panel, const core::AppState& st
     options += when(panel.chkLineNum.Value, " -NL") + when(named, "  -OF") + output;
     expectCommand(panel.txtCmdlineS.Text, panel.txtFnameS.Text, 1 + opened, options,
                   opened ? "\r\n\"" + state.WordProcessorPath + "\"  " + output : "\r\n");
-    ASSERT_EQ(panel.txtFnameO.Visible, named);
+    for (const Control* own : std::initializer_list<const Control*>{
+             &panel.lblDefaultFilename, &panel.txtFnameO, &panel.btnBrowseO})
+        ASSERT_EQ(own->Visible, named) << own->name;
     ASSERT_EQ(panel.lblDefname.Visible, !named);
 }
 

@@ -56,9 +56,7 @@ TEST_F(Settings, AFileIsReadAsFarAsItGoesAndSavedWhole) {
     std::string most;
     while (most.size() < 2 * core::maxIncludes)
         most += "|f";
-    const struct {
-        std::string file, text, read, told;
-    } rows[] = {
+    const std::array<std::string, 4> rows[] = {
         {"no.ini", "", defaults, "Settings file not found"},
         {beta3, beta3Header + texts + "lib", texts + few + "|lib",
          "Your NWB/w settings file is for Beta Release 3."},
@@ -74,17 +72,17 @@ TEST_F(Settings, AFileIsReadAsFarAsItGoesAndSavedWhole) {
         {ini, header + texts + "1|1|1|1|-1|0", texts + " 1 | 1 | 1 | 1 | 1 | 1 ", ""},
         {ini, header + texts + "1|1|1|1||", texts + " 1 | 1 | 1 | 1 | 1 | 1 ", ""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.file + ": " + row.text);
-        const bool current = row.file == ini;
-        runtime.files = {{row.file, {lines(row.text)}}};
+    for (const auto& [file, text, read, told] : rows) {
+        SCOPED_TRACE(file + ": " + text);
+        const bool current = file == ini;
+        runtime.files = {{file, {lines(text)}}};
         if (current) runtime.files[beta3] = runtime.files[bkp] = {"older"};
         core::LoadSettings(program);
-        EXPECT_EQ(fields(state), row.read);
-        EXPECT_TRUE(row.told.empty() ? runtime.boxes.empty() : runtime.told(row.told));
+        EXPECT_EQ(fields(state), read);
+        EXPECT_TRUE(told.empty() ? runtime.boxes.empty() : runtime.told(told));
         core::SaveSettings(program);
-        EXPECT_EQ(runtime.files[ini].text, lines(header + row.read));
-        EXPECT_EQ(runtime.files[current ? bkp : row.file].text, lines(row.text));
+        EXPECT_EQ(runtime.files[ini].text, lines(header + read));
+        EXPECT_EQ(runtime.files[current ? bkp : file].text, lines(text));
     }
 }
 

@@ -77,10 +77,8 @@ class RandomUser : public endurance::Choices, private forms::ControlVisitor {
 TEST(FormWalk, RandomActionsOverAllFormsKeepEveryRuleAndNoMemory) {
     const int most = endurance::setting("NWBW_ACTIONS", 50000);
     Desk desk;
-    for (const char* file : {"c:\\games\\cave.kel", "c:\\games\\cave.kcd", "d:\\tool.exe",
-                             "d:quest.kelm", "cave.kcd"}) {
-        desk.runtime.files[file];
-    }
+    for (const std::string& name : RandomUser::names)
+        desk.runtime.files[name];
     desk.runtime.tree["d:\\"] = {};  // e: cannot be read
     auto& form = desk.open();
     auto& state = desk.state;
