@@ -108,7 +108,7 @@ TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {
     fs::last_write_time(place / "x.tmp", now + 2s);
     EXPECT_EQ(changed() - first, 2s);
 
-    const std::jthread heldForAWhile = hold(place / "x.tmp");
+    const std::jthread heldForAWhile = hold(place / "x.tmp", false);
     runtime.vbaNameFile(in("x.tmp"), in("y.ini"));
     const std::string y = in("y.ini"), x = in("none\\x"), old = in("old.ini");
     const std::pair<std::function<void()>, std::string> failures[] = {
@@ -120,7 +120,7 @@ TEST_F(Platform, WritesReadsRenamesAndDeletesFiles) {
     for (const auto& [operation, message] : failures)
         EXPECT_TRUE(errorOf(operation).starts_with(message)) << errorOf(operation);
     EXPECT_TRUE(fs::exists(place / "old.ini"));
-    const std::jthread readForAWhile = share(place / "old.ini");
+    const std::jthread readForAWhile = hold(place / "old.ini", true);
     runtime.rtcKillFiles(old);
     EXPECT_FALSE(fs::exists(place / "old.ini"));
     runtime.vbaNameFile(y, old);
@@ -196,7 +196,7 @@ TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
     };
     for (const std::string& stem : ordinaryNames) {
         const fs::path game = compile(stem);
-        const auto [given, listing] = wordsFor(runtime, game / pathOf(stem));
+        const auto [given, listing] = wordsFor(game / pathOf(stem));
         const std::string at = byScript + textOf(game);
         const std::string expected =
             at + '[' + given + "][-List][-Height][0]\n" + at + '[' + listing + ".lis]\n";
@@ -215,7 +215,7 @@ TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {
 TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
     const std::string application = "Norvane Workbench Tests";
     const std::string value = "a, \"b\" = @é; 5%";
-    makeRuntime(nullptr).rtcSaveSetting(application, "Settings", "MainLeft", value);
+    runtime.rtcSaveSetting(application, "Settings", "MainLeft", value);
     Runtime other = makeRuntime([](auto&, int, const std::string& title) {
         EXPECT_EQ(title, "The Norvane Workbench");
         return Runtime::Answer::Yes;

@@ -38,8 +38,7 @@ class System : public LinuxDesktop {
     }
 
     /// Does nothing: an open file can be renamed here.
-    static std::jthread hold(const fs::path&) { return {}; }
-    static std::jthread share(const fs::path&) { return {}; }
+    static std::jthread hold(const fs::path&, bool) { return {}; }
     static constexpr const char* byScript = "";
     std::string commandOf(const fs::path& program) const {
         std::string path = fs::relative(program, place).string();
@@ -62,7 +61,7 @@ class System : public LinuxDesktop {
         return runtime.disk().toWindows(platform::HostPath(file));
     }
     /// Returns the names of the game that the compiler and Notepad get, without extension.
-    static std::pair<std::string, std::string> wordsFor(Runtime&, const fs::path& game) {
+    static std::pair<std::string, std::string> wordsFor(const fs::path& game) {
         const std::string name = game.filename();
         const bool likeAnOption = name.starts_with('-') || name.starts_with('+');
         return {likeAnOption ? "./" + name : name, game};

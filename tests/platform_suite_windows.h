@@ -51,16 +51,15 @@ class System : public testing::Test {
         return platform::narrow(file.filename().wstring());
     }
     /// Keeps the file open for a moment, as a virus scanner does.
-    static std::jthread hold(const fs::path& file, DWORD sharing = 0) {
-        void* handle = CreateFileW(file.wstring().c_str(), GENERIC_READ, sharing, nullptr,
-                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    static std::jthread hold(const fs::path& file, bool mayBeDeleted) {
+        void* handle =
+            CreateFileW(file.wstring().c_str(), GENERIC_READ, mayBeDeleted ? FILE_SHARE_DELETE : 0,
+                        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         return std::jthread([handle] {
             Sleep(300);
             CloseHandle(handle);
         });
     }
-    /// The same, in a way that lets others delete the file.
-    static std::jthread share(const fs::path& file) { return hold(file, FILE_SHARE_DELETE); }
     /// A path that is the whole command needs no quotes, and Windows drops dots at its end.
     static std::string commandOf(const fs::path& program) {
         return platform::narrow(program.wstring()) + '.';
@@ -70,23 +69,17 @@ class System : public testing::Test {
 
     // Some names contain characters that are special to the command interpreter.
     static inline const std::string ordinaryNames[] = {
-        "été", "a;ed", "$(ed)", "`ed`", "$HOME", "-rf", "--help", "[a]",         "{a,b}",
-        "~",   "a'b",  "a=b,c", "a!b",  "a)(b",  "#x",  "exit",   "pause x & ed"};
+        "été",   "a;ed", "$(ed)", "`ed`",  "$HOME", "-rf",  "--help", "[a]",
+        "{a,b}", "~",    "a'b",   "a=b,c", "a!b",   "a)(b", "#x",     "exit"};
     static inline const std::map<std::string, std::string> refusedNames = {
         {"a&ed", "&"}, {"a^b", "^"}, {"%PATH%", "%"}, {"100%", "%"}};
     static fs::path pathOf(const std::string& name) { return platform::wide(name); }
     static std::string asTyped(Runtime&, const fs::path& file) {
         return platform::narrow(file.wstring());
     }
-    /// Returns the names of the game that the compiler and Notepad get, without extension; a
-    /// long name in its short form.
-    static std::pair<std::string, std::string> wordsFor(Runtime& runtime, const fs::path& game) {
-        std::string stem = platform::narrow(game.filename().wstring());
-        if (core::length(stem) > 8) {
-            stem = core::afterLast(
-                runtime.GetShortPathName(platform::narrow(game.wstring() + L".kel")), '\\');
-            stem = core::beforeLast(stem, '.');
-        }
+    /// Returns the names of the game that the compiler and Notepad get, without extension.
+    static std::pair<std::string, std::string> wordsFor(const fs::path& game) {
+        const std::string stem = platform::narrow(game.filename().wstring());
         return {stem, stem};
     }
 
