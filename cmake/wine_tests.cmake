@@ -38,5 +38,6 @@ endfunction()
 
 # The tour of the real program. The tour itself is a program of this system: scripts/build dev tour.
 add_test(NAME tour_windows
-  COMMAND ${PROJECT_SOURCE_DIR}/build/dev/bin/tour ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
+  COMMAND ${PROJECT_SOURCE_DIR}/scripts/hidden-display
+    ${PROJECT_SOURCE_DIR}/build/dev/bin/tour ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
 set_tests_properties(tour_windows PROPERTIES RUN_SERIAL ON TIMEOUT ${nwbw_time_limit})

@@ -17,19 +17,6 @@ namespace {
 using fuzz::check;
 using platform::CommandLine;
 
-/// Drives with a few programs, on them and on the search path.
-struct InstalledPrograms : fuzz::TestDrives {
-    InstalledPrograms()
-        : TestDrives({"drive_c/kelm/tool.exe", "drive_c/My Games/wizardquest.kel",
-                      "drive_c/My Games/ed", "drive_d/x", "bin/ed", "bin/ls"}) {
-        setenv("PATH", (bin + ":.:").c_str(), 1);
-        setenv("EDITOR", "ed -w", 1);
-        unsetenv("VISUAL");
-    }
-
-    const std::string bin = home / "bin/";
-};
-
 void checkWords(const CommandLine& line, std::string_view text) {
     check(line.words.size() <= text.size() / 2 + 1, "words have something between them");
     std::string again;
@@ -47,7 +34,7 @@ void checkWords(const CommandLine& line, std::string_view text) {
 }
 
 /// A command may spawn the programs in bin and any given by its path.
-void checkStart(InstalledPrograms& installed, const CommandLine& line) {
+void checkStart(fuzz::TestDrives& installed, const CommandLine& line) {
     try {
         const auto start = platform::Launcher(installed.disk).prepare(line);
         const std::string& program = start.words.front();
@@ -70,7 +57,8 @@ void checkStart(InstalledPrograms& installed, const CommandLine& line) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-    static InstalledPrograms installed;
+    static fuzz::TestDrives installed({"drive_c/kelm/tool.exe", "drive_c/My Games/wizardquest.kel",
+                                       "drive_c/My Games/ed", "drive_d/x", "bin/ed", "bin/ls"});
     std::string_view input(reinterpret_cast<const char*>(data), size);
     const unsigned kind = fuzz::choice(input) % 4;
     const CommandLine line(input);

@@ -36,13 +36,8 @@ struct Programs : fuzz::TestDrives {
                       "drive_c/My Games/:", "drive_c/My Games/1:", "drive_c/My Games/cd",
                       "drive_c/My Games/x", "drive_c/My Games/tool.exe",
                       "drive_c/My Games/kelm/tool.exe", "drive_c/My Games/notepad", "drive_d/x",
-                      "drive_d/pause", "bin/ed", "bin/tool.exe", "bin/x", "bin/cd", "bin/exit"}) {
-        setenv("PATH", (bin + ":.:").c_str(), 1);
-        setenv("EDITOR", "ed -w", 1);
-        unsetenv("VISUAL");
-    }
+                      "drive_d/pause", "bin/ed", "bin/tool.exe", "bin/x", "bin/cd", "bin/exit"}) {}
 
-    const std::string bin = home / "bin/";
     std::vector<std::string> lines;  ///< of the script, without those that have started a program
 };
 

@@ -14,8 +14,8 @@ namespace fuzz {
 
 namespace fs = std::filesystem;
 
-/// Drives c: and d: in a temporary folder, in memory if possible. The
-/// current folder is c:\My Games.
+/// Drives c: and d: in a temporary folder, in memory if possible. The current folder is c:\My
+/// Games, and the search path has the folder "bin" beside the drives.
 class TestDrives {
   public:
     /// Creates the files, each a program, in drive_c, in drive_d or beside them.
@@ -24,6 +24,9 @@ class TestDrives {
         for (const char* name :
              {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
             setenv(name, home.c_str(), 1);
+        setenv("PATH", (bin + ":.:").c_str(), 1);
+        setenv("EDITOR", "ed -w", 1);
+        unsetenv("VISUAL");
         fs::current_path(c / "My Games");
     }
     ~TestDrives() {
@@ -36,6 +39,7 @@ class TestDrives {
     const fs::path home;
     const fs::path c = home / "drive_c";
     const fs::path d = home / "drive_d";
+    const std::string bin = home / "bin/";
     platform::WindowsDisk disk;
 
   private:

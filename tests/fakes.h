@@ -233,9 +233,10 @@ class FakeToolkit : public forms::Toolkit {
 };
 
 /// The program, with a console that opens on the state set by the test.
-struct Desk {
+template <typename Toolkit>
+struct DeskWith {
     FakeRuntime runtime;
-    FakeToolkit toolkit;
+    Toolkit toolkit;
     forms::Application application{
         toolkit, [this](const std::string& text, bool) { runtime.rtcMsgBox(text, 48, ""); }};
     core::Program program{runtime};
@@ -248,6 +249,7 @@ struct Desk {
         return *opened;
     }
 };
+using Desk = DeskWith<FakeToolkit>;
 
 /// Loads every form of the program, beginning with a console.
 inline std::vector<forms::Form*> everyForm(forms::Application& application,

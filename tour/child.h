@@ -7,12 +7,11 @@
 
 namespace tour {
 
-/// A process that is ended together with this object or with the tour.
+/// A process that is killed together with this object.
 class Child {
   public:
-    /// Spawns the program, found on the search path, with its arguments. It inherits the standard
-    /// file descriptors and `inherited`. Throws std::system_error.
-    explicit Child(const std::vector<std::string>& words, int inherited = -1);
+    /// Spawns the program, found on the search path, with its arguments. Throws std::system_error.
+    explicit Child(const std::vector<std::string>& words);
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
     ~Child();
@@ -23,15 +22,9 @@ class Child {
     int wait();
 
   private:
-    pid_t id_;
+    pid_t id_ = 0;
     int status_ = 0;
     bool ended_ = false;
 };
-
-/// Ends all processes that the tour's child processes left running. Requires an earlier
-/// adoptOrphans.
-void endOrphans();
-/// Makes the tour the parent of its orphaned descendants.
-void adoptOrphans();
 
 }  // namespace tour

@@ -12,6 +12,27 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// This system's program with its emulated drives. The tools are native programs, which get long
+/// names.
+const System onLinux{.program = "program",
+                     .driveC = "home/data/nwbw/drive_c",
+                     .notepad = "desktop/notepad",
+                     .splash = "nwbw",
+                     .terminal = " - Norvane Workbench",
+                     .library = "c:\\kelm\\standard library",
+                     .games = "c:\\my games",
+                     .quest = "wizardquest",
+                     .caveListing = "c:\\my games\\cave.lis"};
+const System underWine{.program = "wine/drive_c/nwbw",
+                       .driveC = "wine/drive_c",
+                       .notepad = "wine/drive_c/windows/system32/notepad",
+                       .splash = "",
+                       .terminal = "C:\\windows\\system32\\cmd.exe",
+                       .library = "c:\\kelm\\STAN~2VR",
+                       .games = "c:\\MY_G~I5E",
+                       .quest = "WIZA~XWU",
+                       .caveListing = "cave.lis"};
+
 std::string read(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
@@ -29,12 +50,17 @@ std::vector<std::string> lines(const std::string& text) {
     return all;
 }
 
-Demo::Demo(const fs::path& folder, const fs::path& program, const fs::path& driveC,
-           const fs::path& notepad)
-    : folder_(fs::canonical(folder)),
-      program_(folder_ / program),
-      driveC_(folder_ / driveC),
-      notepad_(folder_ / notepad) {}
+Demo::Demo(const fs::path& folder, const fs::path& project, const fs::path& build)
+    : system_(fs::exists(build / "bin/nwbw.exe") ? underWine : onLinux) {
+    const fs::path maker = project / "scripts" / "make-demo";
+    if (Child({maker.string(), folder.string(), build.string()}).wait() != 0)
+        throw std::runtime_error("the demo could not be made");
+    folder_ = fs::canonical(folder);
+}
+
+Demo::~Demo() {
+    if (&system_ == &underWine) Child({(folder_ / "start").string(), "--end"}).wait();
+}
 
 std::unique_ptr<Child> Demo::start() const {
     return std::make_unique<Child>(std::vector<std::string>{(folder_ / "start").string()});
@@ -45,15 +71,26 @@ std::string Demo::text(const std::string& path) const {
 }
 
 fs::path Demo::place(const std::string& path) const {
-    if (!path.starts_with("c:\\")) return program_ / path;
+    if (!path.starts_with("c:\\")) return folder_ / system_.program / path;
     std::string rest = path.substr(3);
     std::ranges::replace(rest, '\\', '/');
-    return driveC_ / rest;
+    return folder_ / system_.driveC / rest;
 }
 
 fs::path Demo::recordOf(const std::string& program) const {
-    const fs::path place = program == "notepad" ? notepad_ : this->place(program);
-    return fs::path(place).replace_extension(".record");
+    return (program == "notepad" ? folder_ / system_.notepad : place(program))
+        .replace_extension(".record");
+}
+
+/// Converts a path in a line of a record to a path on drive c.
+std::string Demo::withDrive(std::string line) const {
+    for (const std::string& drive : {(folder_ / system_.driveC).string(), std::string("C:")}) {
+        const std::size_t at = line.find(drive);
+        if (at == std::string::npos) continue;
+        line.replace(at, drive.size(), "c:");
+        std::replace(line.begin() + static_cast<std::ptrdiff_t>(at), line.end(), '/', '\\');
+    }
+    return line;
 }
 
 std::vector<std::string> Demo::lastCall(const std::string& program) const {
@@ -67,69 +104,6 @@ std::vector<std::string> Demo::lastCall(const std::string& program) const {
 
 void Demo::forgetCalls(const std::string& program) const {
     fs::remove(recordOf(program));
-}
-
-namespace {
-
-/// This system's program with its emulated drives.
-class LinuxDemo : public Demo {
-  public:
-    explicit LinuxDemo(const fs::path& folder)
-        : Demo(folder, "program", "home/data/nwbw/drive_c", "desktop/notepad") {}
-
-    [[nodiscard]] System system() const override {
-        // The tools are native programs, which get long names.
-        return {.splash = "nwbw",
-                .terminal = " - Norvane Workbench",
-                .library = "c:\\kelm\\standard library",
-                .games = "c:\\my games",
-                .quest = "wizardquest",
-                .caveListing = "c:\\my games\\cave.lis"};
-    }
-
-  protected:
-    [[nodiscard]] std::string withDrive(std::string line) const override {
-        const std::size_t at = line.find(driveC().string());
-        if (at == std::string::npos) return line;
-        std::string path = line.substr(at + driveC().string().size());
-        std::ranges::replace(path, '/', '\\');
-        return line.substr(0, at) + "c:" + path;
-    }
-};
-
-/// The Windows program under Wine.
-class WineDemo : public Demo {
-  public:
-    explicit WineDemo(const fs::path& folder)
-        : Demo(folder, "wine/drive_c/nwbw", "wine/drive_c",
-               "wine/drive_c/windows/system32/notepad") {}
-    ~WineDemo() override { Child({(folder() / "start").string(), "--end"}).wait(); }
-
-    [[nodiscard]] System system() const override {
-        return {.splash = "",
-                .terminal = "C:\\windows\\system32\\cmd.exe",
-                .library = "c:\\kelm\\STAN~2VR",
-                .games = "c:\\MY_G~I5E",
-                .quest = "WIZA~XWU",
-                .caveListing = "cave.lis"};
-    }
-
-  protected:
-    [[nodiscard]] std::string withDrive(std::string line) const override {
-        if (const std::size_t at = line.find("C:\\"); at != std::string::npos) line[at] = 'c';
-        return line;
-    }
-};
-
-}  // namespace
-
-std::unique_ptr<Demo> makeDemo(const fs::path& folder, const fs::path& project,
-                               const fs::path& build) {
-    const fs::path maker = project / "scripts" / "make-demo";
-    if (Child({maker.string(), folder.string(), build.string()}).wait() != 0)
-        throw std::runtime_error("the demo could not be made");
-    if (fs::exists(build / "bin/nwbw.exe")) return std::make_unique<WineDemo>(folder);
-    return std::make_unique<LinuxDemo>(folder);
 }
 
 }  // namespace tour

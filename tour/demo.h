@@ -9,8 +9,12 @@
 
 namespace tour {
 
-/// What differs between the systems.
+/// What differs between the systems that the program runs on.
 struct System {
+    // Places in the demo's folder.
+    std::filesystem::path program;
+    std::filesystem::path driveC;
+    std::filesystem::path notepad;
     std::string splash;    ///< title of the splash's window; its form has none
     std::string terminal;  ///< title of a script's window
     // Two folders and the stem of a file, as the tools receive them: maybe in their short form.
@@ -23,10 +27,15 @@ struct System {
 /// The program in its own demo folder, and the files it leaves there.
 class Demo {
   public:
-    virtual ~Demo() = default;
+    /// Creates the demo in an empty folder, with the program from the build folder: this system's,
+    /// or the Windows one to run under Wine. Throws std::runtime_error.
+    Demo(const std::filesystem::path& folder, const std::filesystem::path& project,
+         const std::filesystem::path& build);
+    Demo(const Demo&) = delete;
+    Demo& operator=(const Demo&) = delete;
+    ~Demo();
 
-    /// What differs between the systems that the program runs on.
-    [[nodiscard]] virtual System system() const = 0;
+    [[nodiscard]] const System& system() const { return system_; }
     /// Spawns the program.
     [[nodiscard]] std::unique_ptr<Child> start() const;
 
@@ -38,32 +47,14 @@ class Demo {
     /// Deletes the program's record of calls.
     void forgetCalls(const std::string& program) const;
 
-  protected:
-    /// All paths are inside the demo's folder.
-    Demo(const std::filesystem::path& folder, const std::filesystem::path& program,
-         const std::filesystem::path& driveC, const std::filesystem::path& notepad);
-
-    /// Converts a path in a line of a record to a path on drive c.
-    [[nodiscard]] virtual std::string withDrive(std::string line) const = 0;
-
-    [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
-    [[nodiscard]] const std::filesystem::path& driveC() const { return driveC_; }
-
   private:
+    [[nodiscard]] std::string withDrive(std::string line) const;
     [[nodiscard]] std::filesystem::path place(const std::string& path) const;
     [[nodiscard]] std::filesystem::path recordOf(const std::string& program) const;
 
+    const System& system_;
     std::filesystem::path folder_;
-    std::filesystem::path program_;
-    std::filesystem::path driveC_;
-    std::filesystem::path notepad_;
 };
-
-/// Creates the demo in an empty folder, with the program from the build folder: this system's, or
-/// the Windows one to run under Wine. Throws std::runtime_error.
-std::unique_ptr<Demo> makeDemo(const std::filesystem::path& folder,
-                               const std::filesystem::path& project,
-                               const std::filesystem::path& build);
 
 /// Splits the text into lines without line endings.
 std::vector<std::string> lines(const std::string& text);

@@ -6,34 +6,15 @@
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
-#include <fcntl.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <sstream>
 #include <stdexcept>
+
+#include "child.h"
 
 namespace tour {
 
 namespace {
-
-/// Starts the server on the first free display and returns the display's name.
-std::string startServer(std::unique_ptr<Child>& server) {
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("cannot create a pipe");
-    server = std::make_unique<Child>(
-        std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0",
-                                 "1024x768x24", "-dpi", "96", "-nolisten", "tcp", "-noreset"},
-        ends[1]);
-    ::close(ends[1]);
-
-    std::string number;
-    for (char letter = 0; read(ends[0], &letter, 1) == 1 && letter != '\n';)
-        number += letter;
-    ::close(ends[0]);
-    if (number.empty()) throw std::runtime_error("the display did not start");
-    return ":" + number;
-}
 
 // A window may disappear at any moment, even between finding and using it.
 int ignoreError(::Display*, XErrorEvent*) {
@@ -42,14 +23,9 @@ int ignoreError(::Display*, XErrorEvent*) {
 
 }  // namespace
 
-Display::Display() {
-    const std::string name = startServer(server_);
-    setenv("DISPLAY", name.c_str(), 1);
-    connection_ = XOpenDisplay(name.c_str());
-    if (connection_ == nullptr)
-        throw std::runtime_error("the display " + name + " does not answer");
+Display::Display() : connection_(XOpenDisplay(nullptr)) {
+    if (connection_ == nullptr) throw std::runtime_error("there is no display");
     XSetErrorHandler(ignoreError);
-    fcntl(ConnectionNumber(connection_), F_SETFD, FD_CLOEXEC);
 }
 
 Display::~Display() {

@@ -1,13 +1,10 @@
 #pragma once
 
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "child.h"
 
 struct _XDisplay;
 
@@ -21,12 +18,14 @@ struct Window {
     int width;
 };
 
-/// A hidden display for the tour, with keyboard and mouse. It has no window manager: the tour sets
-/// the focus and closes windows itself.
+/// The display, with keyboard and mouse. It has no window manager: the tour sets the focus and
+/// closes windows itself.
 class Display {
   public:
-    /// Starts the display server and makes it the one for the tour's child processes.
+    /// Connects to the display of the tour's child processes.
     Display();
+    Display(const Display&) = delete;
+    Display& operator=(const Display&) = delete;
     ~Display();
 
     /// Returns the topmost visible window with the title, except the one with the id and except
@@ -53,7 +52,6 @@ class Display {
     void key(unsigned long symbol, std::vector<unsigned long> held) const;
     [[nodiscard]] unsigned long atom(const char* name) const;
 
-    std::unique_ptr<Child> server_;
     _XDisplay* connection_ = nullptr;
 };
 

@@ -16,7 +16,6 @@ const std::string winkrun = "c:\\kelm\\programs\\winkrun.exe";
 const std::string dosKrun = "c:\\kelm\\dos\\krun.exe";
 const std::string klex = "c:\\kelm\\programs\\klex.exe";
 const std::string editor = "c:\\kelm\\editor\\editor.exe";
-const std::string winword = "c:\\office\\winword.exe";
 const std::string notepad = "notepad";
 
 const std::string caveTexts =

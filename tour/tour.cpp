@@ -1,7 +1,7 @@
-/// A tour of the real program on a hidden display, by real keys and clicks, in a demo folder.
-/// Prints each step and the calls of the tools, and takes a screenshot of each step.
-/// Fails if a step does not succeed. The program is the one in the build folder; a Windows program
-/// runs under Wine.
+/// A tour of the real program by real keys and clicks, in a demo folder. Needs a display of its
+/// own, without a window manager: scripts/hidden-display. Prints each step and the calls of the
+/// tools, and takes a screenshot of each step. Fails if a step does not succeed. The program is the
+/// one in the build folder; a Windows program runs under Wine.
 ///
 ///     tour PROJECT_FOLDER BUILD_FOLDER
 
@@ -34,11 +34,11 @@ void run(const fs::path& project, const fs::path& build) {
     fs::create_directories(folder);
     setEnvironment(folder / "runtime");
 
-    const auto demo = tour::makeDemo(folder / "demo", project, build);
+    const tour::Demo demo(folder / "demo", project, build);
     const tour::Display display;
-    tour::Guide guide(display, *demo, folder);
+    tour::Guide guide(display, demo, folder);
     try {
-        tour::takeTour(guide, demo->system());
+        tour::takeTour(guide, demo.system());
     } catch (const std::exception&) {
         display.picture(folder / "failed.png");
         throw;
@@ -53,14 +53,11 @@ int main(int argumentCount, char** arguments) {
         std::cerr << "tour PROJECT_FOLDER BUILD_FOLDER\n";
         return 2;
     }
-    tour::adoptOrphans();
-    int code = 0;
     try {
         run(arguments[1], arguments[2]);
+        return 0;
     } catch (const std::exception& error) {
         std::cerr << "\nThe tour failed: " << error.what() << "\n";
-        code = 1;
+        return 1;
     }
-    tour::endOrphans();
-    return code;
 }
