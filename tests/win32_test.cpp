@@ -290,14 +290,17 @@ struct WindowsWalk : Windows, endurance::Choices {
 
     /// Sends what automation tools send. Each kind of window handles only its own messages.
     void touch(const forms::Control& control, HWND window) {
-        constexpr UINT messages[] = {BM_CLICK,     BM_SETCHECK,   LB_SETCURSEL,
-                                     CB_SETCURSEL, TCM_SETCURSEL, TCM_SETCURFOCUS};
+        constexpr UINT messages[][4] = {
+            {BM_CLICK, LB_SETCURSEL, CB_SETCURSEL, TCM_SETCURSEL},
+            {BM_SETCHECK, LB_SETCURSEL, CB_SETCURSEL, TCM_SETCURFOCUS},
+        };
         if (any(5) == 0 && control.usable())
             SetFocus(window);
         else if (dynamic_cast<const forms::TextBox*>(&control))
             SetWindowTextW(window, platform::wide(anyName()).c_str());
         else
-            SendMessageW(window, messages[any(std::size(messages))], any(4), 0);
+            for (const UINT message : messages[any(2)])
+                SendMessageW(window, message, any(4), 0);
     }
 
     /// Works the modal forms that an action opens.
