@@ -60,9 +60,9 @@ class Batch : public LinuxDesktop {
 
 TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
     const std::string games = c / "My Games";
-    for (const char* file :
-         {"wizardquest.kel", "Cave.kel", "iso.kel", "+so.kel", "-d.kel", "-v1.kel",
-          "-draft of it.kel", "+set.x.LIS", "../kelm/standard library/x", "../../../stories/out/x"})
+    for (const char* file : {"wizardquest.kel", "Cave.kel", "iso.kel", "+so.kel", "-d.kel",
+                             "-v1.kel", "-draft of it.kel", "+set.x.LIS", "Quest.kel", "quest.lis",
+                             "../kelm/standard library/x", "../../../stories/out/x"})
         write(games / fs::path(file));
     write(c / "My Games/my walk.kel", "east");
     const std::string draft =
@@ -76,7 +76,7 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
         {"-o..\\kelm\\w.txt -ld:\\out\\x", "[-o" + kelm + "/w.txt][-l" + out + "/x]"},
         {"-OFWIZARD~1.txt -lWIZARD~1", "[-OFwizardquest.txt][-lwizardquest]"},
         {"-OFd:\\..\\out\\w.txt", "[-OF" + out + "/w.txt]"},
-        {"sub\\x.txt", "[" + games + "/sub/x.txt]"},
+        {"sub\\x.txt Quest", "[" + games + "/sub/x.txt][Quest]"},
         {"cave -CharSet ISO cave.KEL", "[Cave][-CharSet][ISO][Cave.kel]"},
         {"-Height 0 https://x.y/z /d NOBODY~1 \"\"", "[-Height][0][https://x.y/z][/d][NOBODY~1][]"},
         {"/MYGAME~1/new /kelm/none", "[" + games + "/new][" + kelm + "/none]"},
@@ -104,6 +104,9 @@ TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
                   "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][A~BE8QYT.KEL][-d]\n");
     program(home / "bin/wine", "#!/bin/sh\necho $WINEPREFIX > $NWBW_ECHO\n");
     expectRun(line, true, "", home / "nwbw\n");
+    fs::copy_file(home / "bin/wine", c / "native");
+    setenv("WINEPREFIX", (home / "nwbw").c_str(), 1);
+    expectRun("\"c:\\native\"", true, "", home / "nwbw\n");
 }
 
 TEST_F(Batch, KeepsEachDrivesFolder) {
@@ -112,8 +115,9 @@ TEST_F(Batch, KeepsEachDrivesFolder) {
     const std::string old = d / "tales/old";
     fs::create_directories(old);
     const std::string title = "tool.exe 3 - Norvane Workbench\a";
-    expectRun("cd games\r\nd:\r\n\r\nCD\\tales\ncd old\ncd \"..\\old\\\"\nC:\n" + tool + "1\nd:\n" +
-                  tool + "2\ncd c:\\kelm\n" + tool + "3\nc:\n" + tool + "4\nEXIT\n" + tool + "5",
+    expectRun("cd C:\\games\r\nd:\r\n\r\nCD\\tales\ncd old\ncd \"..\\old\\\"\nC:\n" + tool +
+                  "1\nd:\n" + tool + "2\ncd c:\\kelm\n" + tool + "3\nc:\n" + tool + "4\nEXIT\n" +
+                  tool + "5",
               true, "\nD:\\tales\\old>" + tool + "3\n\x1b]2;" + title + "\x1b]30;" + title,
               (c / "games").string() + "[1]\n" + old + "[2]\n" + old + "[3]\n" +
                   (c / "kelm").string() + "[4]\n");
@@ -167,7 +171,9 @@ TEST_F(Batch, TellsWhatIsMissing) {
 
 TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
     setenv("XDG_CURRENT_DESKTOP", "none:My", 1);
-    write(home / "my-mimeapps.list", "[Default Applications]\ntext/plain=no.desktop;ed.desktop;\n");
+    write(home / "my-mimeapps.list",
+          "[Default Applications]\ntext/plain=none.desktop;hidden.desktop;ed.desktop;\n");
+    write(home / "applications/hidden.desktop", "[Desktop Entry]\nExec=ed\nHidden=true\n");
     write(home / "mimeapps.list", "[Default Applications]\ntext/plain=other.desktop\n");
     write(home / "applications/other.desktop", "[Desktop Entry]\nExec=ed other\n");
     write(home / "applications/ed.desktop",
@@ -252,7 +258,7 @@ TEST_F(Batch, GivesEachTerminalItsWords) {
             "case ${0##*/} in kitty) exec \"$@\";; esac\nshift\n"
             "case ${0##*/} in tilix|sakura|terminology) exec /bin/sh -c \"$1\";;\n"
             "qterminal) set -- \"${1#env \\\"}\" && exec env \"${1%\\\"}\";; esac\nexec \"$@\"\n");
-        setenv("TERMINAL", (name + " \"--my=own $x\"\\ 'a \"b'\\;").c_str(), 1);
+        setenv("TERMINAL", (name + " \"--my=own \\$x\"\\ 'a \"b'\\;").c_str(), 1);
         fs::remove(home / "echo");
         EXPECT_TRUE(runToEnd(inTerminal(command, true), "").isGood()) << name;
         EXPECT_EQ(echoed(), c.string() + "[it's $x][a\tb\nc\vd\fe\rf][#%\\;&|<>*][]\n") << name;
@@ -298,7 +304,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
                                         {"kate", ""s}}) {
         putEchoChild(editor);
         fs::remove(home / "echo");
-        runtime.rtcShell("notepad c:\\my games\\cave.kel", 3);
+        runtime.rtcShell("Notepad.exe c:\\my games\\cave.kel", 3);
         await("the echo", [&] { return echoed().ends_with('\n'); });
         EXPECT_EQ(echoed(), c.string() + words + "[" + c.string() + "/my games/cave.kel]\n");
     }

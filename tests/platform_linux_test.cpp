@@ -209,6 +209,7 @@ TEST(ShortNames, DependOnTheCompetingStemsOnly) {
         {{"wizardquest.kel", "wizard~1.txt"}, "W~B0ZE3Z.KEL"},
         {{"wizardquest.html", "w1zardquest.html"}, "WIZARD~1.HT~"},
         {{"wizardquest.k:l"}, "W~B0ZE3Z.K_~"},
+        {{"wiz\x7f.kel"}, "W~RSDZT5.KEL"},
         {{"-draft of a tale"}, "_DRAFT~1"},
         {{" -draft of a tale"}, "_DRAFT~1"},
         {{"-rf"}, "_RF~1"},
