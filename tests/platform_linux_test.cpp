@@ -143,19 +143,6 @@ TEST_F(LinuxDesktop, TakesTheDrivesOfTheWinePrefixOrMakesItsOwn) {
     EXPECT_EQ(again.folderOf('z'), HostPath("/"));
 }
 
-TEST_F(Disk, SeesEveryChangeOfAKeptFolder) {
-    const fs::path source = c / "games/wizardquest.kel";
-    for (int round = 0; round < 3; ++round) {
-        write(source);
-        // The listing of a folder that has not changed for a while is cached.
-        fs::last_write_time(c / "games", fs::file_time_type::clock::now() - std::chrono::hours(1));
-        for (const char* shortPath : {"c:\\games\\WIZARD~1.KEL", "c:\\games\\WIZARD~1.KEL", ""}) {
-            if (*shortPath == '\0') fs::remove(source);
-            EXPECT_EQ(disk.shortPath("c:\\games\\wizardquest.kel"), shortPath);
-        }
-    }
-}
-
 /// Creates, deletes, renames and replaces files with names that compete, and keeps every short name
 /// that a file ever had.
 TEST_F(Disk, AShortNameNeverMeansAnotherFile) {

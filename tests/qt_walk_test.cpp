@@ -1,14 +1,11 @@
-#include <QTest>
-#include <QtWidgets>
 #include <csignal>
 #include <iostream>
 
 #include "endurance.h"
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/end_request.h"
-#include "platform/linux/qt/form_window.h"
 #include "platform/linux/qt/message_box.h"
-#include "platform/linux/qt/toolkit.h"
+#include "qt_windows.h"
 #include "rules.h"
 
 namespace {
@@ -61,14 +58,12 @@ struct WindowWalk : testing::Test, endurance::Choices {
     void assist() {
         const QWidgetList widgets = QApplication::allWidgets();
         QWidget* target = widgets[any(widgets.size())];
-        auto* spoken =
-            target->isVisible() ? QAccessible::queryAccessibleInterface(target) : nullptr;
+        auto* spoken = QAccessible::queryAccessibleInterface(target);
         if (spoken && spoken->childCount() > 0 && any(2))
             spoken = spoken->child(any(spoken->childCount()));
-        if (!spoken || !spoken->isValid()) return;
+        if (!target->isVisible() || !spoken || !spoken->isValid()) return;
         if (auto* text = spoken->editableTextInterface())
-            text->replaceText(0, spoken->textInterface()->characterCount(),
-                              QString::fromStdString(anyName()));
+            text->replaceText(0, spoken->textInterface()->characterCount(), name(anyName()));
         else if (auto* actions = spoken->actionInterface();
                  actions && !actions->actionNames().isEmpty())
             actions->doAction(actions->actionNames()[any(actions->actionNames().size())]);
@@ -141,7 +136,7 @@ TEST_F(WindowWalk, RandomKeysAndClicksKeepEveryRuleAndNoMemory) {
     QTimer::singleShot(0, [&] {
         console.Show();
         watch();
-        work(dynamic_cast<qt::FormWindow&>(*console.window()).widget(), most);
+        work(windowOf(console), most);
         // Allows for Qt's caches and the undo histories; a leaked form or window takes far more.
         EXPECT_LE(endurance::heapInUse(), settled + 2'000'000);
         console.close();
