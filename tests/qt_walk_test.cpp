@@ -99,6 +99,7 @@ struct WindowWalk : testing::Test, endurance::Choices {
         QTimer::singleShot(1, &timers, [this] { watch(); });
         QWidget* modal = QApplication::activeModalWidget();
         if (!modal || modal == worked) return;
+        ASSERT_TRUE(modal->windowHandle()->transientParent());
         ++modals;
         work(*modal, 40);
     }

@@ -89,14 +89,15 @@ struct Windows : testing::Test {
         if (!found) throw std::runtime_error(control.fullName() + " has no such widget");
         return *found;
     }
-    /// Lets `work` use the modal box that opens next. Closes a box of another kind.
+    /// Lets `work` use the modal box that opens next. Closes what it leaves open.
     template <typename Box>
     static void whenOpen(const std::function<void(Box&)>& work) {
         QTimer::singleShot(0, [work] {
-            QWidget* open = QApplication::activeModalWidget();
-            if (auto* box = qobject_cast<Box*>(open)) return work(*box);
-            ADD_FAILURE() << "no box of this kind has opened";
-            if (open) open->close();
+            const QPointer<QWidget> open(QApplication::activeModalWidget());
+            auto* box = qobject_cast<Box*>(open.data());
+            EXPECT_TRUE(box) << "no box of this kind has opened";
+            if (box) work(*box);
+            if (open && open->isVisible()) open->close();
         });
     }
     /// Presses a key. Returns the handlers that ran, and the focused control after "@".
