@@ -1,9 +1,8 @@
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 
 #include "forms/focus.h"
+#include "helpers.h"
 #include "rules.h"
 
 using namespace fakes;
@@ -82,12 +81,7 @@ TEST_F(Dialogs, EveryFormIsWordedAndLaidOutAsAgreed) {
         lines += browse(form, toolkit);
     }
     lines += browse(*all[3], toolkit) + browse(*all[4], toolkit);
-    std::ifstream agreed(std::filesystem::path(NWBW_TESTS) / "forms.txt", std::ios::binary);
-    std::istringstream shown(lines);
-    for (std::string is, should; std::getline(shown, is) || agreed;) {
-        std::getline(agreed, should);
-        ASSERT_EQ(is, should);
-    }
+    EXPECT_EQ(lines, contentOf(fs::path(NWBW_TESTS) / "forms.txt"));
 }
 
 TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
@@ -138,6 +132,12 @@ struct IncludeList : Dialogs {
     using List = dialogs::frmIncludeList;
     using Add = dialogs::frmIncludeAdd;
 
+    IncludeList() {
+        runtime.tree = {{R"(c:\)", {"nwb", "Games"}}, {R"(c:\nwb)", {"B", "a"}},
+                        {R"(c:\nwb\a)", {}},          {R"(c:\Games)", {}},
+                        {R"(d:\)", {"lib"}},          {R"(D:\lib)", {}},
+                        {R"(z:\)", {"lib"}},          {R"(z:\lib)", {}}};
+    }
     void edit(const Names& folders, const std::function<void(List&)>& user) {
         form.tbsOptions.pick(2);
         std::ranges::copy(folders, state.IncludeFolders.begin());
@@ -213,9 +213,6 @@ TEST_F(IncludeList, AFullListTakesNoMoreAndCancelKeepsTheOld) {
 }
 
 TEST_F(IncludeList, TheFolderDialogOpensOnTheFolderThatIsEdited) {
-    runtime.tree = {{R"(c:\)", {"nwb", "Games"}}, {R"(c:\nwb)", {"A"}}, {R"(c:\nwb\A)", {}},
-                    {R"(c:\Games)", {}},          {R"(d:\)", {"lib"}},  {R"(D:\lib)", {}},
-                    {R"(z:\)", {"lib"}},          {R"(z:\lib)", {}}};
     const std::string nwb = runtime.current;
     // Coming back from a message activates the dialog no second time.
     runtime.whileBoxIsOpen = [&] {
@@ -232,7 +229,7 @@ TEST_F(IncludeList, TheFolderDialogOpensOnTheFolderThatIsEdited) {
         {nwb, R"(D:\lib)", R"(D:\lib)"},
         {nwb, "z:", R"(z:\)"},
         {nwb, "z://", R"(z:\)"},
-        {nwb, "c:A", R"(c:\nwb\A)"},
+        {nwb, "c:a", R"(c:\nwb\a)"},
         {nwb, R"(z:.\lib\..\\lib)", R"(z:\lib)"},
         {nwb, R"(c:\..\Games)", R"(c:\Games)"},
         {nwb, R"(e:\x)", R"(c:\)", R"(c:\)", 1},
@@ -252,10 +249,6 @@ TEST_F(IncludeList, TheFolderDialogOpensOnTheFolderThatIsEdited) {
 }
 
 TEST_F(IncludeList, TheFolderDialogShowsTheTreeAndFollowsTheUser) {
-    runtime.tree = {{R"(c:\)", {"nwb", "Games"}},
-                    {R"(c:\nwb)", {"B", "a"}},
-                    {R"(c:\nwb\a)", {}},
-                    {R"(d:\)", {}}};
     runtime.driveNames.back() = "q:";  // read anew
     editFolder("", [&](Add& add) {
         Names names;
@@ -282,37 +275,34 @@ TEST_F(IncludeList, TheFolderDialogShowsTheTreeAndFollowsTheUser) {
 
 TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
     auto& help = form.help;
-    const struct {
-        forms::MenuItem& item;
-        std::string document;
-        std::string AppState::*path = nullptr;
-    } rows[] = {{help.mnuHelpStart, R"(c:\nwb\GettingStarted.htm)"},
-                {help.mnuHelpContents, R"(c:\nwb\default.htm)"},
-                {help.mnuHelpTutorial, "t.htm", &AppState::TutorialPath},
-                {help.mnuHelpManual, "m.html", &AppState::ManualHtmlPath},
-                {help.mnuHelpManPDF, "m.pdf", &AppState::ManualPdfPath},
-                {help.mnuHelpExample, R"(c:\nwb\examples.htm)"},
-                {help.mnuHelpLibrary, R"(c:\nwb\UsingStd-iLibraryContents.htm)"},
-                {help.mnuHelpPFE, R"(c:\nwb\SettingUpPFEContents.htm)"},
-                {help.mnuHelpBeta, R"(c:\nwb\credits.htm)"}};
+    const std::tuple<forms::MenuItem&, std::string, std::string AppState::*> rows[] = {
+        {help.mnuHelpStart, R"(c:\nwb\GettingStarted.htm)", nullptr},
+        {help.mnuHelpContents, R"(c:\nwb\default.htm)", nullptr},
+        {help.mnuHelpTutorial, "t.htm", &AppState::TutorialPath},
+        {help.mnuHelpManual, "m.html", &AppState::ManualHtmlPath},
+        {help.mnuHelpManPDF, "m.pdf", &AppState::ManualPdfPath},
+        {help.mnuHelpExample, R"(c:\nwb\examples.htm)", nullptr},
+        {help.mnuHelpLibrary, R"(c:\nwb\UsingStd-iLibraryContents.htm)", nullptr},
+        {help.mnuHelpPFE, R"(c:\nwb\SettingUpPFEContents.htm)", nullptr},
+        {help.mnuHelpBeta, R"(c:\nwb\credits.htm)", nullptr}};
     state.BrowserPath = "b.exe";
     state.AcrobatPath = "a.exe";
-    for (const auto& row : rows) {
-        if (row.path) {
-            state.*row.path = row.document;
-            EXPECT_FALSE(row.item.usable()) << "enabled from the next start";
+    for (const auto& [item, document, path] : rows) {
+        if (path) {
+            state.*path = document;
+            EXPECT_FALSE(item.usable()) << "enabled from the next start";
             help.fitToPaths();
         }
-        const bool pdf = row.document == "m.pdf";
+        const bool pdf = document == "m.pdf";
         runtime.files.clear();
-        row.item.click();
+        item.click();
         EXPECT_TRUE(runtime.told(pdf ? "Acrobat Reader program a.exe not found."
                                      : "Web Browser program b.exe not found."));
         runtime.files["a.exe"] = runtime.files["b.exe"] = {};
-        row.item.click();
+        item.click();
         EXPECT_EQ(std::exchange(runtime.shells, {}),
                   (std::vector<FakeRuntime::Shell>{
-                      {1, (pdf ? R"("a.exe" ")" : R"("b.exe" ")") + row.document + '"'}}));
+                      {1, (pdf ? R"("a.exe" ")" : R"("b.exe" ")") + document + '"'}}));
     }
 }
 

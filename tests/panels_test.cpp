@@ -39,11 +39,6 @@ struct Panels : testing::Test, Desk {
         const std::vector<FakeRuntime::Shell> started = {{style, '"' + script + '"'}};
         return runtime.shells == started ? runtime.files[script].text : "";
     }
-    /// Returns the choices on the Play panel: player, recording, replay, debugger.
-    std::array<int, 4> choices() {
-        return {play.player(), play.optRecord(1).Value + 2 * play.optRecord(2).Value,
-                play.chkPlayback.Value, play.chkKbug.Value};
-    }
 };
 
 TEST_F(Panels, TheFileNameMakesTheCommands) {
@@ -119,9 +114,9 @@ TEST_F(Panels, CompileChecksInOrderAndStarts) {
     }
 }
 
-// The twelve states, and for each action the number of the next state, counted from 1. The actions
-// are the three players, the three recordings, the debugger and the replay. A disabled one changes
-// nothing.
+// The twelve states as player, recording, replay and debugger, and for each action the number of
+// the next state, counted from 1. The actions are the three players, the three recordings, the
+// debugger and the replay. A disabled one changes nothing.
 const struct {
     std::array<int, 4> choices;
     int next[8];
@@ -147,7 +142,10 @@ TEST_F(Panels, EveryActionOnPlayFromEveryStateLeadsWhereTheTableSays) {
         actions[action]->click();
         taken.emplace(now, action);
         const int next = table[now - 1].next[action];
-        ASSERT_EQ(choices(), table[next - 1].choices) << "S" << now << " by action " << action;
+        const std::array<int, 4> choices = {play.player(),
+                                            play.optRecord(1).Value + 2 * play.optRecord(2).Value,
+                                            play.chkPlayback.Value, play.chkKbug.Value};
+        ASSERT_EQ(choices, table[next - 1].choices) << "S" << now << " by action " << action;
         rules::expectPlay(play);
         now = next;
     }

@@ -131,33 +131,26 @@ bool holds(const Files& files, const std::string& text) {
     return std::ranges::any_of(files, [&](const auto& entry) { return entry.second.text == text; });
 }
 
-/// Runs the whole program; the user confirms a dialog and selects the tab Spelling. True if the
-/// settings could be loaded.
-bool work(FakeRuntime& runtime) {
-    FakeToolkit toolkit;
-    toolkit.user = [](forms::Form& dialog) { dialog.pressDefault(); };
-    console::Workbench workbench(runtime, toolkit);
-    workbench.start();
-    const bool loaded =
-        std::ranges::none_of(runtime.boxes, [](const auto& box) { return box.flags == 48; });
-    forms::Application& application = workbench.application();
-    application.Forms(0).keyPress('x');
-    auto& form = dynamic_cast<console::frmConsole&>(application.Forms(0));
-    form.mnuOptionsPrograms.click();
-    form.tbsOptions.pick(4);
-    form.close();
-    EXPECT_TRUE(toolkit.ended);
-    return loaded;
-}
-
-/// A disk, and what a run on it leaves.
+/// A disk, and what a run of the whole program on it leaves: the user confirms a dialog and selects
+/// the tab Spelling.
 struct Outcome {
     explicit Outcome(const Files& disk, int failAt = -1, int killAt = -1) {
         runtime.files = disk;
         runtime.failAt = failAt;
         runtime.killAt = killAt;
+        FakeToolkit toolkit;
+        toolkit.user = [](forms::Form& dialog) { dialog.pressDefault(); };
+        console::Workbench workbench(runtime, toolkit);
+        forms::Application& application = workbench.application();
         try {
-            loaded = work(runtime);
+            workbench.start();
+            loaded = std::ranges::count(runtime.boxes, 48, &FakeRuntime::Box::flags) == 0;
+            application.Forms(0).keyPress('x');
+            auto& form = dynamic_cast<console::frmConsole&>(application.Forms(0));
+            form.mnuOptionsPrograms.click();
+            form.tbsOptions.pick(4);
+            form.close();
+            EXPECT_TRUE(toolkit.ended);
         } catch (const FakeRuntime::Killed&) {
         }
     }
@@ -165,7 +158,7 @@ struct Outcome {
 
     FakeRuntime runtime;
     Files& files = runtime.files;
-    bool loaded = false;
+    bool loaded = false;  ///< the settings
 };
 
 const FakeRuntime::File older{lines(beta3Header + texts + "lib")};
@@ -176,67 +169,62 @@ const std::pair<const char*, Files> disks[] = {
     {"older format", {{beta3, older}, {bkp, {sample}}}},
 };
 
-/// Calls `check` for each call of a run on each disk, with what an undisturbed run saves.
-void forEachCall(
-    const std::function<void(const Files&, int call, const std::string& after)>& check) {
+/// Ends a run at a call. What the run has read may give way to what it saves; all else stays.
+void expectKillLosesNothing(const Files& disk, int call, const std::string& after) {
+    const auto expectKept = [&](const Files& files, bool read) {
+        if (read && disk.contains(ini)) {
+            EXPECT_TRUE(holds(files, sample) || holds(files, after));
+            return;
+        }
+        for (const auto& [path, file] : disk)
+            EXPECT_TRUE(holds(files, file.text)) << path;
+    };
+    for (const int failAt : {-1, 1}) {  // without and with an error in the load
+        const Outcome killed(disk, failAt, call);
+        expectKept(killed.files, failAt < 0);
+        expectKept(Outcome(killed.files).files, true);
+    }
+}
+
+void expectFailureIsToldAndLosesNothing(const Files& disk, int call, const std::string& after) {
+    const std::string bare = lines(header + "|||||||||||||||| 0 | 0 | 0 | 0 | 1 | 4 ");
+    Outcome run(disk, call);
+    const auto told = [&](const auto& fits) {
+        return std::ranges::count_if(run.runtime.boxes, fits);
+    };
+    EXPECT_EQ(told([](const auto& box) {
+                  return box.flags == 48 || box.text.starts_with("NWB/w cannot write");
+              }),
+              1);
+    EXPECT_TRUE(run.files.contains(ini) || !disk.contains(ini)) << "the renames are undone";
+    EXPECT_TRUE(run.loaded || run.saved() == bare) << "not half";
+    for (const auto& [path, file] : disk) {
+        if (run.loaded && disk.contains(ini)) continue;
+        EXPECT_TRUE(holds(run.files, file.text)) << path;
+    }
+    // Each file that was put aside is named once.
+    for (const auto& entry : run.files) {
+        const std::string& path = entry.first;
+        EXPECT_EQ(told([&](const auto& box) {
+                      return box.text.find(core::quoted(path)) != std::string::npos;
+                  }),
+                  path.find("-unread-") == std::string::npos ? 0 : 1)
+            << path;
+    }
+    EXPECT_EQ(Outcome(run.files).saved(), run.loaded ? after : bare);
+}
+
+TEST_F(Settings, NoTextIsLostWhicheverCallFailsOrIsTheLast) {
     for (const auto& [name, disk] : disks) {
         Outcome good(disk);
         EXPECT_TRUE(good.loaded);
         EXPECT_NE(good.saved().find(" 4 \r\n"), std::string::npos);
         for (int call = 1; call <= good.runtime.calls; ++call) {
             SCOPED_TRACE(std::string(name) + ", call " + std::to_string(call));
-            check(disk, call, good.saved());
+            expectKillLosesNothing(disk, call, good.saved());
+            expectFailureIsToldAndLosesNothing(disk, call, good.saved());
         }
     }
-}
-
-TEST_F(Settings, AKillAtAnyCallAndTheRunAfterItLoseNoText) {
-    forEachCall([](const Files& disk, int call, const std::string& after) {
-        // What a run has read may give way to what it saves; all else stays.
-        const auto expectKept = [&](const Files& files, bool read) {
-            if (read && disk.contains(ini)) {
-                EXPECT_TRUE(holds(files, sample) || holds(files, after));
-                return;
-            }
-            for (const auto& [path, file] : disk)
-                EXPECT_TRUE(holds(files, file.text)) << path;
-        };
-        for (const int failAt : {-1, 1}) {  // without and with an error in the load
-            const Outcome killed(disk, failAt, call);
-            expectKept(killed.files, failAt < 0);
-            expectKept(Outcome(killed.files).files, true);
-        }
-    });
-}
-
-TEST_F(Settings, AFailureAtAnyCallIsToldAndNoTextIsLost) {
-    const std::string bare = lines(header + "|||||||||||||||| 0 | 0 | 0 | 0 | 1 | 4 ");
-    forEachCall([&](const Files& disk, int call, const std::string& after) {
-        Outcome run(disk, call);
-        const auto told = [&](const auto& fits) {
-            return std::ranges::count_if(run.runtime.boxes, fits);
-        };
-        EXPECT_EQ(told([](const auto& box) {
-                      return box.flags == 48 || box.text.starts_with("NWB/w cannot write");
-                  }),
-                  1);
-        EXPECT_TRUE(run.files.contains(ini) || !disk.contains(ini)) << "the renames are undone";
-        EXPECT_TRUE(run.loaded || run.saved() == bare) << "not half";
-        for (const auto& [path, file] : disk) {
-            if (run.loaded && disk.contains(ini)) continue;
-            EXPECT_TRUE(holds(run.files, file.text)) << path;
-        }
-        // Each file that was put aside is named once.
-        for (const auto& [path, file] : run.files) {
-            EXPECT_EQ(told([&](const auto& box) {
-                          return box.text.find(core::quoted(path)) != std::string::npos;
-                      }),
-                      path.find("-unread-") == std::string::npos ? 0 : 1)
-                << path;
-        }
-        const std::string saved = Outcome(run.files).saved();
-        EXPECT_EQ(saved, run.loaded ? after : bare);
-    });
 }
 
 }  // namespace
