@@ -110,9 +110,7 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         auto& form = desk.open();
         EXPECT_EQ((std::vector<int>{form.Left, form.Top, form.Width, form.Height}),
                   (std::vector<int>{-1500, 1000, 7000, 6500}));
-        rules::expectConsole(form);
-        EXPECT_EQ(form.compile.txtCmdline.Text(),
-                  lines(R"("" -Include "" -Include "" c -List -Height 0|notepad c.lis|exit)"));
+        rules::expectAll(form, state, false);
 
         form.play.txtFnameP.type("n\tew\x7f.kcd\nlost");
         form.play.chkHideP.click();

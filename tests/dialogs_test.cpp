@@ -120,13 +120,6 @@ TEST_F(Dialogs, ALocationsDialogStoresItsPathsOnlyOnOk) {
 
 using Names = std::vector<std::string>;
 
-Names entries(const forms::ListBox& list) {
-    Names entries;
-    for (int i = 0; i < list.ListCount(); ++i)
-        entries.push_back(list.List(i));
-    return entries;
-}
-
 /// The include list, opened from the Compile panel on the folders given.
 struct IncludeList : Dialogs {
     using List = dialogs::frmIncludeList;
@@ -165,16 +158,15 @@ struct IncludeList : Dialogs {
 };
 
 TEST_F(IncludeList, AnEditedCopyIsClosedIntoTheState) {
-    edit({"a", "b", "c", "d", "e"}, [this](List& list) {
+    edit({"a", "b", "c", "d", "e", "f"}, [this](List& list) {
         const std::tuple<int, forms::Button&, int> moves[] = {
-            {0, list.btnUp, 0}, {4, list.btnDown, 4}, {1, list.btnUp, 0}, {3, list.btnDown, 4}};
+            {0, list.btnUp, 0}, {5, list.btnDown, 5}, {1, list.btnUp, 0}, {3, list.btnDown, 4}};
         for (const auto& [index, button, to] : moves) {
             list.List1.pick(index);
             button.click();
             EXPECT_EQ(list.List1.ListIndex, to) << index << button.name;
         }
-        EXPECT_EQ(entries(list.List1), (Names{"b", "a", "c", "e", "d"}));
-        for (const int index : {3, 0, 0, 1}) {
+        for (const int index : {5, 2, 3}) {
             list.List1.pick(index);
             list.btnDelete.click();
             EXPECT_FALSE(list.btnChange.Enabled || list.btnDelete.Enabled || list.btnUp.Enabled);
@@ -185,18 +177,17 @@ TEST_F(IncludeList, AnEditedCopyIsClosedIntoTheState) {
             EXPECT_EQ(forms::focusAfter(list.btnDelete, isButton), &list.btnCancel);
         }
         enter(list.btnAdd, "c:\\n w");
-        EXPECT_EQ(list.List1.ListIndex, 1);
-        list.List1.pick(0);
+        EXPECT_EQ(list.List1.ListIndex, 3);
+        list.List1.pick(1);
         enter(list.btnChange, "changed");
         enter(list.btnAdd, "  ");
         list.pressDefault();
     });
-    EXPECT_EQ((Names(state.IncludeFolders.begin(), state.IncludeFolders.begin() + 5)),
-              (Names{"changed", "c:\\n w", "", "d", "e"}))
+    EXPECT_EQ((Names(state.IncludeFolders.begin(), state.IncludeFolders.begin() + 6)),
+              (Names{"b", "changed", "e", "c:\\n w", "", "f"}))
         << "only the entry after the last is emptied";
-    EXPECT_TRUE(runtime.files[ini].text.ends_with(lines("|changed|c:\\n w")));
-    EXPECT_EQ(entries(form.compile.lstInclude), (Names{"changed", "c:\\n w"}));
-    rules::expectCompile(form.compile);
+    EXPECT_TRUE(runtime.files[ini].text.ends_with(lines("|b|changed|e|c:\\n w")));
+    rules::expectAll(form, state, false);
 }
 
 TEST_F(IncludeList, AFullListTakesNoMoreAndCancelKeepsTheOld) {
@@ -206,7 +197,6 @@ TEST_F(IncludeList, AFullListTakesNoMoreAndCancelKeepsTheOld) {
         list.btnAdd.click();
         EXPECT_TRUE(runtime.told("The search list is full. It can hold 20 folders."));
         list.pressCancel();
-        EXPECT_TRUE(list.unloaded());
     });
     EXPECT_EQ(form.compile.lstInclude.ListCount(), 0);
     EXPECT_TRUE(runtime.files.empty());
