@@ -17,8 +17,6 @@ using namespace std::literals;
 
 namespace {
 
-using Words = std::vector<std::string>;
-
 class Batch : public LinuxDesktop {
   protected:
     Batch() {
@@ -224,10 +222,12 @@ TEST_F(Batch, StaysInItsTerminalAfterAnError) {
         setenv(name, ".", 1);
     int terminal = -1;
     const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+    ASSERT_GE(child, 0);
     if (child == 0) {
         dup2(STDERR_FILENO, 9);
         execl(NWBW_PROGRAMS "/nwbw-batch", "", "../x.bat", "kelm", (home / "nwbw").c_str(),
               nullptr);
+        _exit(127);
     }
     std::string seen;
     char next = 0;
@@ -244,7 +244,8 @@ TEST_F(Batch, StaysInItsTerminalAfterAnError) {
 }
 
 TEST_F(Batch, GivesEachTerminalItsWords) {
-    const Words command = {c / "kelm/tool.exe", "it's $x", "a\tb\nc\vd\fe\rf", "#%\\;&|<>*", ""};
+    const std::vector<std::string> command = {c / "kelm/tool.exe", "it's $x", "a\tb\nc\vd\fe\rf",
+                                              "#%\\;&|<>*", ""};
     fs::create_symlink("/usr/bin/env", home / "bin/env");
     // Each that takes its words in its own way.
     for (const std::string name : {"xterm", "konsole", "gnome-terminal", "tilix", "sakura",
@@ -271,11 +272,12 @@ TEST_F(Batch, GivesEachTerminalItsWords) {
               "qterminal cannot be given a name with a double quote: -Sa\\\"b");
     // Debian's alternative is a wrapper that knows only xterm's options.
     unsetenv("TERMINAL");
-    for (const char* name : {"mate-terminal", "mate-terminal.wrapper"})
-        program(home / "bin" / name);
+    const fs::path mate = home / "bin/mate-terminal";
+    program(mate);
+    program(mate.string() + ".wrapper");
     fs::create_symlink("mate-terminal.wrapper", home / "bin/x-terminal-emulator");
     EXPECT_EQ(inTerminal({"k"}, false).words,
-              (Words{home / "bin/mate-terminal", "--disable-factory", "-x", "k"}));
+              (std::vector{mate.string(), "--disable-factory"s, "-x"s, "k"s}));
     unsetenv("PATH");
     EXPECT_EQ(onSearchPath("env"), "/usr/bin/env");
 }

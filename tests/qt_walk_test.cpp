@@ -86,8 +86,7 @@ struct WindowWalk : testing::Test, endurance::Choices {
                 const auto& rows = dynamic_cast<const QListWidget&>(widget);
                 ASSERT_EQ(rows.count(), list->ListCount());
                 // With the focus, Qt makes the first row current without selecting it.
-                const QModelIndexList selected = rows.selectionModel()->selectedRows();
-                ASSERT_EQ(selected.isEmpty() ? -1 : selected.first().row(), list->ListIndex);
+                ASSERT_EQ(rows.selectionModel()->selectedRows().value(0).row(), list->ListIndex);
             }
             ASSERT_EQ(widget.isEnabledTo(widget.parentWidget()), control->Enabled);
             ASSERT_EQ(widget.isVisibleTo(widget.parentWidget()), control->inSight());

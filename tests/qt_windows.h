@@ -106,6 +106,8 @@ struct Windows : testing::Test {
         QTest::keyClick(focused ? focused : window, key, modifiers);
         QCoreApplication::processEvents();
         EXPECT_FALSE(QApplication::activePopupWidget());
-        return std::exchange(heard, "") + "@" + window->focusWidget()->objectName().toStdString();
+        focused = window->focusWidget();
+        const std::string reached = focused ? focused->objectName().toStdString() : "none";
+        return std::exchange(heard, "") + "@" + reached;
     }
 };
