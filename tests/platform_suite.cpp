@@ -226,7 +226,5 @@ TEST_F(Platform, ListsDrivesAndFolders) {
     EXPECT_EQ(names, (std::vector<std::string>{"games", "tales"}));
     EXPECT_TRUE(runtime.folders(in("games\\")).empty());
     EXPECT_EQ(runtime.currentFolder(), folder);
-    const std::vector<std::string> drives = runtime.drives();
-    EXPECT_EQ(std::ranges::count(drives, "c:"), 1);
-    EXPECT_TRUE(std::ranges::is_sorted(drives));
+    EXPECT_EQ(std::ranges::count(runtime.drives(), "c:"), 1);
 }
