@@ -254,15 +254,10 @@ using Desk = DeskWith<FakeToolkit>;
 /// Loads every form of the program, beginning with a console.
 inline std::vector<forms::Form*> everyForm(forms::Application& application,
                                            core::Program& program) {
-    auto& console = application.load<console::frmConsole>(program);
-    auto& list = console.compile.lstInclude;
-    return {&console,
-            &application.load<docs::frmSplash>([] {}),
-            &application.load<docs::frmAbout>(program),
-            &application.load<dialogs::frmSettings>(program),
-            &application.load<dialogs::frmSettings2>(program),
-            &application.load<dialogs::frmIncludeList>(program),
-            &application.load<dialogs::frmIncludeAdd>(program, list)};
+    std::vector<forms::Form*> loaded;
+    for (auto& form : console::everyForm(application, program))
+        loaded.push_back(&application.add(std::move(form)));
+    return loaded;
 }
 
 /// Returns the lines that "|" separates, each ended by CRLF.

@@ -69,6 +69,27 @@ TEST_F(Panels, TheFileNameMakesTheCommands) {
     }
 }
 
+TEST_F(Panels, AnOptionIsInTheCommandsExactlyWhileItIsOn) {
+    for (int step = 0; step < 3 * 3; ++step) {
+        const int panel = 1 + step % 3;
+        form.tbsOptions.pick(panel + 1);
+        for (forms::Control* control : form.picOptions(panel).allControls()) {
+            SCOPED_TRACE(control->fullName() + " in step " + std::to_string(step));
+            if (auto* box = dynamic_cast<forms::TextBox*>(control))
+                box->type("d:\\new" + std::to_string(step) + ".x");
+            else if (!control->name.starts_with("btn") && !control->name.starts_with("chkHide"))
+                control->click();
+            rules::expectAll(form, state, false);
+        }
+    }
+    state.EditorPath = state.WordProcessorPath = "";
+    compile.optEditor(1).click();
+    for (const int tab : {4, 2})
+        form.tbsOptions.pick(tab);
+    EXPECT_FALSE(compile.optEditor(1).Enabled || compile.optEditor(1).Value);
+    EXPECT_FALSE(spelling.chkAutoOpen.Enabled || spelling.chkAutoOpen.Value);
+}
+
 TEST_F(Panels, CompileChecksInOrderAndStarts) {
     const std::string base = R"(c:\games\longername)";
     auto& button = compile.btnCompile;

@@ -205,12 +205,6 @@ TEST(ShortNames, DependOnTheCompetingStemsOnly) {
         EXPECT_EQ(ShortNames({names.rbegin(), names.rend()}).shortFor(names[0]), shortName);
         EXPECT_EQ(ShortNames(names).longFor(shortName), names[0]);
     }
-    std::vector<std::string> many;
-    for (int i = 0; i < 10'000; ++i)
-        many.push_back("chapter" + std::to_string(i) + ".kel");
-    const ShortNames shortNames(many);
-    for (const std::string& name : many)
-        EXPECT_EQ(shortNames.longFor(shortNames.shortFor(name)), name);
 }
 
 TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {

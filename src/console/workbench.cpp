@@ -9,6 +9,21 @@
 
 namespace console {
 
+std::vector<std::unique_ptr<forms::Form>> everyForm(forms::Application& application,
+                                                    core::Program& program) {
+    std::vector<std::unique_ptr<forms::Form>> forms;
+    auto console = std::make_unique<frmConsole>(application, program);
+    forms::ListBox& list = console->compile.lstInclude;
+    forms.push_back(std::move(console));
+    forms.push_back(std::make_unique<docs::frmSplash>(application, [] {}));
+    forms.push_back(std::make_unique<docs::frmAbout>(application, program));
+    forms.push_back(std::make_unique<dialogs::frmSettings>(application, program));
+    forms.push_back(std::make_unique<dialogs::frmSettings2>(application, program));
+    forms.push_back(std::make_unique<dialogs::frmIncludeList>(application, program));
+    forms.push_back(std::make_unique<dialogs::frmIncludeAdd>(application, program, list));
+    return forms;
+}
+
 Workbench::Workbench(core::Runtime& runtime, forms::Toolkit& toolkit)
     : application_(
           toolkit,
@@ -17,20 +32,6 @@ Workbench::Workbench(core::Runtime& runtime, forms::Toolkit& toolkit)
           },
           [this] { save(); }),
       program_{runtime} {}
-
-std::vector<std::unique_ptr<forms::Form>> Workbench::everyForm() {
-    std::vector<std::unique_ptr<forms::Form>> forms;
-    auto console = std::make_unique<frmConsole>(application_, program_);
-    forms::ListBox& list = console->compile.lstInclude;
-    forms.push_back(std::move(console));
-    forms.push_back(std::make_unique<docs::frmSplash>(application_, [] {}));
-    forms.push_back(std::make_unique<docs::frmAbout>(application_, program_));
-    forms.push_back(std::make_unique<dialogs::frmSettings>(application_, program_));
-    forms.push_back(std::make_unique<dialogs::frmSettings2>(application_, program_));
-    forms.push_back(std::make_unique<dialogs::frmIncludeList>(application_, program_));
-    forms.push_back(std::make_unique<dialogs::frmIncludeAdd>(application_, program_, list));
-    return forms;
-}
 
 void Workbench::start() {
     application_.dispatch([this] {

@@ -39,11 +39,12 @@ void Application::run(const std::function<void()>& handler) {
     }
 }
 
-void Application::add(std::unique_ptr<Form> form) {
+Form& Application::add(std::unique_ptr<Form> form) {
     Form& added = *form;
     open_.push_back(std::move(form));
     toolkit_.build(added);
     dispatch([&] { added.Form_Load(); });
+    return added;
 }
 
 void Application::remove(Form& form) {

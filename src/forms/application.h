@@ -75,6 +75,9 @@ class Application {
         return loaded;
     }
 
+    /// Does the same for a form that was created on this application, and returns it.
+    Form& add(std::unique_ptr<Form> form);
+
     /// Number of open forms.
     [[nodiscard]] int Count() const { return static_cast<int>(open_.size()); }
     /// Returns an open form; index is 0-based, in order of loading.
@@ -85,7 +88,6 @@ class Application {
   private:
     friend class Form;
     void run(const std::function<void()>& handler);
-    void add(std::unique_ptr<Form> form);
     void remove(Form& form);
 
     Toolkit& toolkit_;

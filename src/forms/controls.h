@@ -291,8 +291,8 @@ class ControlArray {
 /// 1. Declare its class above, with its properties and a method for each user action, and its
 ///    `accept` in controls.cpp.
 /// 2. Declare its overload here. The compiler then names every visitor that lacks it: the ones that
-///    create the peers, the one that fits the font, the user of the random walk, and the one that
-///    checks what a screen reader is told.
+///    create the peers, the one that fits the font, and the one that checks what a screen reader is
+///    told.
 /// 3. Write its peer for each toolkit, in platform/linux/qt and platform/windows/win32, and list
 ///    its source file in their CMakeLists.txt.
 /// 4. In tests check it in qt_test.cpp and win32_test.cpp. Let the random walks of the windows act
