@@ -160,7 +160,7 @@ struct IncludeList : Dialogs {
 TEST_F(IncludeList, AnEditedCopyIsClosedIntoTheState) {
     edit({"a", "b", "c", "d", "e", "f"}, [this](List& list) {
         const std::tuple<int, forms::Button&, int> moves[] = {
-            {0, list.btnUp, 0}, {5, list.btnDown, 5}, {1, list.btnUp, 0}, {3, list.btnDown, 4}};
+            {0, list.btnUp, 0}, {5, list.btnDown, 5}, {1, list.btnUp, 0}, {4, list.btnDown, 5}};
         for (const auto& [index, button, to] : moves) {
             list.List1.pick(index);
             button.click();
@@ -184,9 +184,9 @@ TEST_F(IncludeList, AnEditedCopyIsClosedIntoTheState) {
         list.pressDefault();
     });
     EXPECT_EQ((Names(state.IncludeFolders.begin(), state.IncludeFolders.begin() + 6)),
-              (Names{"b", "changed", "e", "c:\\n w", "", "f"}))
+              (Names{"b", "changed", "d", "c:\\n w", "", "f"}))
         << "only the entry after the last is emptied";
-    EXPECT_TRUE(runtime.files[ini].text.ends_with(lines("|b|changed|e|c:\\n w")));
+    EXPECT_TRUE(runtime.files[ini].text.ends_with(lines("|b|changed|d|c:\\n w")));
     rules::expectAll(form, state, false);
 }
 

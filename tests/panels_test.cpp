@@ -83,7 +83,8 @@ TEST_F(Panels, AnOptionIsInTheCommandsExactlyWhileItIsOn) {
         }
     }
     state.EditorPath = state.WordProcessorPath = "";
-    compile.optEditor(1).click();
+    compile.optEditor(1).Value = true;
+    spelling.chkAutoOpen.Value = 1;
     for (const int tab : {4, 2})
         form.tbsOptions.pick(tab);
     EXPECT_FALSE(compile.optEditor(1).Enabled || compile.optEditor(1).Value);

@@ -198,7 +198,6 @@ TEST(ShortNames, DependOnTheCompetingStemsOnly) {
         {{"-rf"}, "_RF~1"},
         {{"$%'-_@~`.!()"}, "$%'-_@~`.!()"},
         {{"a{}^#&.kel"}, "a{}^#&.kel"},
-        {{"..."}, "_~1"},
     };
     for (const auto& [names, shortName] : cases) {
         EXPECT_EQ(ShortNames(names).shortFor(names[0]), shortName) << names[0];
