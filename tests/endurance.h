@@ -5,11 +5,7 @@
 #include <string>
 #include <vector>
 
-#if defined(__GLIBC__)
-#include <malloc.h>
-#endif
-
-/// What the random walks share: their length, their choices, and the memory in use.
+/// What the random walks share: their length and their choices.
 namespace endurance {
 
 /// Returns the number in the environment variable, or else `brief`.
@@ -35,15 +31,5 @@ struct Choices {
     const int seed = setting("NWBW_SEED", 1);
     std::mt19937 random{static_cast<unsigned>(seed)};
 };
-
-/// Returns the bytes in use on the heap; 0 where the system or a sanitizer hides them.
-inline std::size_t heapInUse() {
-#if defined(__GLIBC__)
-    const auto heap = mallinfo2();
-    return heap.uordblks + heap.hblkhd;
-#else
-    return 0;
-#endif
-}
 
 }  // namespace endurance
