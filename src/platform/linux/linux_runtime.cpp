@@ -194,10 +194,8 @@ void LinuxRuntime::startScript(const std::string& path, bool maximised) {
     const HostPath script = hostPath("start", path);
     readBatch(script);  // told here rather than in the terminal
     const HostPath interpreter = programFolder_ / "nwbw-batch";
-    if (access(interpreter.c_str(), X_OK) != 0) {
-        throw core::Refusal("Cannot start " + path + ": the program nwbw-batch is missing in " +
-                            programFolder_.text());
-    }
+    if (access(interpreter.c_str(), X_OK) != 0)
+        refuseToStart(path, "the program nwbw-batch is missing in " + programFolder_.text());
     startInTerminal({interpreter.text(), script.text(), platform::currentFolder().text(),
                      disk_.drives().prefix().text()},
                     maximised);

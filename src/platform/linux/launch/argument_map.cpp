@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <system_error>
 
-#include "core/runtime.h"
 #include "core/text.h"
 #include "platform/linux/disk/case_fold.h"
 #include "platform/linux/disk/short_names.h"
+#include "platform/linux/launch/invocation.h"
 
 namespace platform {
 
@@ -80,9 +80,7 @@ void ArgumentMap::map(std::vector<std::string>& arguments, Target target) {
 std::string ArgumentMap::path(const std::string& path, Target target) {
     if (target == Target::Windows) return disk_.longPath(path);
     const auto host = disk_.toHost(path);
-    if (!host) {
-        throw core::Refusal("Cannot start " + program_ + ' ' + path + ": there is no such place.");
-    }
+    if (!host) refuseToStart(program_ + ' ' + path, "there is no such place.");
     return host->text();
 }
 

@@ -12,6 +12,7 @@
 #include "core/common_runtime.h"
 #include "platform/linux/disk/case_fold.h"
 #include "platform/linux/launch/command_line.h"
+#include "platform/linux/launch/invocation.h"
 
 namespace platform {
 
@@ -68,7 +69,7 @@ std::string readBatch(const HostPath& file) {
     struct stat state = {};
     if (fstat(handle, &state) != 0 || state.st_uid != geteuid() ||
         (state.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
-        throw core::Refusal("Cannot start " + file.text() + ": another user may have changed it");
+        refuseToStart(file.text(), "another user may have changed it");
     }
     std::string text = script.readAll().toStdString();
     if (script.error() != QFileDevice::NoError) fail(script.errorString().toStdString());

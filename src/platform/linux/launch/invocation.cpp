@@ -12,7 +12,7 @@
 #include <csignal>
 #include <cstring>
 
-#include "core/runtime.h"
+#include "core/common_runtime.h"
 
 namespace platform {
 
@@ -67,15 +67,13 @@ pid_t spawn(const Invocation& invocation, const SpawnSetup& setup) {
     std::vector<std::string> words = invocation.words;
     for (const std::string& word : words) {
         if (word.find('\0') == std::string::npos) continue;
-        throw core::Refusal("Cannot start " + words.front() + ": a word holds a NUL byte");
+        refuseToStart(words.front(), "a word holds a NUL byte");
     }
     std::vector<std::string> environment = environmentOf(invocation);
     pid_t process = 0;
     const int error = posix_spawn(&process, words.front().c_str(), &setup.files, &setup.attributes,
                                   pointersTo(words).data(), pointersTo(environment).data());
-    if (error != 0) {
-        throw core::RuntimeError("Cannot start " + words.front() + ": " + std::strerror(error));
-    }
+    if (error != 0) core::failTo("start", words.front(), std::strerror(error));
     return process;
 }
 
@@ -129,6 +127,10 @@ void watch(pid_t process, QObject& owner, const std::function<void(const Ending&
 std::string Ending::text() const {
     if (signal == 0) return "ended with exit code " + std::to_string(code);
     return "was ended by signal " + std::to_string(signal) + " (" + strsignal(signal) + ')';
+}
+
+void refuseToStart(const std::string& name, const std::string& reason) {
+    throw core::Refusal("Cannot start " + name + ": " + reason);
 }
 
 void startDetached(const Invocation& invocation, QObject& owner,

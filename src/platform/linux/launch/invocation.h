@@ -24,6 +24,9 @@ struct Ending {
     [[nodiscard]] std::string text() const;
 };
 
+/// Throws core::Refusal "Cannot start NAME: REASON".
+[[noreturn]] void refuseToStart(const std::string& name, const std::string& reason);
+
 /// Starts the program so that it outlives this process. When it ends, calls `ended` from the event
 /// loop, unless `owner` is gone by then. Throws RuntimeError with the system's text if it cannot be
 /// started.

@@ -36,28 +36,24 @@ bool isNotepad(const std::string& name) {
     return equalIgnoringCase(name, "notepad") || equalIgnoringCase(name, "notepad.exe");
 }
 
-[[noreturn]] void refuse(const std::string& name, const std::string& reason) {
-    throw core::Refusal("Cannot start " + name + ": " + reason);
-}
-
 }  // namespace
 
 HostPath Launcher::find(const std::string& name) {
     if (name.empty()) throw core::Refusal("Cannot start a program: none is named.");
     if (name.find_first_of("\\/:") == std::string::npos) {
         std::string program = onSearchPath(name);
-        if (program.empty()) refuse(name, "there is no such program on the search path.");
+        if (program.empty()) refuseToStart(name, "there is no such program on the search path.");
         return HostPath(std::move(program));
     }
     const auto program = disk_.toHost(name);
-    if (!program || !isFile(*program)) refuse(name, "there is no such program.");
+    if (!program || !isFile(*program)) refuseToStart(name, "there is no such program.");
     return *program;
 }
 
 Invocation Launcher::editorFor(const std::string& file) {
     if (file.empty()) return textEditor("");
     const auto host = disk_.toHost(file);
-    if (!host) refuse("notepad " + file, "there is no such place.");
+    if (!host) refuseToStart("notepad " + file, "there is no such place.");
     return textEditor(host->text());
 }
 
@@ -78,7 +74,7 @@ Invocation Launcher::prepare(const CommandLine& command) {
     Invocation invocation;
     switch (kindOf(program)) {
         case Kind::Host:
-            if (access(program.c_str(), X_OK) != 0) refuse(name, "it may not be executed.");
+            if (access(program.c_str(), X_OK) != 0) refuseToStart(name, "it may not be executed.");
             invocation.words = {program.text()};
             ArgumentMap(disk_, name).toHost(arguments);
             break;
@@ -87,7 +83,7 @@ Invocation Launcher::prepare(const CommandLine& command) {
             ArgumentMap(disk_, name).toLongNames(arguments);
             break;
         case Kind::Unknown:
-            refuse(name, "it is not a program that runs here.");
+            refuseToStart(name, "it is not a program that runs here.");
     }
     invocation.words.insert(invocation.words.end(), arguments.begin(), arguments.end());
     return invocation;
