@@ -6,8 +6,6 @@ using namespace fakes;
 
 namespace {
 
-const std::string ini = R"(c:\nwb\nwbw.ini)";
-
 /// A run of the whole program.
 struct Start : testing::Test {
     FakeRuntime runtime;

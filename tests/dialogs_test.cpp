@@ -10,8 +10,6 @@ using core::AppState;
 
 namespace {
 
-const std::string ini = "c:\\nwb\\nwbw.ini";
-
 using Boxes = std::vector<FakeRuntime::Box>;
 
 struct Dialogs : testing::Test, Desk {

@@ -23,6 +23,9 @@
 /// Stand-ins for the platform and its windows.
 namespace fakes {
 
+/// The settings file.
+inline const std::string ini = R"(c:\nwb\nwbw.ini)";
+
 /// A platform in memory. Records what the program does, gives preset answers, and can fail.
 class FakeRuntime : public core::Runtime {
   public:

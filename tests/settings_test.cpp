@@ -9,7 +9,6 @@ using core::AppState;
 
 namespace {
 
-const std::string ini = R"(c:\nwb\nwbw.ini)";
 const std::string tmp = R"(c:\nwb\~nwbwini.tmp)";
 const std::string bkp = R"(c:\nwb\nwbwini.bkp)";
 const std::string beta3 = R"(c:\nwb\kelmcons.ini)";

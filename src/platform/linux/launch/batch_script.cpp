@@ -18,8 +18,6 @@ namespace platform {
 
 namespace {
 
-constexpr std::string_view blanks = " \t";
-
 bool isDrive(std::string_view text) {
     return text.size() == 2 && isLetter(text[0]) && text[1] == ':';
 }

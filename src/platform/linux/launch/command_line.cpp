@@ -6,8 +6,6 @@ namespace platform {
 
 namespace {
 
-constexpr std::string_view blanks = " \t";
-
 /// Removes the first word from the text and returns it with its quotes. "<" is a word of its own.
 std::string_view takeWord(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));

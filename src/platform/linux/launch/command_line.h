@@ -18,6 +18,8 @@ struct CommandLine {
     std::string rest;                  ///< everything after the program, as one name
 };
 
+constexpr std::string_view blanks = " \t";
+
 /// Returns the text without leading and trailing blanks.
 std::string_view trimmed(std::string_view text);
 /// Returns the text without its double quotes.
