@@ -23,7 +23,8 @@ add_custom_target(wine_prefix ALL DEPENDS wine/system.reg)
 # Starting a program under Wine is slow, so each test program is one test.
 function(nwbw_tests program)
   add_test(NAME ${program} COMMAND ${program})
-  set_tests_properties(${program} PROPERTIES ENVIRONMENT "${wine_environment}" TIMEOUT ${nwbw_time_limit})
+  set_tests_properties(${program} PROPERTIES
+    ENVIRONMENT "${wine_environment}" TIMEOUT ${nwbw_time_limit} RESOURCE_LOCK wine)
 endfunction()
 
 # The same for a program that opens windows, on a hidden display. Wine stays with the display it
@@ -33,11 +34,12 @@ function(nwbw_window_tests program)
     sh -c "\"$1\" --kill; exec xvfb-run --auto-servernum wine \"$0\""
     $<TARGET_FILE:${program}> ${PROJECT_SOURCE_DIR}/scripts/wineserver)
   set_tests_properties(${program} PROPERTIES
-    ENVIRONMENT "${wine_environment}" TIMEOUT ${nwbw_time_limit} RUN_SERIAL ON)
+    ENVIRONMENT "${wine_environment}" TIMEOUT ${nwbw_time_limit} RESOURCE_LOCK wine)
 endfunction()
 
-# The tour of the real program. The tour itself is a program of this system: scripts/build dev tour.
+# The tour of the real program, in a prefix of its own beside the other tests. The tour itself is a
+# program of this system: scripts/build dev tour.
 add_test(NAME tour_windows
   COMMAND ${PROJECT_SOURCE_DIR}/scripts/hidden-display
     ${PROJECT_SOURCE_DIR}/build/dev/bin/tour ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
-set_tests_properties(tour_windows PROPERTIES RUN_SERIAL ON TIMEOUT ${nwbw_time_limit})
+set_tests_properties(tour_windows PROPERTIES TIMEOUT ${nwbw_time_limit})
