@@ -192,7 +192,7 @@ struct End : WindowWalk {
         EXPECT_TRUE(told.ends_with("T: rtcSaveSetting failed\n: Second\n")) << told;
         EXPECT_EQ(application.Count(), 0);
         EXPECT_EQ(answer, core::Runtime::Answer::No);
-        EXPECT_NE(runtime.files["c:\\nwb\\nwbw.ini"].text.find("last.kel"), std::string::npos);
+        EXPECT_NE(runtime.files[fakes::ini].text.find("last.kel"), std::string::npos);
     }
 };
 
@@ -202,7 +202,7 @@ TEST_F(End, OfTheDisplayServer) {
         runtime.failAt = runtime.calls + 1;
         console.save();
         console.save();
-        std::cerr << runtime.files["c:\\nwb\\nwbw.ini"].text;
+        std::cerr << runtime.files[fakes::ini].text;
     });
     EXPECT_EXIT(std::exit(1), testing::ExitedWithCode(1), "T: rtcDir failed(.|\n)*last.kel");
 }

@@ -18,6 +18,7 @@ struct CommandLine {
     std::string rest;                  ///< everything after the program, as one name
 };
 
+/// What separates words.
 constexpr std::string_view blanks = " \t";
 
 /// Returns the text without leading and trailing blanks.
