@@ -1,4 +1,5 @@
-// Short names are short, each means one file or none, and depends on the stems in its folder only.
+// Short names are short, each means one file or none, also after other files have come or gone, and
+// depends on the stems in its folder only.
 
 #include "platform/linux/disk/short_names.h"
 
@@ -36,12 +37,29 @@ Names otherwise(const Names& names) {
     return others;
 }
 
+/// Expects that a short name that a file had in one state of its folder means no other file in
+/// another state.
+void checkLater(const Names& names, const platform::ShortNames& one,
+                const platform::ShortNames& other) {
+    for (const std::string& name : names) {
+        const std::string shortName = one.shortFor(name);
+        const std::string longName = other.longFor(shortName);
+        check(longName == name || longName == shortName, "a short name never means another file");
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const Names names = namesIn({reinterpret_cast<const char*>(data), size});
     const platform::ShortNames all(names);
     const platform::ShortNames others(otherwise(names));
+    for (std::size_t gone = 1; gone < names.size(); ++gone) {
+        const Names left(names.begin() + static_cast<std::ptrdiff_t>(gone), names.end());
+        const platform::ShortNames rest(left);
+        checkLater(left, all, rest);
+        checkLater(left, rest, all);
+    }
     std::set<std::string> seen;
     for (const std::string& name : names) {
         const std::string shortName = all.shortFor(name);
