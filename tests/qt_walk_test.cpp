@@ -2,8 +2,8 @@
 
 #include <csignal>
 #include <iostream>
+#include <random>
 
-#include "endurance.h"
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/end_request.h"
 #include "platform/linux/qt/message_box.h"
@@ -19,7 +19,10 @@ std::size_t heapInUse() {
 }
 
 /// A user who presses any key and clicks anywhere, in the topmost window.
-struct WindowWalk : testing::Test, endurance::Choices {
+struct WindowWalk : testing::Test {
+    std::size_t any(std::size_t count) { return random() % count; }
+    std::string anyName() { return names[any(names.size())].toStdString(); }
+
     /// Acts on the window and on those that open above it, until it closes or `most` times.
     void work(QWidget& window, int most) {
         const QPointer<QWidget> open(&window);
@@ -115,6 +118,13 @@ struct WindowWalk : testing::Test, endurance::Choices {
         Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,       Qt::Key_Tab,  Qt::Key_Space,
         Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Backspace, Qt::Key_Home, Qt::Key_Left,
         Qt::Key_Colon,  Qt::Key_Period, Qt::Key_Backslash, Qt::Key_Tab};
+    const QStringList names =
+        QString(
+            "|cave.kcd|d:\\tool.exe|d:quest.kelm|a,b\"c.log|much too long.kel|"
+            "c:\\games\\cave.kel|c:\\my.dir\\games\\|\\my.dir\\game")
+            .split('|');
+    const int seed = qEnvironmentVariable("NWBW_SEED", "1").toInt();
+    std::mt19937 random{static_cast<unsigned>(seed)};
     const QTemporaryDir folder;
     fakes::FakeRuntime runtime;
     qt::QtToolkit toolkit{
@@ -133,13 +143,13 @@ struct WindowWalk : testing::Test, endurance::Choices {
 
 TEST_F(WindowWalk, RandomKeysAndClicksKeepEveryRuleAndNoMemory) {
     SCOPED_TRACE("seed " + std::to_string(seed));
-    const int most = endurance::setting("NWBW_ACTIONS", 1500);
+    const int most = qEnvironmentVariable("NWBW_ACTIONS", "1500").toInt();
     runtime.whileBoxIsOpen = [this] {
         const auto box = std::exchange(runtime.boxes, {}).back();
         runtime.answer = qt::messageBox(box.text, box.flags, box.title);
     };
-    for (const std::string& name : names)
-        runtime.files[name];
+    for (const QString& name : names)
+        runtime.files[name.toStdString()];
     console.mnuFileExit.Enabled = false;
     QTimer::singleShot(0, [&] {
         console.Show();

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "endurance.h"
+#include "fakes.h"
 #include "forms/file_lists.h"
 #include "helpers.h"
 #include "platform/windows/wide.h"
@@ -15,7 +15,6 @@
 #include "platform/windows/win32/message_box.h"
 #include "platform/windows/win32/peers.h"
 #include "platform/windows/win32/toolkit.h"
-#include "rules.h"
 
 using namespace fakes;
 
@@ -25,30 +24,10 @@ LRESULT ask(HWND window, UINT message) {
     return SendMessageW(window, message, 0, 0);
 }
 
-/// Expects the window to match its control, and each group of options to have one tab stop.
-void expectShown(const forms::Control& control, HWND window) {
-    const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
-    ASSERT_EQ(control.Enabled, !(style & WS_DISABLED)) << control.fullName();
-    ASSERT_EQ(control.inSight(), (style & WS_VISIBLE) != 0) << control.fullName();
-    const auto expectValue = [&](LRESULT value, UINT message) {
-        ASSERT_EQ(value, ask(window, message)) << control.fullName();
-    };
-    if (const auto* box = dynamic_cast<const forms::CheckBox*>(&control))
-        expectValue(box->Value, BM_GETCHECK);
-    if (const auto* list = dynamic_cast<const forms::ListBox*>(&control))
-        expectValue(list->ListIndex, LB_GETCURSEL);
-    if (const auto* tabs = dynamic_cast<const forms::TabStrip*>(&control))
-        expectValue(tabs->SelectedItem - 1, TCM_GETCURSEL);
-    if (const auto* list = dynamic_cast<const forms::DriveList*>(&control))
-        expectValue(std::ranges::find(list->drives(), list->Drive()) - list->drives().begin(),
-                    CB_GETCURSEL);
-    if (const auto* option = dynamic_cast<const forms::OptionButton*>(&control)) {
-        expectValue(option->Value, BM_GETCHECK);
-        ASSERT_EQ(option->Value, (style & WS_TABSTOP) != 0) << control.fullName();
-    }
-    const auto* text = dynamic_cast<const forms::TextBox*>(&control);
-    if (text && text->Visible)
-        expectValue(std::ssize(platform::wide(text->Text())), WM_GETTEXTLENGTH);
+std::string textOf(HWND window) {
+    std::wstring text(GetWindowTextLengthW(window), L'\0');
+    GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
+    return platform::narrow(text);
 }
 
 HWND windowOf(const forms::Control& control) {
@@ -61,12 +40,11 @@ RECT placeOf(HWND window) {
     return place;
 }
 
-/// The system's windows, with a user who chooses any file.
-struct Toolkit : win32::Win32Toolkit, endurance::Choices {
-    std::string chooseFile(forms::Form&, const forms::FileQuestion&) override { return anyName(); }
-};
+HWND windowOf(forms::Form& form) {
+    return dynamic_cast<win32::FormWindow&>(*form.window()).window();
+}
 
-struct Windows : testing::Test, DeskWith<Toolkit> {
+struct Windows : testing::Test, DeskWith<win32::Win32Toolkit> {
     console::frmConsole& form = open();
 
     ~Windows() override {
@@ -86,9 +64,7 @@ struct Windows : testing::Test, DeskWith<Toolkit> {
             return PeekMessageW(&next, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_NOREMOVE) != 0;
         });
     }
-    [[nodiscard]] HWND window() const {
-        return dynamic_cast<win32::FormWindow&>(*form.window()).window();
-    }
+    [[nodiscard]] HWND window() const { return windowOf(form); }
     /// Returns the resolution of the console's layout, while it has the width of its definition.
     [[nodiscard]] int layoutDpi() const {
         return MulDiv(placeOf(window()).right - placeOf(window()).left, 1440, 6500);
@@ -124,6 +100,152 @@ TEST_F(Windows, KeysReachTheModel) {
     SetFocus(windowOf(form.play.optPlayer(1)));
     press(WM_KEYDOWN, VK_UP);
     EXPECT_EQ(form.play.player(), 2) << "wraps around and skips a disabled option";
+}
+
+TEST_F(Windows, ADialogShowsWhatEnterPressesAndEscEndsIt) {
+    const auto isDefault = [](HWND button) {
+        return (GetWindowLongW(button, GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+    };
+    soon([&] {
+        EXPECT_FALSE(IsWindowEnabled(window()));
+        const HWND ok = windowOf(*application.Forms(1).find("OKButton"));
+        EXPECT_TRUE(isDefault(ok));
+        press(WM_KEYDOWN, VK_TAB);
+        EXPECT_TRUE(isDefault(GetFocus()) && !isDefault(ok));
+        press(WM_KEYDOWN, VK_ESCAPE);
+    });
+    form.mnuOptionsPrograms.click();
+    EXPECT_TRUE(IsWindowEnabled(window()));
+}
+
+/// An automation tool, which meets a control of any kind and acts on it by messages. A control that
+/// is in use must follow, and another one must not.
+struct Tool : forms::ControlVisitor {
+    void meet(forms::Control& met, int itsId) {
+        SCOPED_TRACE(met.form().name + " " + met.fullName());
+        control = &met;
+        id = itsId;
+        if (const auto* peer = win32::peerOf(&met)) {
+            window = peer->window();
+            const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
+            EXPECT_EQ(met.Enabled, !(style & WS_DISABLED));
+            EXPECT_EQ(met.inSight(), (style & WS_VISIBLE) != 0);
+            EXPECT_TRUE(met.Caption().empty() || met.Caption() == textOf(window));
+        }
+        if (met.peer()) met.accept(*this);
+    }
+
+    void visit(forms::Label&) override {}
+    void visit(forms::Line&) override {}
+    void visit(forms::Image&) override {}
+    void visit(forms::Frame&) override {}
+    void visit(forms::PictureBox&) override {}
+    void visit(forms::StatusBar&) override {}
+    void visit(forms::Button&) override { expectClick(window, BM_CLICK, 0); }
+    void visit(forms::MenuItem& item) override {
+        const HWND form = windowOf(item.form());
+        wchar_t caption[80] = {};
+        GetMenuStringW(GetMenu(form), id, caption, std::size(caption), MF_BYCOMMAND);
+        EXPECT_EQ(platform::narrow(caption), item.Caption() == "-" ? "" : item.Caption());
+        EXPECT_EQ(GetMenuState(GetMenu(form), id, MF_BYCOMMAND) & MF_GRAYED,
+                  item.Enabled ? 0 : MF_GRAYED);
+        expectClick(form, WM_COMMAND, id);
+    }
+    void visit(forms::CheckBox& box) override {
+        for (const UINT message : {BM_SETCHECK, BM_CLICK})
+            follow({1, 0}, message, BM_GETCHECK, [&box] { return box.Value(); });
+    }
+    void visit(forms::OptionButton& option) override {
+        for (const UINT message : {BM_SETCHECK, BM_CLICK}) {
+            option.nextOption(1).click();
+            follow({1}, message, BM_GETCHECK, [&option] { return option.Value(); });
+            EXPECT_EQ(option.isTabStop(), win32::takesFocus(option));
+        }
+    }
+    void visit(forms::TextBox& box) override {
+        for (const auto& [message, typed] :
+             {std::pair(WM_SETTEXT, L"\u00e9 x"), {EM_REPLACESEL, L"y"}}) {
+            const std::string expected =
+                box.usable() && !box.readOnly ? platform::narrow(typed) : box.Text();
+            SendMessageW(window, EM_SETSEL, 0, -1);
+            SendMessageW(window, message, 0, reinterpret_cast<LPARAM>(typed));
+            EXPECT_EQ(box.Text(), expected);
+            EXPECT_TRUE(!box.Visible || textOf(window) == expected);
+        }
+    }
+    void visit(forms::ListBox& list) override {
+        while (list.ListCount() < 4)
+            list.AddItem("c:\\" + std::to_string(list.ListCount()));
+        list.setList(1, "c:\\new");
+        list.RemoveItem(0);
+        EXPECT_EQ(ask(window, LB_GETCOUNT), list.ListCount());
+        for (int row = 0; row < list.ListCount(); ++row)
+            EXPECT_EQ(rowText(row), list.List(row));
+        follow({1, 0, 2}, LB_SETCURSEL, LB_GETCURSEL, [&list] { return list.ListIndex(); });
+    }
+    void visit(forms::DriveList& list) override {
+        follow({1, 0}, CB_SETCURSEL, CB_GETCURSEL, [&list] {
+            return std::ranges::find(list.drives(), list.Drive()) - list.drives().begin();
+        });
+    }
+    void visit(forms::FolderList& list) override {
+        for (const int row : {0, 2}) {
+            SetFocus(window);
+            SendMessageW(window, LB_SETCURSEL, row, 0);
+            Windows::press(WM_KEYDOWN, VK_RETURN);
+            EXPECT_EQ(ask(window, LB_GETCOUNT), std::ssize(list.rows()));
+            EXPECT_EQ(ask(window, LB_GETCURSEL), list.openRow());
+        }
+        EXPECT_EQ(list.Path(), "c:\\tales");
+        EXPECT_EQ(rowText(1) + rowText(2), "   tales      lib");
+    }
+    void visit(forms::TabStrip& tabs) override {
+        for (const UINT message : {TCM_SETCURSEL, TCM_SETCURFOCUS})
+            follow({0, 2, tabs.SelectedItem - 1}, message, TCM_GETCURSEL,
+                   [&tabs] { return tabs.SelectedItem - 1; });
+    }
+
+    void expectClick(HWND receiver, UINT message, WPARAM first) {
+        int clicks = 0;
+        control->setHandler([&clicks] { ++clicks; });
+        SendMessageW(receiver, message, first, 0);
+        EXPECT_EQ(clicks, control->usable());
+    }
+    /// Sends the values, and expects the control and its window to have each.
+    void follow(const std::vector<int>& values, UINT set, UINT get,
+                const std::function<LRESULT()>& now) {
+        for (const int value : values) {
+            const LRESULT expected = control->usable() ? value : now();
+            EXPECT_EQ(ask(window, get), now());
+            SendMessageW(window, set, value, 0);
+            EXPECT_EQ(now(), expected);
+            EXPECT_EQ(ask(window, get), expected);
+        }
+    }
+    [[nodiscard]] std::string rowText(int row) const {
+        wchar_t text[80] = {};
+        SendMessageW(window, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text));
+        return platform::narrow(text);
+    }
+
+    forms::Control* control = nullptr;
+    int id = 0;
+    HWND window = nullptr;
+};
+
+TEST_F(Windows, EveryControlFollowsAnAutomationTool) {
+    runtime.tree = {
+        {"c:\\", {"nwb", "tales"}}, {"c:\\nwb", {}}, {"c:\\tales", {"lib"}}, {"d:\\", {}}};
+    for (forms::Form* shown : everyForm(application, program)) {
+        shown->Show();
+        auto* console = dynamic_cast<console::frmConsole*>(shown);
+        for (int tab = console ? 4 : 1; tab > 0; --tab) {
+            if (console) console->tbsOptions.SelectedItem = tab;
+            int id = win32::firstId;
+            for (forms::Control* control : shown->allControls())
+                Tool().meet(*control, id++);
+        }
+    }
 }
 
 TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
@@ -262,83 +384,6 @@ TEST_F(Windows, BoxesTakeOneDroppedFile) {
     drop(form.play.labLogfile, L"d:\\my games\\\u00e9t\u00e9.log");
     drop(form.play.txtLogfile, {L"c:\\1.log\0c:\\2.log", 17});
     EXPECT_EQ(form.play.txtLogfile.Text(), "d:\\my games\\été.log");
-}
-
-/// A user, or an automation tool, who does anything at random in the topmost window.
-struct WindowsWalk : Windows, endurance::Choices {
-    void work(forms::Form& worked, int most) {
-        for (const int end = actions + most; actions < end && !HasFatalFailure();) {
-            SCOPED_TRACE("action " + std::to_string(++actions));
-            const int before = modals;
-            act(worked, any(worked.allControls().size()));
-            if (worked.unloaded() || HasFatalFailure()) return;
-            for (const forms::Control* control : worked.allControls()) {
-                if (win32::peerOf(control)) expectShown(*control, windowOf(*control));
-            }
-            if (&worked == &form) rules::expectAll(form, program.state, modals != before);
-        }
-        if (&worked != &form) worked.close();
-    }
-
-    /// Presses a key, or acts on one of the form's controls.
-    void act(forms::Form& worked, std::size_t index) {
-        forms::Control& control = *worked.allControls()[index];
-        const auto letter = static_cast<char>('A' + any(26));
-        const bool opensMenu = worked.hasMenu() && (letter == 'F' || letter == 'H');
-        if (any(6) == 0) {
-            press(WM_KEYDOWN, keys[any(keys.size())], any(2) ? VK_SHIFT : 0);
-        } else if (any(6) == 0 && !opensMenu) {
-            press(any(2) ? WM_SYSCHAR : WM_CHAR, letter);
-        } else if (dynamic_cast<forms::MenuItem*>(&control)) {
-            SendMessageW(window(), WM_COMMAND, win32::firstId + index, 0);
-        } else if (win32::peerOf(&control)) {
-            touch(control, windowOf(control));
-        }
-    }
-
-    /// Sends what automation tools send. Each kind of window handles only its own messages.
-    void touch(const forms::Control& control, HWND window) {
-        constexpr UINT messages[][4] = {
-            {BM_CLICK, LB_SETCURSEL, CB_SETCURSEL, TCM_SETCURSEL},
-            {BM_SETCHECK, LB_SETCURSEL, CB_SETCURSEL, TCM_SETCURFOCUS},
-        };
-        if (any(5) == 0 && control.usable())
-            SetFocus(window);
-        else if (dynamic_cast<const forms::TextBox*>(&control))
-            SetWindowTextW(window, platform::wide(anyName()).c_str());
-        else
-            for (const UINT message : messages[any(2)])
-                SendMessageW(window, message, any(4), 0);
-    }
-
-    /// Works the modal forms that an action opens.
-    static void CALLBACK watch(HWND, UINT, UINT_PTR, DWORD) {
-        forms::Form& top = up->application.Forms(up->application.Count() - 1);
-        if (&top == up->worked || &top == &up->form) return;
-        forms::Form* const below = std::exchange(up->worked, &top);
-        ++up->modals;
-        up->work(top, 40);
-        up->worked = below;
-    }
-
-    static inline WindowsWalk* up = nullptr;
-    const std::vector<WPARAM> keys{VK_TAB,   VK_TAB,   VK_TAB,  VK_UP,     VK_DOWN,  VK_LEFT,
-                                   VK_RIGHT, VK_SPACE, VK_HOME, VK_RETURN, VK_ESCAPE};
-    forms::Form* worked = nullptr;
-    int actions = 0;
-    int modals = 0;
-};
-
-TEST_F(WindowsWalk, MessagesOfAllKindsKeepEveryRule) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    up = this;
-    for (const std::string& name : names)
-        runtime.files[name];
-    form.mnuFileExit.Enabled = false;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 10, watch);
-    work(form, endurance::setting("NWBW_ACTIONS", 500));
-    KillTimer(nullptr, timer);
-    EXPECT_GT(modals, 0);
 }
 
 }  // namespace
