@@ -141,7 +141,6 @@ TEST_F(Batch, TellsWhatIsMissing) {
         {tool + "q:\\x", noTool + "q:\\x: there is no such place."},
         {tool + "-OFq:\\x", noTool + "q:\\x: there is no such place."},
         {tool + "-OF\\\\s\\x", noTool + "\\\\s\\x: there is no such place."},
-        {"notepad \\\\s\\x", "Cannot start notepad \\\\s\\x: there is no such place."},
         {tool + "x < none.log", noInput + "none.log: No such file or directory."},
         {tool + "x < q:\\y", noInput + "q:\\y: No such drive."},
         {tool + "x <", "The command was not run: no file is named after \"<\"."},

@@ -18,13 +18,36 @@
 #include "docs/frm_about.h"
 #include "docs/frm_splash.h"
 #include "forms/form.h"
-#include "pages.h"
+#include "helpers.h"
 
 /// Stand-ins for the platform and its windows.
 namespace fakes {
 
 /// The settings file.
 inline const std::string ini = R"(c:\nwb\nwbw.ini)";
+
+/// True if the Help pages explain the message. A variable in the pages matches any text.
+inline bool explains(const std::string& message) {
+    static const std::regex messages = [] {
+        const std::string page = contentOf(fs::path(NWBW_PAGES) / "default.htm");
+        const std::regex entry("<dt class=\"message\"[^>]*>(.*?)</dt>\\s*<dd>");
+        std::string all;
+        for (std::sregex_iterator found(page.begin(), page.end(), entry), end; found != end;
+             ++found)
+            all += '\n' + (*found)[1].str();
+        // Makes one regular expression of them, which matches any text for a variable.
+        for (const auto& [html, written] : {std::pair(R"([.()?*+\[\]\\{}|^$])", R"(\$&)"),
+                                            {"\n", "|"},
+                                            {"<br>", "\r\n"},
+                                            {"<var>[^<]*</var>", ".*"},
+                                            {"&quot;", "\""},
+                                            {"&lt;", "<"},
+                                            {"&amp;", "&"}})
+            all = std::regex_replace(all, std::regex(html), written);
+        return std::regex(all.substr(1));
+    }();
+    return std::regex_match(message, messages);
+}
 
 /// A platform in memory. Records what the program does, gives preset answers, and can fail.
 class FakeRuntime : public core::Runtime {
@@ -39,22 +62,26 @@ class FakeRuntime : public core::Runtime {
         std::string title = {};
         bool operator==(const Box&) const = default;
     };
-    struct Shell {
-        int style;
-        std::string command;
-        bool operator==(const Shell&) const = default;
-    };
+    using Shell = std::pair<int, std::string>;  ///< window style and command
     struct Killed {};
     /// How the text of an exclamation box starts: with a failed operation. A bug
     /// shows no box.
     static inline const std::regex failures{
-        "^((rtc|vba)[A-Za-z]+ failed|File (already exists|not found)$|Permission denied$|"
-        "Cannot open |There is no drive )"};
+        "^((rtc|vba)[A-Za-z]+ failed|Cannot [a-z]+ |There is no drive )"};
+    /// Compares paths without regard to the case of letters.
+    struct PathLess {
+        bool operator()(const std::string& one, const std::string& other) const {
+            const auto fold = [](unsigned char letter) { return std::tolower(letter); };
+            return std::ranges::lexicographical_compare(one, other, {}, fold, fold);
+        }
+    };
+    using Files = std::map<std::string, File, PathLess>;
 
-    std::map<std::string, File> files;
+    Files files;
     std::map<std::string, std::string> shortNames;  ///< of paths that exist
     std::map<std::string, std::string> settings;    ///< by key
-    std::map<std::string, std::vector<std::string>> tree = {{"c:\\", {"nwb"}}, {"c:\\nwb", {}}};
+    std::map<std::string, std::vector<std::string>> tree = {
+        {"c:\\", {"nwb"}}, {"c:\\nwb", {}}, {"c:\\temp", {}}};
     std::map<std::string, std::map<std::string, RegistryValue>> registry;
     std::vector<std::string> driveNames = {"c:", "d:", "e:", "z:"};
     std::string current = "c:\\nwb";  ///< folder
@@ -84,25 +111,27 @@ class FakeRuntime : public core::Runtime {
     std::string rtcDir(const std::string& path) override {
         step("rtcDir");
         EXPECT_NE(path, "") << "which would stand for any file";
-        return files.contains(path) ? path.substr(path.find_last_of("\\:") + 1) : "";
+        const auto found = files.find(path);
+        return found == files.end() ? "" : found->first.substr(path.find_last_of("\\:") + 1);
     }
     std::chrono::system_clock::time_point rtcFileDateTime(const std::string& path) override {
         step("rtcFileDateTime");
-        return std::chrono::system_clock::time_point(std::chrono::seconds(file(path).changed));
+        const int changed = file("find", path)->second.changed;
+        return std::chrono::system_clock::time_point(std::chrono::seconds(changed));
     }
     void vbaFileOpen(const std::string& path, OpenMode mode) override {
         step("vbaFileOpen");
         if (readOnly && mode == OpenMode::Output && path.starts_with(AppPath()))
-            throw core::RuntimeError("Permission denied");
+            throw core::RuntimeError("Cannot open " + path + ": it is read-only");
+        close();
+        if (mode == OpenMode::Output && tree.contains(path.substr(0, path.rfind('\\'))))
+            files[unflushed_ = path].text.clear();
+        reader_ = core::FieldReader(file("open", path)->second.text);
         open_ = path;
-        printed_.clear();
-        if (mode == OpenMode::Output) files[unflushed_ = path].text.clear();
-        reader_ = core::FieldReader(file(path).text);
     }
     void vbaFileClose() override {
         step("vbaFileClose");
-        if (!open_.empty()) files[open_].text += std::exchange(printed_, "");
-        open_.clear();
+        close();
     }
     std::string vbaInputFile() override {
         step("vbaInputFile");
@@ -123,20 +152,22 @@ class FakeRuntime : public core::Runtime {
     }
     void rtcKillFiles(const std::string& path) override {
         step("rtcKillFiles");
-        files.erase(path);
+        files.erase(file("delete", path));
     }
     void vbaNameFile(const std::string& from, const std::string& to) override {
         step("vbaNameFile");
-        if (files.contains(to)) throw core::RuntimeError("File already exists");
+        const auto renamed = file("rename", from);
+        if (files.contains(to))
+            throw core::RuntimeError("Cannot rename " + from + " to " + to + ": ");
         EXPECT_NE(from, open_) << "no open file can be renamed on Windows";
         EXPECT_NE(from, unflushed_) << "after a power loss the renamed file could be empty";
-        files[to] = file(from);
-        files.erase(from);
+        files[to] = renamed->second;
+        files.erase(renamed);
     }
     Answer rtcMsgBox(const std::string& text, int flags, const std::string& title) override {
         boxes.push_back({text, flags, title});
         const bool failed = flags == exclamation;
-        EXPECT_TRUE(failed ? std::regex_search(text, failures) : pages::explains(text)) << text;
+        EXPECT_TRUE(failed ? std::regex_search(text, failures) : explains(text)) << text;
         if (whileBoxIsOpen) whileBoxIsOpen();
         return answer;
     }
@@ -177,9 +208,14 @@ class FakeRuntime : public core::Runtime {
     void RegCloseKey(RegistryKey) override { --keysOpen; }
 
   private:
-    File& file(const std::string& path) {
-        if (!files.contains(path)) throw core::RuntimeError("File not found");
-        return files[path];
+    void close() {
+        if (!open_.empty()) files[open_].text += std::exchange(printed_, "");
+        open_.clear();
+    }
+    Files::iterator file(const std::string& doing, const std::string& path) {
+        const auto found = files.find(path);
+        if (found == files.end()) throw core::RuntimeError("Cannot " + doing + ' ' + path + ": ");
+        return found;
     }
     void step(const std::string& operation) {
         if (++calls == killAt) throw Killed();

@@ -20,10 +20,8 @@ inline std::string when(bool on, const char* option) {
 inline void expectCommand(const std::string& text, const std::string& fileText, int lines,
                           const std::string& options, const std::string& end, int folders = 0) {
     const auto count = [](const std::string& line) {
-        int found = 0;
-        for (std::size_t i = 1; i < line.size(); ++i)
-            found += line[i - 1] == ' ' && (line[i] == '-' || line[i] == '<');
-        return found;
+        static const std::regex option(" [-<]");
+        return std::distance(std::sregex_iterator(line.begin(), line.end(), option), {});
     };
     ASSERT_NE(text.find(options + end), std::string::npos) << text << options + end;
     ASSERT_EQ(count(text), count(options + end) + folders) << text << options + end;

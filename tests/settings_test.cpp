@@ -124,7 +124,7 @@ TEST_F(Settings, OnlyAFileThatWasReadGivesWayToASave) {
     EXPECT_EQ(runtime.files.size(), 6u) << "the settings, their backup and the files kept";
 }
 
-using Files = std::map<std::string, FakeRuntime::File>;
+using Files = FakeRuntime::Files;
 
 bool holds(const Files& files, const std::string& text) {
     return std::ranges::any_of(files, [&](const auto& entry) { return entry.second.text == text; });
