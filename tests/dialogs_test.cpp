@@ -2,7 +2,6 @@
 #include <sstream>
 
 #include "forms/focus.h"
-#include "helpers.h"
 #include "rules.h"
 
 using namespace fakes;
@@ -232,6 +231,7 @@ TEST_F(IncludeList, TheFolderDialogOpensOnTheFolderThatIsEdited) {
             EXPECT_EQ(add.Drive1.Drive(), std::string({c.path[0] == 'D' ? 'd' : c.path[0], ':'}));
             EXPECT_EQ(add.txtFolder.Text(), c.text);
             EXPECT_EQ(runtime.newBoxes(), Boxes(c.told, {"Folder " + c.folder + " not found."}));
+            EXPECT_TRUE(add.pressCancel() && add.unloaded());
         });
     }
 }

@@ -78,7 +78,6 @@ TEST_F(Disk, FollowsPathsAndShortensThem) {
         {"D:tales\\thelongadventure.kelm", d / "tales/thelongadventure.kelm",
          "D:tales\\THELON~1.KE~"},
         {"\\KELM\\standard library\\", c / "kelm/standard library", "\\kelm\\STANDA~1\\"},
-        {"c:\\kelm\\..\\kelm", c / "kelm", "c:\\kelm\\..\\kelm"},
         {"c:\\", c, "c:\\"},
         {"z:\\", "/", "z:\\"},
         {"z:\\USR\\bin", "/usr/bin", "z:\\usr\\bin"},
@@ -186,8 +185,8 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
         EXPECT_EQ(contentOf(c / "old").find("kept"), std::string::npos) << "replaced when whole";
         runtime.vbaFileClose();
         EXPECT_EQ(contentOf(c / name), "kept\r\n") << name;
-        EXPECT_EQ(fs::symlink_status(c / name).permissions() & fs::perms::others_write,
-                  fs::perms());
+        EXPECT_EQ(fs::symlink_status(c / name).permissions() & fs::perms::others_all,
+                  fs::perms::others_read);
         fs::remove(c / name);
     }
     EXPECT_EQ(open("q:\\x"), "Cannot open q:\\x: No such drive");

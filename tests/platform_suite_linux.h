@@ -26,7 +26,7 @@ class System : public LinuxDesktop {
     }
     /// Sets the search path to the folder and to entries that must be ignored.
     static void setSearchPath(const fs::path& folder) {
-        setVariable("PATH", ".::" + folder.string());
+        setVariable("PATH", "./::tools/..:" + folder.string());
     }
     /// The program is in a folder whose name has special characters of all kinds.
     Runtime makeRuntime(const Runtime::MessageBox& box) const {

@@ -74,9 +74,6 @@ TEST_F(Windows, AHandlerRunsAtEachClickOnTheControlItself) {
         if (!*path) tab->actionInterface()->doAction("Press");
         EXPECT_EQ(form->compile.optEditor(1).Enabled, *path != 0);
     }
-    QHelpEvent asked(QEvent::ToolTip, bar->tabRect(2).center(), {});
-    QCoreApplication::sendEvent(bar, &asked);
-    EXPECT_EQ(QToolTip::text(), qt::wrappingToolTip(form->tbsOptions.Tabs[2].tooltip));
     QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(2).center());
     heard.clear();
     form->play.labLogfile.Enabled = true;
@@ -106,10 +103,9 @@ TEST_F(Windows, AListShowsItsModelAndAKeySelectsWhatItReaches) {
     model.SetFocus();
     for (const char* folder : {"c:\\a", "c:\\b", "c:\\c"})
         model.AddItem(folder);
-    const std::tuple<int, Qt::Key, int> rows[] = {
-        {-1, Qt::Key_End, 2},     {0, Qt::Key_Down, 0}, {0, Qt::Key_Home, 0},
-        {0, Qt::Key_PageUp, 0},   {0, Qt::Key_End, 2},  {1, Qt::Key_Home, 0},
-        {0, Qt::Key_PageDown, 2}, {2, Qt::Key_End, 2},  {2, Qt::Key_PageDown, 2}};
+    const std::tuple<int, Qt::Key, int> rows[] = {{-1, Qt::Key_End, 2},   {0, Qt::Key_Down, 0},
+                                                  {0, Qt::Key_Home, 0},   {1, Qt::Key_Home, 0},
+                                                  {0, Qt::Key_PageUp, 0}, {0, Qt::Key_PageDown, 2}};
     for (const auto& [current, key, reached] : rows) {
         SCOPED_TRACE(std::to_string(current) + " " + QKeySequence(key).toString().toStdString());
         model.ListIndex = -1;
@@ -127,9 +123,7 @@ TEST_F(Windows, AListShowsItsModelAndAKeySelectsWhatItReaches) {
     EXPECT_EQ(list.currentRow(), 1);
 }
 
-TEST_F(Windows, TheWindowTellsTheTimeAndItsProgram) {
-    const std::string entry = QGuiApplication::desktopFileName().toStdString() + ".desktop";
-    EXPECT_TRUE(exists(std::filesystem::path(NWBW_PAGES "/../package/") / entry));
+TEST_F(Windows, TheWindowTellsTheTime) {
     const auto panels = window->statusBar()->findChildren<QLabel*>();
     ASSERT_EQ(panels.size(), 3);
     panels[2]->clear();
@@ -154,8 +148,6 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
         EXPECT_EQ(windowOf(other).width(), width);
         EXPECT_EQ(windowOf(other).font().pointSizeF() == 7, points == 6) << "the smallest";
     }
-    EXPECT_EQ(window->menuBar()->actionGeometry(window->menuBar()->actions().value(0)).height(),
-              22);
     window->resize(500, 400);
     window->move(40, 30);
     form->Left = -20000;
@@ -175,7 +167,7 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
     write(file);
     write(odd);
     const std::pair<std::string, std::string> pasted[] = {
-        {"c:\\a\tb\r\nc", "c:\\ab"}, {url + "\n" + url, "c:" + file},
+        {"c:\\a\tb\r\nc", "c:\\ab"}, {"file://localhost" + file + "\n" + url, "c:" + file},
         {"/no/such", "/no/such"},    {"file://other" + file, "file://other" + file},
         {odd + "\n", "c:\\SHORT~1"}, {file, "c:" + file}};
     for (const auto& [text, expected] : pasted) {
@@ -227,14 +219,14 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
     });
     EXPECT_EQ(toolkit.chooseFile(*form, {"Select", "All Files (*.*)|*.*", "cave.kel"}), "");
     for (const auto& [offered, shown] : std::map<std::string, QString>{
-             {"c:/games/new.kel", "new.kel"}, {"c|b?", ""}, {std::string(261, 'x'), ""}}) {
+             {"C:/games/new.kel", "new.kel"}, {"c|b?", ""}, {std::string(261, 'x'), ""}}) {
         whenOpen<QFileDialog>([&, &shown = shown](QFileDialog& dialog) {
             auto* edit = dialog.findChild<QLineEdit*>();
             EXPECT_EQ(dialog.sidebarUrls().last(), QUrl::fromLocalFile(folder.path() + "\\"));
             const auto* sidebar = dialog.findChild<QListView*>("sidebar");
             const auto* folders = dialog.findChild<QComboBox*>("lookInCombo");
             ASSERT_TRUE(edit && sidebar && folders);
-            EXPECT_EQ(edit->text(), shown);
+            EXPECT_EQ(edit->text() + dialog.windowTitle(), shown + "Select");
             EXPECT_EQ(sidebar->model()->index(sidebar->model()->rowCount() - 1, 0).data(), "z:");
             EXPECT_GE(sidebar->viewport()->width(), sidebar->sizeHintForColumn(0));
             EXPECT_EQ(folders->currentText().toStdString(), "c:" + host + "/games");
@@ -242,7 +234,7 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
                       (QStringList{"Source (*.kel) (*.[kK][eE][lL])", "All Files (*.*) (*)"}));
             EXPECT_EQ(dialog.directory(), QDir(folder.path() + "/games"));  // the last one used
             whenOpen<QMessageBox>([](QMessageBox& box) {
-                EXPECT_EQ(box.text(), "There is no drive q:");
+                EXPECT_EQ(box.windowTitle() + box.text(), "SelectThere is no drive q:");
                 EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
                 box.close();
             });
@@ -296,7 +288,6 @@ TEST_F(Windows, AMessageBoxAnswers) {
             EXPECT_EQ(box.text().remove(QChar(0x200b)).toStdString(), path + " not found");
             EXPECT_EQ(box.windowTitle(), title);
             EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(title) + 100);
-            EXPECT_TRUE(box.buttons().front()->icon().isNull());
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
             EXPECT_LT(box.width(), 800);
             EXPECT_EQ(box.icon() == QMessageBox::Warning, flags == Runtime::exclamation);
@@ -320,7 +311,8 @@ bool captionFits(const QWidget& widget, const std::string& caption) {
     if (name(withoutMnemonic(shown.toStdString())) != text) return false;
     if (const auto* label = qobject_cast<const QLabel*>(&widget))
         return label->textFormat() == Qt::PlainText &&
-               (!label->wordWrap() || label->heightForWidth(label->width()) <= label->height());
+               (label->wordWrap() ? label->heightForWidth(label->width()) <= label->height()
+                                  : widget.fontMetrics().horizontalAdvance(text) <= widget.width());
     const int letters = widget.fontMetrics().height();
     const int mark = widget.style()->pixelMetric(QStyle::PM_IndicatorHeight);
     const int edges = widget.property("checkable").toBool() ? mark + 3 : 8;
@@ -359,13 +351,14 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
                     name(control->fullName()));
                 if (!drawn) continue;
                 EXPECT_TRUE(control->Caption().empty() || captionFits(*drawn, control->Caption));
-                EXPECT_EQ(drawn->y(), qt::scaleOf(*drawn).placeOf(*control).y());
+                const bool product = control->name == "lblProductName";
+                EXPECT_TRUE(product || control->name == "tbsOptions" ||
+                            drawn->geometry() == qt::scaleOf(*drawn).placeOf(*control));
                 const auto* line = dynamic_cast<const Line*>(control);
                 EXPECT_EQ(drawn->backgroundRole() == QPalette::Light, line && line->light);
                 const double title = control->font.points > 10 ? control->font.points : 0;
                 EXPECT_EQ(drawn->font().pointSizeF(),
                           title ? title * enlargement : font.pointSizeF());
-                const bool product = control->name == "lblProductName";
                 EXPECT_EQ(drawn->font().italic(), product);
                 EXPECT_EQ(QTextDocumentFragment::fromHtml(drawn->toolTip()).toPlainText(),
                           name(control->tooltip));
@@ -375,6 +368,11 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
 }
 
 }  // namespace
+
+/// Suppresses leaks of fontconfig, which has some since version 2.17.
+extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
+    return "leak:libfontconfig";
+}
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

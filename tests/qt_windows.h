@@ -7,7 +7,6 @@
 
 #include "console/workbench.h"
 #include "fakes.h"
-#include "helpers.h"
 #include "platform/linux/disk/short_names.h"
 #include "platform/linux/qt/form_window.h"
 #include "platform/linux/qt/toolkit.h"

@@ -15,7 +15,7 @@ TEST(ScriptCheck, TellsWhereAScriptRunsOrWhatIsTakenForACommand) {
         {k + "cave  -OFx^y.txt", R"("^" in the name "-OFx^y.txt" )"},
         {k + "cave < wa<lk log", R"("<" in the name "wa<lk log" )"},
         {k + R"("x"y&z" a|b)", R"("&" in the name "y&z" )"},
-        {"c:\r\ncd \"\\100%\\\"\r\n" + k, R"("%" in the name "\100%\" )"},
+        {"c:\r\ncd \"\\a -b%\\\"\r\n" + k, R"("%" in the name "\a -b%\" )"},
         {k + "a\x1a", "a control character in the name \"a\x1a\" "},
         {k + "cave < ", ""},
         {"cd \"\\\\server\\games\\\"", "a folder without a drive, such as \\\\server\\games\\."},
