@@ -31,7 +31,6 @@ TEST_F(Start, AFolderThatCannotBeWrittenIsToldOnceAndAllElseWorks) {
     runtime.readOnly = true;
     start().Command1.click();
     ASSERT_EQ(runtime.boxes.size(), 2u);
-    EXPECT_EQ(runtime.boxes[1].flags, 0);
     EXPECT_NE(runtime.boxes[1].text.find("\"c:\\nwb\""), std::string::npos);
     auto& form = opened();
     runtime.files["c.kel"] = runtime.files[R"(c:\kelm\programs\kelm.exe)"] = {};

@@ -121,7 +121,6 @@ TEST_F(Settings, OnlyAFileThatWasReadGivesWayToASave) {
         core::SaveSettings(program);
         EXPECT_TRUE(runtime.boxes.empty());
     }
-    EXPECT_EQ(runtime.files.size(), 6u) << "the settings, their backup and the files kept";
 }
 
 using Files = FakeRuntime::Files;
@@ -149,7 +148,6 @@ struct Outcome {
             form.mnuOptionsPrograms.click();
             form.tbsOptions.pick(4);
             form.close();
-            EXPECT_TRUE(toolkit.ended);
         } catch (const FakeRuntime::Killed&) {
         }
     }

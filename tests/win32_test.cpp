@@ -195,10 +195,10 @@ struct Tool : forms::ControlVisitor {
     }
 
     void expectClick(HWND receiver, UINT message, WPARAM first) {
-        int clicks = 0;
-        control->setHandler([&clicks] { ++clicks; });
+        const auto clicks = std::make_shared<int>(0);
+        control->setHandler([clicks] { ++*clicks; });
         SendMessageW(receiver, message, first, 0);
-        EXPECT_EQ(clicks, control->usable());
+        EXPECT_EQ(*clicks, control->usable());
     }
     /// Sends the values, and expects the control and its window to have each.
     void follow(const std::vector<int>& values, UINT set, UINT get,
@@ -293,6 +293,14 @@ TEST_F(Windows, BoxesBelongToAFormAndTheFileDialogKeepsTheCurrentFolder) {
     EXPECT_EQ(fs::current_path(), before);
 }
 
+TEST_F(Windows, AClickOnTheSelectedTabCounts) {
+    int clicks = 0;
+    form.tbsOptions.setHandler([&clicks] { ++clicks; });
+    NMHDR click{windowOf(form.tbsOptions), 0, static_cast<UINT>(NM_CLICK)};
+    SendMessageW(window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+    EXPECT_EQ(clicks, 1);
+}
+
 TEST_F(Windows, TabsAndShortenedRowsHaveTooltips) {
     NMTTDISPINFOW asked{};
     asked.hdr = {nullptr, 2, static_cast<UINT>(TTN_GETDISPINFOW)};
@@ -311,6 +319,10 @@ TEST_F(Windows, TabsAndShortenedRowsHaveTooltips) {
     };
     const LRESULT others = tooltipsAt(1);
     EXPECT_EQ(tooltipsAt(0), others + 1);
+    TTTOOLINFOW tool{};
+    tool.cbSize = sizeof tool;
+    SendMessageW(tooltipsOf(windowOf(dialog)), TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&tool));
+    EXPECT_TRUE(tool.uFlags & TTF_SUBCLASS) << "it notices the mouse itself";
     EXPECT_EQ(tooltipsAt(1), others);
 }
 
@@ -363,9 +375,9 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    for (const int height : {-12, -18, -12}) {
+    for (const int height : {-12, -18, -8, -12}) {
         metrics.lfMessageFont.lfHeight = height;
-        metrics.lfMessageFont.lfItalic ^= 1;
+        metrics.lfMessageFont.lfItalic = looks.empty();
         SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
         for (forms::Form* shown : all) {
             ask(windowOf(*shown), WM_SETTINGCHANGE);
