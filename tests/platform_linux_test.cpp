@@ -150,7 +150,6 @@ TEST(ShortNames, DependOnTheCompetingStemsOnly) {
         {{"wizardquest.html", "w1zardquest.html"}, "WIZARD~1.HT~"},
         {{"wizardquest.k:l"}, "W~B0ZE3Z.K_~"},
         {{"-draft of a tale"}, "_DRAFT~1"},
-        {{"-rf"}, "_RF~1"},
         {{"$%'-_@~`.!()"}, "$%'-_@~`.!()"},
         {{"a{}^#&.kel"}, "a{}^#&.kel"},
     };

@@ -75,6 +75,8 @@ struct WindowWalk : testing::Test {
         if (!target->isVisible() || !spoken || !spoken->isValid()) return;
         if (auto* text = spoken->editableTextInterface())
             text->replaceText(0, spoken->textInterface()->characterCount(), name(anyName()));
+        else if (auto* button = qobject_cast<QAbstractButton*>(target))
+            button->click();  // its action would come 100 ms later, into another one
         else if (auto* actions = spoken->actionInterface();
                  actions && !actions->actionNames().isEmpty())
             actions->doAction(actions->actionNames()[any(actions->actionNames().size())]);
