@@ -1,4 +1,5 @@
 #include <random>
+#include <set>
 
 #include "rules.h"
 
