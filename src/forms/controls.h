@@ -296,8 +296,7 @@ class ControlArray {
 /// 3. Write its peer for each toolkit, in platform/linux/qt and platform/windows/win32, and list
 ///    its source file in their CMakeLists.txt.
 /// 4. In tests check it in qt_test.cpp and win32_test.cpp. Let the random walk of the windows
-/// compare
-///    its value.
+///    compare its value.
 /// A control of the new kind on a form then needs its lines in tests/forms.txt and windows.txt.
 class ControlVisitor {
   public:
