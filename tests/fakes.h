@@ -235,8 +235,7 @@ class FakeToolkit : public forms::Toolkit {
     std::string fileChosen;
     forms::FileQuestion fileAsked;
     bool ended = false;
-    std::vector<std::string> shown;  ///< names of the forms, in order
-    std::string focused;             ///< name of the control that a handler gave the focus
+    std::string focused;  ///< name of the control that a handler gave the focus
 
     void build(forms::Form& form) override {
         form.attachWindow(std::make_unique<Window>(*this, form));
@@ -251,10 +250,7 @@ class FakeToolkit : public forms::Toolkit {
     class Window : public forms::WindowPeer {
       public:
         Window(FakeToolkit& toolkit, forms::Form& form) : toolkit_(toolkit), form_(form) {}
-        void show() override {
-            toolkit_.shown.push_back(form_.name);
-            form_.activate();
-        }
+        void show() override { form_.activate(); }
         void showModal(forms::Form&) override {
             form_.activate();
             if (const auto user = toolkit_.user) user(form_);

@@ -7,9 +7,7 @@
 #include <csignal>
 #include <cstring>
 
-#include "core/text.h"
 #include "linux_desktop.h"
-#include "platform/linux/disk/case_fold.h"
 #include "platform/linux/linux_runtime.h"
 
 using namespace platform;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <sstream>
 
@@ -24,9 +25,12 @@ inline std::array<std::string, 3> commandsOf(console::frmConsole& form) {
 }
 
 /// Expects in each command text the options that are on, and no others but the compiler's own two
-/// and its search list.
+/// and its search list; and a line for the file's drive, one for its folder, and those of tools.
 inline void expectCommands(console::frmConsole& form) {
     const auto texts = commandsOf(form);
+    const std::string files[] = {form.compile.txtFname.Text, form.play.txtFnameP.Text,
+                                 form.spelling.txtFnameS.Text};
+    const int tools[] = {3, 1, 1 + form.spelling.chkAutoOpen.Value};
     const int others[] = {2 + form.compile.lstInclude.ListCount(), 0, 0};
     for (const int command : {0, 1, 2}) {
         const std::string& text = texts[command];
@@ -45,6 +49,9 @@ inline void expectCommands(console::frmConsole& form) {
         static const std::regex option(" [-<]");
         ASSERT_EQ(std::distance(std::sregex_iterator(text.begin(), text.end(), option), {}), on)
             << text;
+        const bool drive = files[command].find(':') == 1;
+        const bool folder = files[command].find('\\') != std::string::npos;
+        ASSERT_EQ(std::ranges::count(text, '\n'), drive + folder + tools[command]) << text;
     }
 }
 
@@ -67,16 +74,14 @@ inline void expectConsole(console::frmConsole& form) {
         ASSERT_EQ(form.picOptions(i).Enabled, inUse);
         ASSERT_EQ(form.picOptions(i).Left, inUse ? 210 : -20000);
     }
-    std::map<const Control*, std::pair<int, int>> groups;
-    for (Control* control : form.allControls()) {
-        const auto* option = control->option();
-        if (!option) continue;
-        auto& [selected, tabStops] = groups[option->parent()];
-        selected += option->Value;
-        tabStops += option->isTabStop();
-    }
-    for (const auto& [group, has] : groups)
-        ASSERT_EQ(has, std::pair(1, 1)) << group->name;
+    std::map<const Control*, int> selected, tabStops;
+    for (Control* control : form.allControls())
+        if (const auto* option = control->option()) {
+            selected[option->parent()] += option->Value;
+            tabStops[option->parent()] += option->isTabStop();
+        }
+    for (const auto& [group, count] : selected)
+        ASSERT_EQ(std::pair(count, tabStops[group]), std::pair(1, 1)) << group->name;
     for (const forms::CheckBox* box : {&form.edit.chkHideE, &form.compile.chkHideC,
                                        &form.play.chkHideP, &form.spelling.chkHideS}) {
         for (const Control* control : box->parent()->children()) {

@@ -315,7 +315,7 @@ TEST_F(Windows, TabsAndShortenedRowsHaveTooltips) {
     const auto tooltipsAt = [&](int row) {
         const LRESULT height = ask(windowOf(list), LB_GETITEMHEIGHT);
         SendMessageW(windowOf(list), WM_MOUSEMOVE, 0, MAKELPARAM(9, row * height + 2));
-        return ask(tooltipsOf(GetParent(windowOf(list))), TTM_GETTOOLCOUNT);
+        return ask(tooltipsOf(windowOf(dialog)), TTM_GETTOOLCOUNT);
     };
     const LRESULT others = tooltipsAt(1);
     EXPECT_EQ(tooltipsAt(0), others + 1);
@@ -331,7 +331,7 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
     dialog.Show();
     const HWND drives = windowOf(dialog.Drive1);
     SendMessageW(drives, CB_SHOWDROPDOWN, TRUE, 0);
-    ask(GetAncestor(drives, GA_ROOT), WM_SETTINGCHANGE);
+    ask(windowOf(dialog), WM_SETTINGCHANGE);
     EXPECT_TRUE(ask(drives, CB_GETDROPPEDSTATE));
 }
 
@@ -384,7 +384,7 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
             looks += lookOf(windowOf(*shown)) + '\n';
             EnumChildWindows(windowOf(*shown), add, reinterpret_cast<LPARAM>(&looks));
         }
-        EXPECT_EQ((std::vector<int>{placeOf(window()).left, form.Left, form.Width}),
+        EXPECT_EQ((std::vector<int>{placeOf(windowOf(*all[0])).left, all[0]->Left, all[0]->Width}),
                   (std::vector<int>{67, 1000, 6500}));
     }
     std::ofstream("windows.txt", std::ios::binary) << looks;  // to compare, or to agree on
