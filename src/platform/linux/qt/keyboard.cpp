@@ -5,33 +5,12 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <algorithm>
-#include <array>
-#include <utility>
 
 #include "platform/linux/qt/peers.h"
 
 namespace qt {
 
 namespace {
-
-/// Returns the Windows key code that Form_KeyDown gets, or 0 for a rarer key.
-int windowsKeyCode(int key) {
-    if ((key >= Qt::Key_0 && key <= Qt::Key_9) || (key >= Qt::Key_A && key <= Qt::Key_Z))
-        return key;
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return 0x70 + key - Qt::Key_F1;
-    static constexpr std::array<std::pair<int, int>, 21> codes{{
-        {Qt::Key_Backspace, 8}, {Qt::Key_Tab, 9},       {Qt::Key_Backtab, 9},  {Qt::Key_Return, 13},
-        {Qt::Key_Enter, 13},    {Qt::Key_Shift, 16},    {Qt::Key_Control, 17}, {Qt::Key_Alt, 18},
-        {Qt::Key_Pause, 19},    {Qt::Key_CapsLock, 20}, {Qt::Key_Escape, 27},  {Qt::Key_Space, 32},
-        {Qt::Key_PageUp, 33},   {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},     {Qt::Key_Home, 36},
-        {Qt::Key_Left, 37},     {Qt::Key_Up, 38},       {Qt::Key_Right, 39},   {Qt::Key_Down, 40},
-        {Qt::Key_Delete, 46},
-    }};
-    const auto* found =
-        std::ranges::find_if(codes, [key](const auto& code) { return code.first == key; });
-    return found == codes.end() ? 0 : found->second;
-}
 
 int shiftOf(Qt::KeyboardModifiers modifiers) {
     return (modifiers & Qt::ShiftModifier ? forms::shiftMask : 0) |
@@ -41,6 +20,12 @@ int shiftOf(Qt::KeyboardModifiers modifiers) {
 
 bool isTab(const QKeyEvent& key) {
     return key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+}
+
+/// Returns the Windows key code for Form_KeyDown, or 0 for a key that no form asks for.
+int windowsKeyCode(const QKeyEvent& key) {
+    constexpr int tab = 9;
+    return isTab(key) ? tab : 0;
 }
 
 /// Returns the character that the key produces, or 0.
@@ -95,7 +80,7 @@ bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
 
 bool Keyboard::keyPressed(const QKeyEvent& key) {
     const QPointer<Keyboard> alive(this);
-    form_.keyDown(windowsKeyCode(key.key()), shiftOf(key.modifiers()));
+    form_.keyDown(windowsKeyCode(key), shiftOf(key.modifiers()));
     if (!alive || form_.unloaded()) return true;
     if (const int character = characterOf(key)) form_.keyPress(character);
     if (!alive || form_.unloaded()) return true;
