@@ -78,7 +78,7 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
         {"sub\\x.txt Quest", "[" + games + "/sub/x.txt][Quest]"},
         {"cave -CharSet ISO cave.KEL", "[Cave][-CharSet][ISO][Cave.kel]"},
         {"-Height 0 https://x.y/z /d NOBODY~1 \"\"", "[-Height][0][https://x.y/z][/d][NOBODY~1][]"},
-        {"/MYGAME~1/new /kelm/none", "[" + games + "/new][" + kelm + "/none]"},
+        {"/MYGAME~1/new /kelm/none \\kelm", "[" + games + "/new][" + kelm + "/none][" + kelm + "]"},
         {"-OF\"a b\".txt  \"<\" a&b|c>d%e%^f", "[-OFa b.txt][<][a&b|c>d%e%^f]"},
         {"-d +so +so.lis -V1 -v2 +SET.x", "[-d][./+so][./+so.lis][./-v1][-v2][./+set.x]"},
         {draft, "[./-draft of it]"},
@@ -94,13 +94,13 @@ TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
     write(c / "my games/a\\..\\..\\x.kel");
     program(c / "kelm/krun.exe", "MZ");
     const std::string line =
-        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 c:\\MYGAME~1\\x A~BE8QYT.KEL -d";
+        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 c:\\MYGAME~1\\x A~BE8QYT.KEL /kelm";
     expectRun(line, false, "c:\\kelm\\krun.exe is a Windows program, and Wine is not installed.\n",
               "");
     putEchoChild("wine");
     expectRun(line + " < wizardquest.kel", true, "",
               (c / "my games").string() +
-                  "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][A~BE8QYT.KEL][-d]\n");
+                  "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][A~BE8QYT.KEL][/kelm]\n");
     program(home / "bin/wine", "#!/bin/sh\necho $WINEPREFIX > $NWBW_ECHO\n");
     expectRun(line, true, "", home / "nwbw\n");
     fs::copy_file(home / "bin/wine", c / "native");
@@ -168,13 +168,16 @@ TEST_F(Batch, TellsWhatIsMissing) {
 TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
     setenv("XDG_CURRENT_DESKTOP", "none:My", 1);
     write(home / "my-mimeapps.list",
-          "[Default Applications]\ntext/plain=none.desktop;hidden.desktop;ed.desktop;\n");
+          "[Default "
+          "Applications]\ntext/plain=none.desktop;hidden.desktop;gone.desktop;ed.desktop;\n");
     write(home / "applications/hidden.desktop", "[Desktop Entry]\nExec=ed\nHidden=true\n");
+    write(home / "applications/gone.desktop", "[Desktop Entry]\nExec=gone\n");
     write(home / "mimeapps.list", "[Default Applications]\ntext/plain=other.desktop\n");
     write(home / "applications/other.desktop", "[Desktop Entry]\nExec=ed other\n");
-    write(home / "applications/ed.desktop",
-          "[Desktop Action new]\nExec=ed -new\n[Desktop Entry]\nExec=ed \"a \\\"b\\\"\" %c %% %U\n"
-          "Terminal=true\n");
+    write(
+        home / "applications/ed.desktop",
+        "[Desktop Action new]\nExec=ed -new\n[Desktop Entry]\n Exec = ed \"a \\\"b\\\"\" %c %% %U\n"
+        "Terminal=true\n");
     putEchoChild("ed");
     write(c / "wizardquest.kel");
     const std::string start = c.string() + "[a \"b\"][%]", url = "[file://" + c.string();

@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <map>
 #include <regex>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "console/frm_console.h"
 #include "console/workbench.h"
-#include "core/field_reader.h"
-#include "core/runtime.h"
+#include "core/common_runtime.h"
 #include "dialogs/frm_include_add.h"
 #include "dialogs/frm_include_list.h"
 #include "dialogs/locations_dialog.h"
@@ -50,8 +50,10 @@ inline bool explains(const std::string& message) {
 }
 
 /// A platform in memory. Records what the program does, gives preset answers, and can fail.
-class FakeRuntime : public core::Runtime {
+class FakeRuntime : public core::CommonRuntime {
   public:
+    FakeRuntime() : CommonRuntime(nullptr) {}
+
     struct File {
         std::string text;
         int changed = 0;  ///< in seconds
@@ -119,29 +121,6 @@ class FakeRuntime : public core::Runtime {
         const int changed = file("find", path)->second.changed;
         return std::chrono::system_clock::time_point(std::chrono::seconds(changed));
     }
-    void vbaFileOpen(const std::string& path, OpenMode mode) override {
-        step("vbaFileOpen");
-        if (readOnly && mode == OpenMode::Output && path.starts_with(AppPath()))
-            throw core::RuntimeError("Cannot open " + path + ": it is read-only");
-        close();
-        if (mode == OpenMode::Output && tree.contains(path.substr(0, path.rfind('\\'))))
-            files[unflushed_ = path].text.clear();
-        reader_ = core::FieldReader(file("open", path)->second.text);
-        open_ = path;
-    }
-    void vbaFileClose() override {
-        step("vbaFileClose");
-        close();
-    }
-    std::string vbaInputFile() override {
-        step("vbaInputFile");
-        return reader_.next();
-    }
-    bool rtcEndOfFile() override { return reader_.atEnd(); }
-    void vbaPrintFile(const std::string& text) override {
-        step("vbaPrintFile");
-        printed_ += text + "\r\n";
-    }
     /// Printed text reaches the disk only here, and only half of it if this call fails.
     void vbaFileFlush() override {
         const std::string text = std::exchange(printed_, "");
@@ -207,11 +186,31 @@ class FakeRuntime : public core::Runtime {
     }
     void RegCloseKey(RegistryKey) override { --keysOpen; }
 
-  private:
-    void close() {
+  protected:
+    std::string readFile(const std::string& path) override {
+        step("vbaFileOpen");
+        open_ = path;
+        return file("open", path)->second.text;
+    }
+    void openOutput(const std::string& path) override {
+        step("vbaFileOpen");
+        if (readOnly && path.starts_with(AppPath()))
+            throw core::RuntimeError("Cannot open " + path + ": it is read-only");
+        if (tree.contains(path.substr(0, path.rfind('\\')))) files[unflushed_ = path].text.clear();
+        open_ = file("open", path)->first;
+    }
+    [[nodiscard]] bool isOutputOpen() const override { return !open_.empty(); }
+    void writeOutput(const std::string& text) override {
+        step("vbaPrintFile");
+        printed_ += text;
+    }
+    void closeOutput() override {
+        step("vbaFileClose");
         if (!open_.empty()) files[open_].text += std::exchange(printed_, "");
         open_.clear();
     }
+
+  private:
     Files::iterator file(const std::string& doing, const std::string& path) {
         const auto found = files.find(path);
         if (found == files.end()) throw core::RuntimeError("Cannot " + doing + ' ' + path + ": ");
@@ -225,7 +224,6 @@ class FakeRuntime : public core::Runtime {
     std::string open_;
     std::string printed_;
     std::string unflushed_;
-    core::FieldReader reader_{""};
 };
 
 /// A toolkit without windows.
@@ -293,6 +291,17 @@ inline std::vector<forms::Form*> everyForm(forms::Application& application,
     for (auto& form : console::everyForm(application, program))
         loaded.push_back(&application.add(std::move(form)));
     return loaded;
+}
+
+/// Expects the lines of a file of the tests. Leaves those found in the current folder, to compare
+/// or to agree on.
+inline void expectAgreed(const std::string& file, const std::string& found) {
+    std::ofstream(file, std::ios::binary) << found;
+    std::istringstream lines(found), agreed(contentOf(fs::path(NWBW_TESTS) / file));
+    for (std::string line, expected; std::getline(lines, line) || agreed;) {
+        std::getline(agreed, expected);
+        ASSERT_EQ(std::exchange(line, ""), std::exchange(expected, ""));
+    }
 }
 
 /// Returns the lines that "|" separates, each ended by CRLF.

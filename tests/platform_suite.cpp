@@ -243,6 +243,14 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
     EXPECT_EQ(runtime.rtcGetSetting(application, "Settings", "MainLeft", ""), value);
     EXPECT_EQ(runtime.rtcGetSetting(application, "Settings", "MainTop", "7"), "7");
     EXPECT_EQ(runtime.rtcMsgBox("?", Runtime::yesNo, ""), Runtime::Answer::Yes);
+    constexpr std::uint32_t currentUser = 0x80000001, read = 0x20019;
+    const auto key = runtime.RegOpenKeyEx(currentUser, settingsKey, read);
+    ASSERT_EQ(key.has_value(), *settingsKey != 0) << "has a registry";
+    if (!key) return;
+    EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft")->bytes.c_str(), value);
+    EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft")->type, 1);
+    EXPECT_FALSE(runtime.RegQueryValueEx(*key, "MainTop"));
+    runtime.RegCloseKey(*key);
 }
 
 TEST_F(Platform, ListsDrivesAndFolders) {
@@ -254,4 +262,8 @@ TEST_F(Platform, ListsDrivesAndFolders) {
     EXPECT_TRUE(runtime.folders(in("games\\")).empty());
     EXPECT_EQ(runtime.currentFolder(), folder);
     EXPECT_EQ(std::ranges::count(runtime.drives(), "c:"), 1);
+    names = runtime.folders(folder.substr(0, 3));
+    std::error_code notHere;
+    for (const auto& entry : fs::directory_iterator(fs::path(folder).root_path(), notHere))
+        EXPECT_EQ(std::ranges::count(names, textOf(entry.path().filename())), entry.is_directory());
 }

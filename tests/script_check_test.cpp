@@ -18,7 +18,7 @@ TEST(ScriptCheck, TellsWhereAScriptRunsOrWhatIsTakenForACommand) {
         {"c:\r\ncd \"\\a -b%\\\"\r\n" + k, R"("%" in the name "\a -b%\" )"},
         {k + "a\x1a", "a control character in the name \"a\x1a\" "},
         {k + "cave < ", ""},
-        {"cd \"\\\\server\\games\\\"", "a folder without a drive, such as \\\\server\\games\\."},
+        {"cd \"\\\\server\\games\\\"", "such as \\\\server\\games\\. Give it a drive letter."},
         {"cd \"/d\\\"", R"("/" in the name "/d\" )"},
     };
     for (const auto& [script, told] : cases) {

@@ -53,8 +53,8 @@ struct Windows : testing::Test, DeskWith<win32::Win32Toolkit> {
     }
 
     /// Posts a key to the focused window and runs the message loop.
-    static void press(WPARAM key, LPARAM details = 1) {
-        PostMessageW(GetFocus(), WM_KEYDOWN, key, details);
+    static void press(WPARAM key, LPARAM details = 1, UINT message = WM_KEYDOWN) {
+        PostMessageW(GetFocus(), message, key, details);
         MSG next;
         win32::runLoop([&] {
             return PeekMessageW(&next, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_NOREMOVE) != 0;
@@ -81,14 +81,34 @@ struct Windows : testing::Test, DeskWith<win32::Win32Toolkit> {
     }
 };
 
-TEST_F(Windows, AnArrowSelectsAnOptionAndTheFocusDoesNot) {
+TEST_F(Windows, KeysReachTheFormThenTheModel) {
+    const auto& panel = form.compile;
     form.tbsOptions.SelectedItem = 3;
-    SetFocus(windowOf(form.play.optPlayer(2)));
-    EXPECT_EQ(form.play.player(), 1);
     form.play.chkPlayback.click();  // disables the first player
-    SetFocus(windowOf(form.play.optPlayer(1)));
-    press(VK_UP);
-    EXPECT_EQ(form.play.player(), 2) << "wraps around and skips a disabled option";
+    std::string heard;
+    for (forms::Control* control : form.allControls())
+        if (control->name != "tbsOptions")
+            control->setHandler([&heard, control] { heard += control->fullName() + ' '; });
+    const std::tuple<int, const forms::Control&, UINT, WPARAM, const char*> rows[] = {
+        {3, form.play.optPlayer(1), WM_KEYDOWN, VK_UP, "optPlayer(2) optPlayer(2)"},
+        {3, form.play.optPlayer(2), WM_KEYDOWN, VK_RIGHT, "optPlayer(1) optPlayer(1)"},
+        {2, panel.txtFname, WM_KEYDOWN, 'A', "txtFname txtFname"},
+        {2, panel.txtFname, WM_KEYDOWN, VK_RETURN, "btnCompile txtFname"},
+        {2, panel.btnBrowse, WM_KEYDOWN, VK_RETURN, "btnBrowse btnBrowse"},
+        {2, panel.optFormat(0), WM_KEYDOWN, VK_TAB, "chkDebug"},
+        {2, panel.txtFname, WM_SYSCHAR, 'd', "chkDebug chkDebug"},
+        {2, panel.txtFname, WM_SYSCHAR, 'P', "optFormat(2) optFormat(2)"},
+        {2, panel.txtFname, WM_SYSCHAR, 'z', "txtFname"}};
+    for (const auto& [tab, focus, message, key, expected] : rows) {
+        form.tbsOptions.SelectedItem = tab;
+        SetFocus(windowOf(focus));
+        EXPECT_EQ(std::exchange(heard, ""), "") << "the focus alone does nothing";
+        press(key, 1, message);
+        const auto* reached = win32::ControlPeer::of(GetFocus());
+        ASSERT_TRUE(reached);
+        EXPECT_EQ(heard + reached->control().fullName(), expected);
+        heard.clear();
+    }
 }
 
 TEST_F(Windows, ADialogShowsWhatEnterPressesAndEscEndsIt) {
@@ -128,12 +148,20 @@ struct Tool : forms::ControlVisitor {
     void visit(forms::Label&) override {}
     void visit(forms::Line&) override {}
     void visit(forms::Image&) override {}
-    void visit(forms::Frame&) override {}
+    void visit(forms::Frame&) override {
+        EXPECT_EQ(ask(window, WM_NCHITTEST), HTCLIENT);
+        expectClick(window, WM_LBUTTONDOWN, 0);
+    }
     void visit(forms::PictureBox&) override {}
-    void visit(forms::StatusBar&) override {}
+    void visit(forms::StatusBar&) override {
+        int ends[3] = {};
+        SendMessageW(window, SB_GETPARTS, std::size(ends), reinterpret_cast<LPARAM>(ends));
+        EXPECT_NEAR(ends[2] - ends[1], 60, 30) << "room for the time";
+    }
     void visit(forms::Button&) override { expectClick(window, BM_CLICK, 0); }
     void visit(forms::MenuItem& item) override {
         const HWND form = windowOf(item.form());
+        EXPECT_EQ(GetMenuItemCount(GetMenu(form)), 3);
         wchar_t caption[80] = {};
         GetMenuStringW(GetMenu(form), id, caption, std::size(caption), MF_BYCOMMAND);
         EXPECT_EQ(platform::narrow(caption), item.Caption() == "-" ? "" : item.Caption());
@@ -163,14 +191,19 @@ struct Tool : forms::ControlVisitor {
         }
     }
     void visit(forms::ListBox& list) override {
-        while (list.ListCount() < 4)
+        while (list.ListCount() < 40)
             list.AddItem("c:\\" + std::to_string(list.ListCount()));
         list.setList(1, "c:\\new");
         list.RemoveItem(0);
         EXPECT_EQ(ask(window, LB_GETCOUNT), list.ListCount());
+        EXPECT_TRUE(GetWindowLongW(window, GWL_STYLE) & WS_VSCROLL);
         for (int row = 0; row < list.ListCount(); ++row)
             EXPECT_EQ(rowText(row), list.List(row));
-        follow({1, 0, 2}, LB_SETCURSEL, LB_GETCURSEL, [&list] { return list.ListIndex(); });
+        const auto now = [&list] { return list.ListIndex(); };
+        follow({1, 0, 2}, LB_SETCURSEL, LB_GETCURSEL, now);
+        SetFocus(window);
+        if (list.usable()) Windows::press(VK_UP);
+        EXPECT_EQ(now(), list.usable() ? 1 : ask(window, LB_GETCURSEL));
     }
     void visit(forms::DriveList& list) override {
         follow({1, 0}, CB_SETCURSEL, CB_GETCURSEL, [&list] {
@@ -274,23 +307,36 @@ TEST_F(Windows, TheEndOfTheSessionClosesAnOpenMenuAtOnce) {
 TEST_F(Windows, BoxesBelongToAFormAndTheFileDialogKeepsTheCurrentFolder) {
     CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
                     window(), nullptr, nullptr, nullptr);
-    HWND owner = nullptr;
-    soon([&owner] {
-        const HWND box = FindWindowW(nullptr, L"title");
-        owner = GetWindow(box, GW_OWNER);
-        PostMessageW(box, WM_COMMAND, IDOK, 0);
-    });
-    SetForegroundWindow(GetDesktopWindow());
-    win32::messageBox("text", 0, "title");
-    EXPECT_EQ(owner, window());
+    using core::Runtime;
+    for (const auto& [flags, button, answer] :
+         {std::tuple(Runtime::okOnly, IDOK, Runtime::Answer::Ok),
+          {Runtime::yesNo, IDYES, Runtime::Answer::Yes},
+          {Runtime::yesNo, IDNO, Runtime::Answer::No}}) {
+        HWND owner = nullptr;
+        soon([&owner, button = button] {
+            const HWND box = FindWindowW(nullptr, L"title");
+            owner = GetWindow(box, GW_OWNER);
+            EXPECT_TRUE(FindWindowExW(box, nullptr, nullptr, L"t\u00e9xt"));
+            PostMessageW(box, WM_COMMAND, button, 0);
+        });
+        SetForegroundWindow(GetDesktopWindow());
+        EXPECT_EQ(win32::messageBox("téxt", flags, "title"), answer);
+        EXPECT_EQ(owner, window());
+    }
 
     const fs::path before = fs::current_path();
-    soon([] {
-        fs::current_path(fs::current_path().root_path());
-        PostMessageW(FindWindowW(nullptr, L"title"), WM_COMMAND, IDCANCEL, 0);
-    });
-    EXPECT_EQ(win32::chooseFile(window(), {"title", "All|*.*", ""}), "");
-    EXPECT_EQ(fs::current_path(), before);
+    for (const std::string& offered : {std::string("cave.kel"), {"c|b?"}, std::string(261, 'x')}) {
+        HWND owner = nullptr;
+        soon([&owner] {
+            fs::current_path(fs::current_path().root_path());
+            const HWND dialog = FindWindowW(nullptr, L"title");
+            owner = GetWindow(dialog, GW_OWNER);
+            PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+        });
+        EXPECT_EQ(toolkit.chooseFile(form, {"title", "All|*.*", offered}), "");
+        EXPECT_EQ(owner, window());
+        EXPECT_EQ(fs::current_path(), before);
+    }
 }
 
 TEST_F(Windows, AClickOnTheSelectedTabCounts) {
@@ -350,7 +396,8 @@ std::string lookOf(HWND window) {
     std::ostringstream look;
     look << platform::narrow(kind) << '|' << textOf(window) << '|' << std::hex
          << GetWindowLongW(window, GWL_STYLE) << ' ' << GetWindowLongW(window, GWL_EXSTYLE) << '|'
-         << std::dec << font.lfHeight << ' ' << int{font.lfItalic} << '|' << inside.right;
+         << std::dec << platform::narrow(font.lfFaceName) << ' ' << font.lfHeight << ' '
+         << int{font.lfItalic} << '|' << inside.right;
     if (std::regex_match(kind, std::wregex(L"Button|ComboBox|Edit|ListBox|Static")))
         look << ' ' << inside.bottom << " at " << start.x << ' ' << start.y << '|' << place.left
              << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
@@ -366,6 +413,10 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     const std::vector<forms::Form*> all = everyForm(application, program);
     for (forms::Form* shown : all)
         shown->Show();
+    const HDC drawn = GetDC(windowOf(*all[1]));
+    all[1]->Refresh();
+    EXPECT_EQ(GetPixel(drawn, 0, 0), RGB(0, 0, 128));
+    EXPECT_NE(GetPixel(drawn, 99, 99), GetPixel(drawn, 9, 9)) << "in the picture, and beside it";
     const RECT splash = placeOf(windowOf(*all[1]));
     EXPECT_NEAR(splash.bottom - splash.top, 294, 4);
     EXPECT_NEAR(splash.left + splash.right, GetSystemMetrics(SM_CXSCREEN), 2);
@@ -375,7 +426,7 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    for (const int height : {-12, -18, -8, -12}) {
+    for (const int height : {-12, -18, -48, -8, -12}) {
         metrics.lfMessageFont.lfHeight = height;
         metrics.lfMessageFont.lfItalic = looks.empty();
         SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
@@ -387,13 +438,7 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
         EXPECT_EQ((std::vector<int>{placeOf(windowOf(*all[0])).left, all[0]->Left, all[0]->Width}),
                   (std::vector<int>{67, 1000, 6500}));
     }
-    std::ofstream("windows.txt", std::ios::binary) << looks;  // to compare, or to agree on
-    std::ifstream agreed(fs::path(NWBW_TESTS) / "windows.txt");
-    std::istringstream lines(looks);
-    for (std::string look, expected; std::getline(lines, look);) {
-        std::getline(agreed, expected);
-        ASSERT_EQ(look, expected);
-    }
+    expectAgreed("windows.txt", looks);
 }
 
 TEST_F(Windows, BoxesTakeOneDroppedFile) {
