@@ -244,8 +244,11 @@ TEST_F(IncludeList, TheFolderDialogShowsTheTreeAndFollowsTheUser) {
         for (const auto& row : add.Dir1.rows())
             names.push_back(std::string(row.depth, '>') + row.name);
         EXPECT_EQ(names, (Names{R"(c:\)", ">nwb", ">>a", ">>B"}));
-        add.Dir1.choose(2);
-        EXPECT_EQ(add.txtFolder.Text(), R"(c:\nwb\a)");
+        for (const auto& [row, path] :
+             {std::pair(2, R"(c:\nwb\a)"), {1, R"(c:\nwb)"}, {2, R"(c:\nwb\a)"}}) {
+            add.Dir1.choose(row);
+            EXPECT_EQ(add.txtFolder.Text(), path);
+        }
         EXPECT_EQ(add.Drive1.drives().back(), "q:");
         add.Drive1.pick(2);
         EXPECT_EQ(runtime.newBoxes(), (Boxes{{R"(Cannot open e:\)", 48}}));
@@ -260,39 +263,6 @@ TEST_F(IncludeList, TheFolderDialogShowsTheTreeAndFollowsTheUser) {
     EXPECT_EQ(std::ranges::count(runtime.boxes, FakeRuntime::Box{R"(Cannot open c:\)", 48}), 1);
     runtime.current = R"(e:\)";
     editFolder("", [](Add& add) { EXPECT_EQ(add.Dir1.rows().size(), 1u) << "to go up from"; });
-}
-
-TEST_F(Dialogs, HelpOpensEachDocumentInItsViewer) {
-    auto& help = form.help;
-    const std::tuple<forms::MenuItem&, std::string, std::string AppState::*> rows[] = {
-        {help.mnuHelpStart, R"(c:\nwb\GettingStarted.htm)", nullptr},
-        {help.mnuHelpContents, R"(c:\nwb\default.htm)", nullptr},
-        {help.mnuHelpTutorial, "t.htm", &AppState::TutorialPath},
-        {help.mnuHelpManual, "m.html", &AppState::ManualHtmlPath},
-        {help.mnuHelpManPDF, "m.pdf", &AppState::ManualPdfPath},
-        {help.mnuHelpExample, R"(c:\nwb\examples.htm)", nullptr},
-        {help.mnuHelpLibrary, R"(c:\nwb\UsingStd-iLibraryContents.htm)", nullptr},
-        {help.mnuHelpPFE, R"(c:\nwb\SettingUpPFEContents.htm)", nullptr},
-        {help.mnuHelpBeta, R"(c:\nwb\credits.htm)", nullptr}};
-    state.BrowserPath = "b.exe";
-    state.AcrobatPath = "a.exe";
-    for (const auto& [item, document, path] : rows) {
-        if (path) {
-            state.*path = document;
-            EXPECT_FALSE(item.usable()) << "enabled from the next start";
-            help.fitToPaths();
-        }
-        const bool pdf = document == "m.pdf";
-        runtime.files.clear();
-        item.click();
-        EXPECT_TRUE(runtime.told(pdf ? "Acrobat Reader program a.exe not found."
-                                     : "Web Browser program b.exe not found."));
-        runtime.files["a.exe"] = runtime.files["b.exe"] = {};
-        item.click();
-        EXPECT_EQ(std::exchange(runtime.shells, {}),
-                  (std::vector<FakeRuntime::Shell>{
-                      {1, (pdf ? R"("a.exe" ")" : R"("b.exe" ")") + document + '"'}}));
-    }
 }
 
 TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {

@@ -31,10 +31,10 @@ inline void write(const fs::path& file, const std::string& text = "") {
     std::ofstream(file, std::ios::binary) << text;
 }
 
-/// Waits until the condition holds; throws with `what` it waited for after ten seconds.
+/// Waits until the condition holds; throws with `what` it waited for after a minute.
 inline void await(const std::string& what, const std::function<bool()>& condition) {
     for (int tries = 0; !condition(); ++tries) {
-        if (tries == 1000) throw std::runtime_error("waited in vain for " + what);
+        if (tries == 6000) throw std::runtime_error("waited in vain for " + what);
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
 }

@@ -144,6 +144,14 @@ TEST_F(Platform, KeepsTextsAndTimesAndWaitsForOtherReaders) {
     fs::last_write_time(file, now + 2s);
     EXPECT_EQ(changed() - first, 2s);
 
+    if (fs::exists("z:\\dev\\full")) {  // under Wine
+        runtime.vbaFileOpen("z:\\dev\\full", Runtime::OpenMode::Output);
+        runtime.vbaPrintFile("lost");
+        EXPECT_TRUE(errorOf([&] { runtime.vbaFileClose(); }).starts_with("Cannot write z:\\dev"));
+        EXPECT_TRUE(errorOf([&] {
+                        runtime.vbaFileOpen("z:\\proc\\self\\mem", Runtime::OpenMode::Input);
+                    }).starts_with("Cannot read z:\\proc"));
+    }
     const std::jthread heldForAWhile = hold(file, false);
     runtime.vbaNameFile(in("x.tmp"), in("y.ini"));
     const std::jthread readForAWhile = hold(place / "y.ini", true);

@@ -227,6 +227,12 @@ TEST_F(End, OfTheDesktop) {
 }
 
 TEST_F(End, ByASignalOfWhichTheSecondWaitsForNothing) {
+    {
+        std::signal(SIGHUP, SIG_IGN);  // as under nohup
+        const qt::EndRequest endRequest(application, nullptr);
+        EXPECT_EQ(raise(SIGHUP) + application.Count(), 1);
+        std::signal(SIGHUP, SIG_DFL);
+    }
     for (const auto& [first, second] :
          {std::pair(SIGTERM, SIGHUP), {SIGHUP, SIGINT}, {SIGINT, SIGTERM}}) {
         const qt::EndRequest endRequest(application, nullptr);
