@@ -1,86 +1,16 @@
-#include "platform/windows/windows_api.h"
-// After it, which it needs.
+#include "win32_windows.h"
+// After <windows.h>, which it needs.
 #include <shlobj.h>
 
-#include <algorithm>
 #include <cstring>
 #include <cwchar>
 #include <sstream>
 
-#include "fakes.h"
-#include "forms/file_lists.h"
-#include "platform/windows/wide.h"
-#include "platform/windows/win32/common_controls.h"
-#include "platform/windows/win32/file_dialog.h"
-#include "platform/windows/win32/form_window.h"
 #include "platform/windows/win32/message_box.h"
-#include "platform/windows/win32/peers.h"
-#include "platform/windows/win32/toolkit.h"
 
 using namespace fakes;
 
 namespace {
-
-LRESULT ask(HWND window, UINT message) {
-    return SendMessageW(window, message, 0, 0);
-}
-
-std::string textOf(HWND window) {
-    std::wstring text(GetWindowTextLengthW(window), L'\0');
-    GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
-    return platform::narrow(text);
-}
-
-HWND windowOf(const forms::Control& control) {
-    return win32::peerOf(&control)->window();
-}
-
-RECT placeOf(HWND window) {
-    RECT place;
-    GetWindowRect(window, &place);
-    return place;
-}
-
-HWND windowOf(forms::Form& form) {
-    return dynamic_cast<win32::FormWindow&>(*form.window()).window();
-}
-
-struct Windows : testing::Test, DeskWith<win32::Win32Toolkit> {
-    console::frmConsole& form = open();
-
-    ~Windows() override {
-        MSG quit;
-        PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
-    }
-
-    /// Posts a key to the focused window and runs the message loop.
-    static void press(WPARAM key, LPARAM details = 1, UINT message = WM_KEYDOWN) {
-        PostMessageW(GetFocus(), message, key, details);
-        MSG next;
-        win32::runLoop([&] {
-            return PeekMessageW(&next, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_NOREMOVE) != 0;
-        });
-    }
-    [[nodiscard]] HWND window() const { return windowOf(form); }
-    /// Returns the window of a form's tooltips.
-    static HWND tooltipsOf(HWND window) {
-        ask(window, WM_SETCURSOR);
-        HWND tips = nullptr;
-        do
-            tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr);
-        while (tips && GetWindow(tips, GW_OWNER) != window);
-        return tips;
-    }
-    /// Performs the action while a message loop of the system's own runs.
-    static void soon(std::function<void()> action) {
-        static std::function<void()> waiting;
-        waiting = std::move(action);
-        SetTimer(nullptr, 0, 200, [](HWND, UINT, UINT_PTR timer, DWORD) {
-            KillTimer(nullptr, timer);
-            waiting();
-        });
-    }
-};
 
 TEST_F(Windows, KeysReachTheFormThenTheModel) {
     const auto& panel = form.compile;
@@ -128,150 +58,6 @@ TEST_F(Windows, ADialogShowsWhatEnterPressesAndEscEndsIt) {
     });
     form.mnuOptionsPrograms.click();
     EXPECT_TRUE(IsWindowEnabled(window()));
-}
-
-/// An automation tool, which meets a control of any kind and acts on it by messages. A control that
-/// is in use must follow, and another one must not.
-struct Tool : forms::ControlVisitor {
-    void meet(forms::Control& met, int itsId) {
-        SCOPED_TRACE(met.form().name + " " + met.fullName());
-        control = &met;
-        id = itsId;
-        if (const auto* peer = win32::peerOf(&met)) {
-            window = peer->window();
-            const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
-            EXPECT_EQ(met.Enabled, !(style & WS_DISABLED));
-            EXPECT_EQ(met.inSight(), (style & WS_VISIBLE) != 0);
-        }
-        ASSERT_TRUE(met.peer() || dynamic_cast<forms::CommonDialog*>(&met));
-        met.accept(*this);
-    }
-
-    void visit(forms::Label&) override {}
-    void visit(forms::Line&) override {}
-    void visit(forms::Image&) override {}
-    void visit(forms::Frame&) override {
-        EXPECT_EQ(ask(window, WM_NCHITTEST), HTCLIENT);
-        expectClick(window, WM_LBUTTONDOWN, 0);
-    }
-    void visit(forms::PictureBox&) override {}
-    void visit(forms::StatusBar&) override {
-        int ends[3] = {};
-        SendMessageW(window, SB_GETPARTS, std::size(ends), reinterpret_cast<LPARAM>(ends));
-        EXPECT_NEAR(ends[2] - ends[1], 56, 12) << "room for the time";
-    }
-    void visit(forms::Button&) override { expectClick(window, BM_CLICK, 0); }
-    void visit(forms::MenuItem& item) override {
-        const HWND form = windowOf(item.form());
-        EXPECT_EQ(GetMenuItemCount(GetMenu(form)), 3);
-        wchar_t caption[80] = {};
-        GetMenuStringW(GetMenu(form), id, caption, std::size(caption), MF_BYCOMMAND);
-        EXPECT_EQ(platform::narrow(caption), item.Caption() == "-" ? "" : item.Caption());
-        EXPECT_EQ(GetMenuState(GetMenu(form), id, MF_BYCOMMAND) & MF_GRAYED,
-                  item.Enabled ? 0 : MF_GRAYED);
-        expectClick(form, WM_COMMAND, id);
-    }
-    void visit(forms::CheckBox& box) override {
-        for (const UINT message : {BM_SETCHECK, BM_CLICK})
-            follow({1, 0}, message, BM_GETCHECK, [&box] { return box.Value(); });
-    }
-    void visit(forms::OptionButton& option) override {
-        for (const UINT message : {BM_SETCHECK, BM_CLICK}) {
-            option.nextOption(1).click();
-            follow({1}, message, BM_GETCHECK, [&option] { return option.Value(); });
-        }
-    }
-    void visit(forms::TextBox& box) override {
-        for (const auto& [message, typed] :
-             {std::pair(WM_SETTEXT, std::wstring(300, L'\u00e9')), {EM_REPLACESEL, L"y"}}) {
-            const std::string expected =
-                box.usable() && !box.readOnly ? platform::narrow(typed) : box.Text();
-            SendMessageW(window, EM_SETSEL, 0, -1);
-            SendMessageW(window, message, 0, reinterpret_cast<LPARAM>(typed.c_str()));
-            EXPECT_EQ(box.Text(), expected);
-            EXPECT_TRUE(!box.Visible || textOf(window) == expected);
-        }
-    }
-    void visit(forms::ListBox& list) override {
-        while (list.ListCount() < 40)
-            list.AddItem("c:\\" + std::to_string(list.ListCount()));
-        list.setList(1, "c:\\new");
-        list.RemoveItem(0);
-        EXPECT_EQ(ask(window, LB_GETCOUNT), list.ListCount());
-        EXPECT_TRUE(GetWindowLongW(window, GWL_STYLE) & WS_VSCROLL);
-        for (int row = 0; row < list.ListCount(); ++row)
-            EXPECT_EQ(rowText(row), list.List(row));
-        const auto now = [&list] { return list.ListIndex(); };
-        follow({1, 0, 2}, LB_SETCURSEL, LB_GETCURSEL, now);
-        SetFocus(window);
-        if (list.usable()) Windows::press(VK_UP);
-        EXPECT_EQ(now(), list.usable() ? 1 : ask(window, LB_GETCURSEL));
-    }
-    void visit(forms::DriveList& list) override {
-        follow({1, 0}, CB_SETCURSEL, CB_GETCURSEL, [&list] {
-            return std::ranges::find(list.drives(), list.Drive()) - list.drives().begin();
-        });
-    }
-    void visit(forms::FolderList& list) override {
-        for (const int row : {0, 2}) {
-            SetFocus(window);
-            SendMessageW(window, LB_SETCURSEL, row, 0);
-            Windows::press(VK_RETURN);
-            EXPECT_EQ(ask(window, LB_GETCOUNT), std::ssize(list.rows()));
-            EXPECT_EQ(ask(window, LB_GETCURSEL), list.openRow());
-        }
-        EXPECT_EQ(list.Path(), "c:\\tales");
-        EXPECT_EQ(rowText(1) + rowText(2), "   tales      lib");
-    }
-    void visit(forms::TabStrip& tabs) override {
-        for (const UINT message : {TCM_SETCURSEL, TCM_SETCURFOCUS})
-            follow({0, 2, tabs.SelectedItem - 1}, message, TCM_GETCURSEL,
-                   [&tabs] { return tabs.SelectedItem - 1; });
-    }
-
-    void expectClick(HWND receiver, UINT message, WPARAM first) {
-        const auto clicks = std::make_shared<int>(0);
-        control->setHandler([clicks] { ++*clicks; });
-        SendMessageW(receiver, message, first, 0);
-        EXPECT_EQ(*clicks, control->usable());
-    }
-    /// Sends the values, and expects the control and its window to have each.
-    void follow(const std::vector<int>& values, UINT set, UINT get,
-                const std::function<LRESULT()>& now) {
-        for (const int value : values) {
-            const LRESULT expected = control->usable() ? value : now();
-            EXPECT_EQ(ask(window, get), now());
-            SendMessageW(window, set, value, 0);
-            EXPECT_EQ(now(), expected);
-            EXPECT_EQ(ask(window, get), expected);
-        }
-    }
-    [[nodiscard]] std::string rowText(int row) const {
-        wchar_t text[80] = {};
-        SendMessageW(window, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text));
-        return platform::narrow(text);
-    }
-
-    forms::Control* control = nullptr;
-    int id = 0;
-    HWND window = nullptr;
-};
-
-TEST_F(Windows, EveryControlFollowsAnAutomationTool) {
-    runtime.tree = {
-        {"c:\\", {"nwb", "tales"}}, {"c:\\nwb", {}}, {"c:\\tales", {"lib"}}, {"d:\\", {}}};
-    for (forms::Form* shown : everyForm(application, program)) {
-        shown->Show();
-        auto* console = dynamic_cast<console::frmConsole*>(shown);
-        for (int tab = 1; console && tab <= 4; ++tab)
-            console->tbsOptions.SelectedItem = tab;  // creates the windows in its panel
-        for (int tab = console ? 4 : 1; tab > 0; --tab) {
-            if (console) console->tbsOptions.SelectedItem = tab;
-            int id = win32::firstId;
-            for (forms::Control* control : shown->allControls())
-                Tool().meet(*control, id++);
-        }
-    }
 }
 
 TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {

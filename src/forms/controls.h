@@ -297,7 +297,8 @@ class ControlArray {
 ///    its source file in their CMakeLists.txt.
 /// 4. In tests check it in qt_test.cpp and win32_test.cpp. Let the random walk of the windows
 ///    compare its value.
-/// A control of the new kind on a form then needs its lines in tests/forms.txt and windows.txt.
+/// A control of the new kind on a form then needs its lines in the lists of what forms look like,
+/// tests/forms.txt, widgets.txt and windows.txt.
 class ControlVisitor {
   public:
     virtual ~ControlVisitor() = default;

@@ -16,9 +16,10 @@
 ///    command.
 /// 2. In the panel's source let the handler set the field and rebuild the command text, and add the
 ///    field to the rebuild. A new frame goes to applyHideBox too.
-/// 3. In tests add the control's line to forms.txt, and its part of the command to rules.h:
-///    the test that clicks every option and the random walk check it from there. The test of the
-///    looks under Wine leaves a new windows.txt in build/windows/tests.
+/// 3. In tests add the control's part of the command to rules.h: the test that clicks every option
+///    and the random walk check it from there. Then the lists of what the forms look like change:
+///    forms.txt, widgets.txt and windows.txt. A failing test leaves a new list in the folder
+///    tests of its build.
 /// 4. In pages/default.htm add its row and its mnemonic, and run scripts/take-pictures.
 namespace tools::panel {
 
