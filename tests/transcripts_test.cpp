@@ -17,16 +17,15 @@ std::string marked(std::string text) {
 ///     new                            the program, not yet opened
 ///     path NAME = PATH               a setting
 ///     file PATH [= TIME]             exists, and was changed then, in seconds
-///     gone                           all files are deleted
 ///     short PATH = PATH              the path and its short form
-///     answer No                      to all questions from now on
+///     refuse                         answers No to all questions from now on
 ///     open                           shows the console
 ///     tab NUMBER                     selects a tab, counted from 1
 ///     click NAME                     a control or menu item
 ///     type NAME = [TEXT]             into a box; (blank) stands for a blank
 ///     include FOLDER                 is added to the compiler's search list
 ///     enter                          presses Enter
-///     meanwhile LINE                 acts once the next message box is open
+///     meanwhile LINE                 acts so while a message box is open, from now on
 ///     show NAME                      what a control shows
 class User {
   public:
@@ -52,31 +51,28 @@ class User {
         const std::string name = rest.substr(0, equals == line.npos ? equals : equals - blank - 1);
         std::string value = equals == line.npos ? "" : line.substr(equals + 2);
         value = value == " (blank)" ? " " : value.substr(value.empty() ? 0 : 1);
-        if (verb == "new") desk_ = std::make_unique<Desk>();
-        auto& [runtime, toolkit, application, program, state, console] = *desk_;
         const auto control = [&]() -> forms::Control& {
-            forms::Control* found = console->find(name);
+            forms::Control* found = desk_->opened->find(name);
             return found ? *found : throw std::runtime_error("there is no control " + name);
         };
-        if (verb == "path") state.*paths.at(name) = value;
-        if (verb == "file") runtime.files[name].changed = value.empty() ? 0 : std::stoi(value);
-        if (verb == "gone") runtime.files.clear();
-        if (verb == "short") runtime.shortNames[name] = value;
-        if (verb == "answer") runtime.answer = core::Runtime::Answer::No;
-        if (verb == "open") desk_->open();
-        if (verb == "tab") console->tbsOptions.pick(std::stoi(name));
-        if (verb == "click") control().click();
-        if (verb == "type") dynamic_cast<forms::TextBox&>(control()).type(value);
-        if (verb == "include") console->compile.lstInclude.AddItem(name);
-        if (verb == "enter") console->pressDefault();
-        if (verb == "meanwhile") {
-            meanwhile_ = rest;
-            runtime.whileBoxIsOpen = [this] { perform(std::exchange(meanwhile_, "")); };
-        }
-        if (verb != "show") return;
-        const auto* box = dynamic_cast<forms::TextBox*>(&control());
-        shown_ += (box ? box->Text() : control().Caption()) + (box && box->multiLine ? "" : "\n");
+        const auto box = [&] { return dynamic_cast<forms::TextBox*>(&control()); };
+        const std::map<std::string, std::function<void()>> verbs = {
+            {"new", [&] { desk_ = std::make_unique<Desk>(); }},
+            {"path", [&] { desk_->state.*paths.at(name) = value; }},
+            {"file", [&] { desk_->runtime.files[name].changed = std::stoi('0' + value); }},
+            {"short", [&] { desk_->runtime.shortNames[name] = value; }},
+            {"refuse", [&] { desk_->runtime.answer = core::Runtime::Answer::No; }},
+            {"open", [&] { desk_->open(); }},
+            {"tab", [&] { desk_->opened->tbsOptions.pick(std::stoi(name)); }},
+            {"click", [&] { control().click(); }},
+            {"type", [&] { box()->type(value); }},
+            {"include", [&] { desk_->opened->compile.lstInclude.AddItem(name); }},
+            {"enter", [&] { desk_->opened->pressDefault(); }},
+            {"meanwhile", [&] { desk_->runtime.whileBoxIsOpen = [this, rest] { perform(rest); }; }},
+            {"show", [&] { shown_ += (box() ? box()->Text() : control().Caption()) + '\n'; }}};
+        verbs.at(verb)();
     }
+
     const std::map<std::string, std::string AppState::*> paths = {
         {"compiler", &AppState::CompilerPath},       {"gui player", &AppState::GuiPlayerPath},
         {"dos player", &AppState::DosPlayerPath},    {"player", &AppState::ConsolePlayerPath},
@@ -86,7 +82,6 @@ class User {
         {"browser", &AppState::BrowserPath},         {"acrobat", &AppState::AcrobatPath}};
     std::unique_ptr<Desk> desk_;
     std::string shown_;
-    std::string meanwhile_;
 };
 
 TEST(Transcripts, GoAsAgreed) {
