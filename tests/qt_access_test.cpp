@@ -173,6 +173,7 @@ struct Assistant : ControlVisitor {
 TEST_F(Windows, AssistiveTechnologyMeetsEveryControl) {
     for (Form* shown : fakes::everyForm(application, program)) {
         open(*shown);
+        const Control* first = qt::controlOf(*shown, window->focusWidget());
         auto* console = dynamic_cast<console::frmConsole*>(shown);
         for (int tab = 1; console && tab <= 4; ++tab)
             console->tbsOptions.SelectedItem = tab;  // creates its panel
@@ -188,6 +189,7 @@ TEST_F(Windows, AssistiveTechnologyMeetsEveryControl) {
             });
             // Tab stops at each of them in their order, and then starts again.
             ASSERT_FALSE(assistant.stops.empty());
+            EXPECT_EQ(first, assistant.stops.front());
             assistant.stops.front()->SetFocus();
             assistant.stops.push_back(assistant.stops.front());
             for (const Control* stop : assistant.stops) {

@@ -254,6 +254,7 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
             });
             edit->setText("q:/other.kel");
             QTest::keyClick(edit, Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible());
             edit->setText(shown.isEmpty() ? "c:/games/other.kel" : "other.kel");
             QTest::keyClick(edit, Qt::Key_Return);
         });
@@ -264,11 +265,13 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
 }
 
 TEST_F(Windows, AFolderIsOpenedByItsRow) {
+    runtime.tree["c:\\nwb"] = {"a", "b"};
     auto& dialog =
         dynamic_cast<dialogs::frmIncludeAdd&>(*fakes::everyForm(application, program).back());
     dialog.Show();
     window = &windowOf(dialog);
     auto& rows = widget<QTreeWidget>(dialog.Dir1);
+    EXPECT_EQ(rows.topLevelItem(0)->child(0)->childCount(), 2);
     QTest::keyClick(&rows, Qt::Key_Up);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\nwb");
     QTest::keyPress(&rows, Qt::Key_Return);

@@ -88,7 +88,8 @@ TEST_F(Settings, AFileIsReadAsFarAsItGoesAndSavedWhole) {
 TEST_F(Settings, ATextKeepsWhatItsLineCanHold) {
     const std::pair<std::string, std::string> texts[] = {
         {R"(a"b"c)", R"(a"b"c)"}, {R"("a" b)", "a b"},     {R"(a,"b")", R"("a,b")"},
-        {R"( "a")", R"(" a")"},   {"\"\r\n a", R"(" a")"}, {"\"", ""}};
+        {R"( "a")", R"(" a")"},   {"\"\r\n a", R"(" a")"}, {"\"", ""},
+        {"a, ", "\"a, \""}};
     for (const auto& [typed, line] : texts) {
         state = {};
         state.CompilerPath = typed;
