@@ -97,6 +97,7 @@ void useFiles(core::Runtime& runtime, const std::string& folder) {
 
 TEST_F(Platform, WorksOnFilesLikeTheOneOfTheTests) {
     useFiles(runtime, folder);
+    EXPECT_EQ(std::distance(fs::directory_iterator(place), {}), 1);
     fakes::FakeRuntime fake;
     useFiles(fake, "c:\\nwb");
 }
@@ -255,8 +256,8 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
     const auto key = runtime.RegOpenKeyEx(currentUser, settingsKey, read);
     ASSERT_EQ(key.has_value(), *settingsKey != 0) << "has a registry";
     if (!key) return;
-    EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft")->bytes.c_str(), value);
-    EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft")->type, 1);
+    EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft").value().bytes.c_str(), value);
+    EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft").value().type, 1);
     EXPECT_FALSE(runtime.RegQueryValueEx(*key, "MainTop"));
     runtime.RegCloseKey(*key);
 }
