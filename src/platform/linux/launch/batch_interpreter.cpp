@@ -48,8 +48,6 @@ void enter(const std::optional<HostPath>& folder, const std::string& name) {
 }  // namespace
 
 bool BatchInterpreter::run(std::string_view script) {
-    failed_ = false;
-    lastFailure_.clear();
     for (const BatchLine& line : parseBatch(script)) {
         echo(line.text);
         try {

@@ -23,9 +23,9 @@ class BatchInterpreter {
                      Titles titles = Titles::No)
         : disk_(disk), launcher_(disk), in_(in), out_(out), titles_(titles) {}
 
-    /// Runs the script in the current folder of the process. Returns false if the user must be
-    /// given time to read the output: a line could not be executed, or the last program failed, and
-    /// no "pause" followed.
+    /// Runs the only script of this interpreter, in the current folder of the process. Returns
+    /// false if the user must be given time to read the output: a line could not be executed, or
+    /// the last program failed, and no "pause" followed.
     bool run(std::string_view script);
 
   private:
