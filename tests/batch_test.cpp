@@ -193,6 +193,7 @@ TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
     program(c / "ill", "#!/bin/sh\nkill -11 $$\n");
     program(c / "stop", "#!/bin/sh\nkill -2 $$\n");
     program(c / "good");
+    program(c / "interrupt", "#!/bin/sh\nkill -2 $PPID\n");
     const std::string good = "\"c:\\good\"", bad = "\"c:\\bad\"";
     const std::pair<std::string, std::string> cases[] = {
         {good, good + '\n'},
@@ -203,6 +204,7 @@ TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
         {"\"c:\\stop\"\n" + good, "Interrupted.\n"},
         {bad + "\n Pause ", ">Pause\nPress Enter to continue . . . "},
         {"\"c:\\none\"\npause\n" + good, good + '\n'},
+        {"\"c:\\interrupt\"\n" + good, good + '\n'},
     };
     for (const auto& [script, end] : cases) {
         EXPECT_EQ(run(script), !end.ends_with(".\n")) << script;
@@ -314,6 +316,7 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
     }
 
     write(c / "x.bat");
+    ASSERT_TRUE(std::freopen("/dev/zero", "r", stdin));
     program(xterm,
             "#!/bin/sh\nread -r a b c d e leader rest < /proc/$$/stat\n"
             "until [ -e go ]; do [ -e $0 ] || exit; done\n"

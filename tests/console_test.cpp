@@ -125,7 +125,6 @@ TEST(Console, AUserReachesOnlyWhatCanBeUsed) {
     EXPECT_TRUE(form.pressDefault());
     EXPECT_TRUE(desk.runtime.told("Windows Console player program  not found"));
     EXPECT_EQ(form.mnemonicTarget('E', nullptr), &form.play.optRecord(0));
-    EXPECT_EQ(form.play.labLogfile.mnemonic(), 0);
     form.play.optPlayer(1).Value = false;
     EXPECT_TRUE(form.play.optPlayer(0).isTabStop());
     form.play.optPlayer(0).Enabled = false;

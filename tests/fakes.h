@@ -99,13 +99,11 @@ class FakeRuntime : public core::CommonRuntime {
 
     /// Returns the boxes shown since the last call.
     std::vector<Box> newBoxes() { return std::exchange(boxes, {}); }
-    /// True if exactly one new box was shown, whose text starts so; after the title and "?" if it
-    /// is a question. The pages have the whole texts.
+    /// True if exactly one new box was shown, whose text starts so, and which is neither a question
+    /// nor an error. The pages have the whole texts.
     bool told(const std::string& start) {
         const auto shown = newBoxes();
-        if (shown.size() != 1 || shown[0].flags == exclamation) return false;
-        const std::string mark = shown[0].flags == yesNo ? "?" : "";
-        return (shown[0].title + mark + shown[0].text).starts_with(start);
+        return shown.size() == 1 && shown[0].flags == okOnly && shown[0].text.starts_with(start);
     }
 
     std::string AppPath() override { return "c:\\nwb"; }

@@ -16,7 +16,6 @@ struct Panels : testing::Test, Desk {
         state.PlayerChoice = 0;
         return open();
     }();
-    tools::EditPanel& edit = form.edit;
     tools::CompilePanel& compile = form.compile;
     tools::PlayPanel& play = form.play;
     tools::SpellingPanel& spelling = form.spelling;

@@ -136,6 +136,7 @@ TEST_F(LinuxDesktop, TakesTheDrivesOfTheWinePrefixOrMakesItsOwn) {
     setenv("XDG_DATA_HOME", "nwbw", 1);
     EXPECT_EQ(Drives::ofUser().prefix(), HostPath(home / ".local/share/nwbw"));
     setenv("XDG_DATA_HOME", home.c_str(), 1);
+    fs::remove(links / "c:");
     fs::remove(links / "z:");
     fs::remove_all(c);
     const Drives again = Drives::ofUser();
@@ -154,7 +155,6 @@ TEST(ShortNames, DependOnTheCompetingStemsOnly) {
         {{"quest.html"}, "Q~C4FY28.HT~"},
         {{"-draft of a tale"}, "_DRAFT~1"},
         {{"$%'-_@~`.!()"}, "$%'-_@~`.!()"},
-        {{"a{}^#&.kel"}, "a{}^#&.kel"},
     };
     for (const auto& [names, shortName] : cases) {
         EXPECT_EQ(ShortNames(names).shortFor(names[0]), shortName) << names[0];
