@@ -186,7 +186,6 @@ TEST_F(Platform, StartsPrograms) {
         {commandOf(place / "my tools.exe"), "\n"},
         {"tool.exe x", "[x]\n"},
         {none, nullptr},
-        {none + " a&ed", nullptr},
         {core::quoted(in("text.exe")), nullptr},
         {"planted.exe x", nullptr},
         {"\"planted.exe\" x", nullptr},

@@ -308,6 +308,7 @@ TEST_F(Windows, AMessageBoxAnswers) {
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
             EXPECT_LT(box.width(), 800);
             EXPECT_EQ(box.icon() == QMessageBox::Warning, flags == Runtime::exclamation);
+            EXPECT_EQ(box.button(QMessageBox::No) != nullptr, flags == Runtime::yesNo);
             // As a screen reader does.
             widget<QRadioButton>(form->compile.optFormat(2)).click();
             for (QAction* action : window->findChildren<QAction*>())
