@@ -168,16 +168,15 @@ TEST_F(Batch, TellsWhatIsMissing) {
 TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
     setenv("XDG_CURRENT_DESKTOP", "none:My", 1);
     write(home / "my-mimeapps.list",
-          "[Default "
-          "Applications]\ntext/plain=none.desktop;hidden.desktop;gone.desktop;ed.desktop;\n");
+          "[Default Applications]\n"
+          "text/plain=none.desktop;hidden.desktop;gone.desktop;ed.desktop;\n");
     write(home / "applications/hidden.desktop", "[Desktop Entry]\nExec=ed\nHidden=true\n");
     write(home / "applications/gone.desktop", "[Desktop Entry]\nExec=gone\n");
     write(home / "mimeapps.list", "[Default Applications]\ntext/plain=other.desktop\n");
     write(home / "applications/other.desktop", "[Desktop Entry]\nExec=ed other\n");
-    write(
-        home / "applications/ed.desktop",
-        "[Desktop Action new]\nExec=ed -new\n[Desktop Entry]\n Exec = ed \"a \\\"b\\\"\" %c %% %U\n"
-        "Terminal=true\n");
+    write(home / "applications/ed.desktop",
+          "[Desktop Action new]\nExec=ed -new\n"
+          "[Desktop Entry]\n Exec = ed \"a \\\"b\\\"\" %c %% %U\nTerminal=true\n");
     putEchoChild("ed");
     write(c / "wizardquest.kel");
     const std::string start = c.string() + "[a \"b\"][%]", url = "[file://" + c.string();

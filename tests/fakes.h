@@ -291,11 +291,32 @@ inline std::vector<forms::Form*> everyForm(forms::Application& application,
     return loaded;
 }
 
-/// Expects the lines of a file of the tests. Leaves those found in the current folder, to compare
-/// or to agree on.
+/// Calls `use` with each tab of the form selected, or once if it has none. All panels have been
+/// shown before, which creates what is in them.
+inline void onEachPage(forms::Form& form, const std::function<void()>& use) {
+    auto* console = dynamic_cast<console::frmConsole*>(&form);
+    for (int tab = 1; console && tab <= 4; ++tab)
+        console->tbsOptions.SelectedItem = tab;
+    for (int tab = console ? 4 : 1; tab > 0; --tab) {
+        SCOPED_TRACE(form.name + " " + std::to_string(tab));
+        if (console) console->tbsOptions.SelectedItem = tab;
+        use();
+    }
+}
+
+/// Replaces the handlers of all the form's controls but its tabs by ones that log their names.
+inline void logHandlers(forms::Form& form, std::string& heard) {
+    for (forms::Control* control : form.allControls())
+        if (control->name != "tbsOptions")
+            control->setHandler([&heard, control] { heard += control->fullName() + " "; });
+}
+
+/// Expects the lines of a file of the tests. Leaves others in the current folder, to compare or to
+/// agree on.
 inline void expectAgreed(const std::string& file, const std::string& found) {
-    std::ofstream(file, std::ios::binary) << found;
-    std::istringstream lines(found), agreed(contentOf(fs::path(NWBW_TESTS) / file));
+    const std::string wanted = contentOf(fs::path(NWBW_TESTS) / file);
+    if (found != wanted) std::ofstream(file, std::ios::binary) << found;
+    std::istringstream lines(found), agreed(wanted);
     for (std::string line, expected; std::getline(lines, line) || agreed;) {
         std::getline(agreed, expected);
         ASSERT_EQ(std::exchange(line, ""), std::exchange(expected, ""));

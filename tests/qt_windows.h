@@ -67,9 +67,7 @@ struct Windows : testing::Test {
     }
     /// Shows the form. Replaces the handlers of all its controls but the tabs.
     void open(forms::Form& opened) {
-        for (forms::Control* control : opened.allControls())
-            if (control->name != "tbsOptions")
-                control->setHandler([=, this] { heard += control->fullName() + " "; });
+        fakes::logHandlers(opened, heard);
         opened.Show();
         window = &windowOf(opened);
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));

@@ -45,12 +45,11 @@ class User {
 
   private:
     void perform(const std::string& line) {
-        const std::size_t blank = line.find(' '), equals = line.find(" =");
-        const std::string verb = line.substr(0, blank);
-        const std::string rest = blank == line.npos ? "" : line.substr(blank + 1);
-        const std::string name = rest.substr(0, equals == line.npos ? equals : equals - blank - 1);
-        std::string value = equals == line.npos ? "" : line.substr(equals + 2);
-        value = value == " (blank)" ? " " : value.substr(value.empty() ? 0 : 1);
+        static const std::regex parts(R"((\w+) ?(.*?)(?: = ?(.*))?)");
+        std::smatch part;
+        std::regex_match(line, part, parts);
+        const std::string rest = line.substr(line.find(' ') + 1);
+        const std::string name = part[2], value = part[3] == "(blank)" ? " " : part[3].str();
         const auto control = [&]() -> forms::Control& {
             forms::Control* found = desk_->opened->find(name);
             return found ? *found : throw std::runtime_error("there is no control " + name);
@@ -58,7 +57,7 @@ class User {
         const auto box = [&] { return dynamic_cast<forms::TextBox*>(&control()); };
         const std::map<std::string, std::function<void()>> verbs = {
             {"new", [&] { desk_ = std::make_unique<Desk>(); }},
-            {"path", [&] { desk_->state.*paths.at(name) = value; }},
+            {"path", [&] { desk_->state.*paths_.at(name) = value; }},
             {"file", [&] { desk_->runtime.files[name].changed = std::stoi('0' + value); }},
             {"short", [&] { desk_->runtime.shortNames[name] = value; }},
             {"refuse", [&] { desk_->runtime.answer = core::Runtime::Answer::No; }},
@@ -70,10 +69,10 @@ class User {
             {"enter", [&] { desk_->opened->pressDefault(); }},
             {"meanwhile", [&] { desk_->runtime.whileBoxIsOpen = [this, rest] { perform(rest); }; }},
             {"show", [&] { shown_ += (box() ? box()->Text() : control().Caption()) + '\n'; }}};
-        verbs.at(verb)();
+        verbs.at(part[1])();
     }
 
-    const std::map<std::string, std::string AppState::*> paths = {
+    const std::map<std::string, std::string AppState::*> paths_ = {
         {"compiler", &AppState::CompilerPath},       {"gui player", &AppState::GuiPlayerPath},
         {"dos player", &AppState::DosPlayerPath},    {"player", &AppState::ConsolePlayerPath},
         {"extractor", &AppState::ExtractorPath},     {"editor", &AppState::EditorPath},

@@ -138,15 +138,11 @@ TEST_F(Windows, EveryControlFollowsAnAutomationTool) {
         {"c:\\", {"nwb", "tales"}}, {"c:\\nwb", {}}, {"c:\\tales", {"lib"}}, {"d:\\", {}}};
     for (forms::Form* shown : fakes::everyForm(application, program)) {
         shown->Show();
-        auto* console = dynamic_cast<console::frmConsole*>(shown);
-        for (int tab = 1; console && tab <= 4; ++tab)
-            console->tbsOptions.SelectedItem = tab;  // creates the windows in its panel
-        for (int tab = console ? 4 : 1; tab > 0; --tab) {
-            if (console) console->tbsOptions.SelectedItem = tab;
+        fakes::onEachPage(*shown, [shown] {
             int id = win32::firstId;
             for (forms::Control* control : shown->allControls())
                 Tool().meet(*control, id++);
-        }
+        });
     }
 }
 

@@ -17,9 +17,7 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     form.tbsOptions.SelectedItem = 3;
     form.play.chkPlayback.click();  // disables the first player
     std::string heard;
-    for (forms::Control* control : form.allControls())
-        if (control->name != "tbsOptions")
-            control->setHandler([&heard, control] { heard += control->fullName() + ' '; });
+    logHandlers(form, heard);
     const std::tuple<int, const forms::Control&, UINT, WPARAM, const char*> rows[] = {
         {3, form.play.optPlayer(1), WM_KEYDOWN, VK_UP, "optPlayer(2) optPlayer(2)"},
         {3, form.play.optPlayer(2), WM_KEYDOWN, VK_RIGHT, "optPlayer(1) optPlayer(1)"},
@@ -209,6 +207,7 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
         for (int x = 17; x < 470; x += 6)
             looks += GetGValue(GetPixel(drawn, x, y)) > 128 ? '.' : '#';  // the picture
     looks += '\n';
+    ReleaseDC(windowOf(*all[1]), drawn);
     const RECT splash = placeOf(windowOf(*all[1]));
     EXPECT_NEAR(splash.bottom - splash.top, 294, 4);
     EXPECT_NEAR(splash.left + splash.right, GetSystemMetrics(SM_CXSCREEN), 2);
