@@ -1,4 +1,5 @@
 #include "forms/drop.h"
+#include "forms/focus.h"
 #include "rules.h"
 
 using namespace forms;
@@ -133,6 +134,9 @@ TEST(Console, AUserReachesOnlyWhatCanBeUsed) {
     for (const auto& [button, next] :
          {std::pair("btnBrowse(1)", "btnBrowse(2)"), {"btnBrowse(9)", "btnBrowse(0)"}})
         EXPECT_EQ(dialog.mnemonicTarget('B', dialog.find(button)), dialog.find(next));
+    auto& list = desk.application.load<dialogs::frmIncludeList>(desk.program);
+    const auto isButton = [](auto& any) { return dynamic_cast<const forms::Button*>(&any); };
+    EXPECT_EQ(forms::focusAfter(list.btnDelete, isButton), &list.btnCancel);
 }
 
 TEST(Console, AControlThatDiesLeavesItsContainer) {

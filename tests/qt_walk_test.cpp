@@ -94,6 +94,8 @@ struct WindowWalk : testing::Test {
             ASSERT_TRUE(!box || own.toBool() == (box->Value != 0)) << box->fullName();
             const auto* option = dynamic_cast<const forms::OptionButton*>(control);
             ASSERT_TRUE(!option || own.toBool() == option->Value) << option->fullName();
+            const bool tabStop = widget.focusPolicy() & Qt::TabFocus;
+            ASSERT_TRUE(!option || !option->usable() || tabStop == option->isTabStop());
             const auto* text = dynamic_cast<const forms::TextBox*>(control);
             const std::string shown = own.toString().replace("\n", "\r\n").toStdString();
             ASSERT_TRUE(!text || shown == text->Text()) << shown;

@@ -168,6 +168,24 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
     EXPECT_TRUE(ask(drives, CB_GETDROPPEDSTATE));
 }
 
+/// Returns the two colours that fill most of a window.
+std::string coloursOf(HWND window) {
+    RECT inside;
+    GetClientRect(window, &inside);
+    const HDC drawn = GetDC(window);
+    std::map<COLORREF, int> counts;
+    for (int at = 0; at < inside.right * inside.bottom; ++at)
+        ++counts[GetPixel(drawn, at % inside.right, at / inside.right)];
+    ReleaseDC(window, drawn);
+    std::ostringstream colours;
+    for (int most = 0; most < 2 && !counts.empty(); ++most) {
+        const auto found = std::ranges::max_element(counts, {}, [](const auto& colour) { return colour.second; });
+        colours << ' ' << std::hex << found->first;
+        counts.erase(found);
+    }
+    return colours.str();
+}
+
 /// Returns a window's class, text, styles, font, width inside its edges, and places inside and
 /// outside them, in pixels. Those of forms and pages depend on the height of the system's bars.
 std::string lookOf(HWND window) {
@@ -188,6 +206,7 @@ std::string lookOf(HWND window) {
     if (std::regex_match(kind, std::wregex(L"Button|ComboBox|Edit|ListBox|Static")))
         look << ' ' << inside.bottom << " at " << start.x << ' ' << start.y << '|' << place.left
              << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
+    if (IsWindowVisible(window)) look << coloursOf(window);
     return std::regex_replace(look.str(), std::regex("\r\n"), "\\n");
 }
 
@@ -218,12 +237,19 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     std::wcscpy(metrics.lfMessageFont.lfFaceName, L"Tahoma");
+    const std::array<int, 7> ids{COLOR_3DFACE, COLOR_WINDOW, COLOR_WINDOWTEXT, COLOR_BTNTEXT, COLOR_GRAYTEXT, COLOR_3DSHADOW, COLOR_3DHILIGHT};
+    const std::array<COLORREF, 7> cols{RGB(0xd0,0xd1,0xd2), RGB(0xf0,0xf1,0xf2), RGB(1,2,3), RGB(0x31,2,3), RGB(0x71,0x72,0x73), RGB(0xa1,0xa2,0xa3),RGB(0xe1,0xe2,0xe3)};
+    SetSysColors(7, ids.data(), cols.data());
+    int tab = 0;
     for (const int height : {-12, -18, -48, -8, -12}) {
+        dynamic_cast<console::frmConsole&>(*all[0]).tbsOptions.SelectedItem = 1 + tab++ % 4;
         metrics.lfMessageFont.lfHeight = height;
         metrics.lfMessageFont.lfItalic = looks.empty();
         SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
         for (forms::Form* shown : all) {
             ask(windowOf(*shown), WM_SETTINGCHANGE);
+            SetForegroundWindow(windowOf(*shown));
+            RedrawWindow(windowOf(*shown), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
             looks += lookOf(windowOf(*shown)) + '\n';
             EnumChildWindows(windowOf(*shown), add, reinterpret_cast<LPARAM>(&looks));
         }

@@ -73,6 +73,8 @@ class OptionButtonPeer : public CaptionPeer<forms::OptionButton, QRadioButton> {
             // Qt clears this option before the model knows of the other, which it may refuse.
             if (!selected && control_.Value) QTimer::singleShot(0, this, [this] { update(); });
         });
+        // Qt makes an option in focus the tab stop even if it is not selected.
+        connect(qApp, &QApplication::focusChanged, this, [this] { markTabStop(); });
     }
 
   protected:
@@ -82,11 +84,14 @@ class OptionButtonPeer : public CaptionPeer<forms::OptionButton, QRadioButton> {
         widget_.setAutoExclusive(control_.Value);
         widget_.setChecked(control_.Value);
         widget_.setAutoExclusive(true);
-        // Otherwise Tab reaches the option that had the focus last, even if it is disabled now.
-        widget_.setFocusPolicy(control_.isTabStop() ? Qt::StrongFocus : Qt::ClickFocus);
+        markTabStop();
     }
 
   private:
+    void markTabStop() {
+        widget_.setFocusPolicy(control_.isTabStop() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+
     bool wasSelected_ = false;  ///< when the mouse button went down
 };
 
