@@ -168,26 +168,28 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
     EXPECT_TRUE(ask(drives, CB_GETDROPPEDSTATE));
 }
 
-/// Returns the two colours that fill most of a window.
-std::string coloursOf(HWND window) {
+/// Returns the colours that fill most of a window: two, or one of a button, whose theme has shades.
+std::string coloursOf(HWND window, bool button) {
     RECT inside;
     GetClientRect(window, &inside);
     const HDC drawn = GetDC(window);
     std::map<COLORREF, int> counts;
-    for (int at = 0; at < inside.right * inside.bottom; ++at)
+    for (int at = 0; at < inside.right * inside.bottom; at += 3)
         ++counts[GetPixel(drawn, at % inside.right, at / inside.right)];
     ReleaseDC(window, drawn);
     std::ostringstream colours;
-    for (int most = 0; most < 2 && !counts.empty(); ++most) {
-        const auto found = std::ranges::max_element(counts, {}, [](const auto& colour) { return colour.second; });
+    for (int most = button ? 1 : 2; most > 0 && !counts.empty(); --most) {
+        const auto found =
+            std::ranges::max_element(counts, {}, [](const auto& one) { return one.second; });
         colours << ' ' << std::hex << found->first;
         counts.erase(found);
     }
     return colours.str();
 }
 
-/// Returns a window's class, text, styles, font, width inside its edges, and places inside and
-/// outside them, in pixels. Those of forms and pages depend on the height of the system's bars.
+/// Returns a window's class, text, styles, font, width inside its edges, places inside and outside
+/// them, in pixels, and colours if it is on the screen. Places of forms and pages depend on the
+/// height of the system's bars.
 std::string lookOf(HWND window) {
     wchar_t kind[40] = {};
     GetClassNameW(window, kind, std::size(kind));
@@ -206,7 +208,8 @@ std::string lookOf(HWND window) {
     if (std::regex_match(kind, std::wregex(L"Button|ComboBox|Edit|ListBox|Static")))
         look << ' ' << inside.bottom << " at " << start.x << ' ' << start.y << '|' << place.left
              << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
-    if (IsWindowVisible(window)) look << coloursOf(window);
+    if (IsWindowVisible(window) && placeOf(GetAncestor(window, GA_ROOT)).right < 1000)
+        look << '|' << coloursOf(window, !std::wcscmp(kind, L"Button"));
     return std::regex_replace(look.str(), std::regex("\r\n"), "\\n");
 }
 
@@ -231,29 +234,35 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     EXPECT_NEAR(splash.bottom - splash.top, 294, 4);
     EXPECT_NEAR(splash.left + splash.right, GetSystemMetrics(SM_CXSCREEN), 2);
     EXPECT_NEAR(splash.top + splash.bottom, GetSystemMetrics(SM_CYSCREEN), 2);
+    auto& first = dynamic_cast<console::frmConsole&>(*all[0]);
     for (int tab = 1; tab <= 4; ++tab)  // creates the windows in its panel
-        dynamic_cast<console::frmConsole&>(*all[0]).tbsOptions.SelectedItem = tab;
+        first.tbsOptions.SelectedItem = tab;
+    for (const char* folder : {"c:\\lib", "d:\\lib"})
+        first.compile.lstInclude.AddItem(folder);
+    first.compile.lstInclude.ListIndex = 0;
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     std::wcscpy(metrics.lfMessageFont.lfFaceName, L"Tahoma");
-    const std::array<int, 7> ids{COLOR_3DFACE, COLOR_WINDOW, COLOR_WINDOWTEXT, COLOR_BTNTEXT, COLOR_GRAYTEXT, COLOR_3DSHADOW, COLOR_3DHILIGHT};
-    const std::array<COLORREF, 7> cols{RGB(0xd0,0xd1,0xd2), RGB(0xf0,0xf1,0xf2), RGB(1,2,3), RGB(0x31,2,3), RGB(0x71,0x72,0x73), RGB(0xa1,0xa2,0xa3),RGB(0xe1,0xe2,0xe3)};
-    SetSysColors(7, ids.data(), cols.data());
+    const int parts[] = {COLOR_3DFACE,   COLOR_WINDOW,   COLOR_WINDOWTEXT, COLOR_BTNTEXT,
+                         COLOR_GRAYTEXT, COLOR_3DSHADOW, COLOR_3DHILIGHT};
+    const COLORREF colours[] = {0xd0d1d2, 0xf0f1f2, 0x010203, 0x310203,
+                                0x717273, 0xa1a2a3, 0xe1e2e3};
+    SetSysColors(std::size(parts), parts, colours);
     int tab = 0;
     for (const int height : {-12, -18, -48, -8, -12}) {
-        dynamic_cast<console::frmConsole&>(*all[0]).tbsOptions.SelectedItem = 1 + tab++ % 4;
+        first.tbsOptions.SelectedItem = 1 + tab++ % 4;
         metrics.lfMessageFont.lfHeight = height;
         metrics.lfMessageFont.lfItalic = looks.empty();
         SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
         for (forms::Form* shown : all) {
             ask(windowOf(*shown), WM_SETTINGCHANGE);
             SetForegroundWindow(windowOf(*shown));
-            RedrawWindow(windowOf(*shown), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+            RedrawWindow(windowOf(*shown), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
             looks += lookOf(windowOf(*shown)) + '\n';
             EnumChildWindows(windowOf(*shown), add, reinterpret_cast<LPARAM>(&looks));
         }
-        EXPECT_EQ((std::vector<int>{placeOf(windowOf(*all[0])).left, all[0]->Left, all[0]->Width}),
+        EXPECT_EQ((std::vector<int>{placeOf(windowOf(first)).left, first.Left, first.Width}),
                   (std::vector<int>{67, 1000, 6500}));
     }
     expectAgreed("windows.txt", looks);
