@@ -6,7 +6,8 @@ add_subdirectory(/usr/src/googletest/googletest ${CMAKE_BINARY_DIR}/googletest E
 
 # A Wine prefix for this build, created once. It asks for no further packages, and its consoles do
 # not appear on the user's screen. The windows of the tests do not wait for a window manager, which
-# the hidden display lacks: that took two seconds for each.
+# the hidden display lacks: that took two seconds for each. Its resolution is not the usual one, so
+# that a length that is not scaled shows.
 set(wine_environment
   DISPLAY=
   WINEPREFIX=${CMAKE_CURRENT_BINARY_DIR}/wine
@@ -18,6 +19,8 @@ add_custom_command(OUTPUT wine/system.reg
   COMMAND ${CMAKE_COMMAND} -E env ${wine_environment} wine wineboot --init
   COMMAND ${CMAKE_COMMAND} -E env ${wine_environment}
     wine reg add "HKCU\\Software\\Wine\\AppDefaults\\win32_tests.exe\\X11 Driver" /v Managed /d N /f
+  COMMAND ${CMAKE_COMMAND} -E env ${wine_environment}
+    wine reg add "HKCU\\Control Panel\\Desktop" /v LogPixels /t REG_DWORD /d 144 /f
   COMMENT "Creating a Wine prefix for the tests"
   VERBATIM
 )

@@ -34,7 +34,7 @@ struct Tool : forms::ControlVisitor {
     void visit(forms::StatusBar&) override {
         int ends[3] = {};
         SendMessageW(window, SB_GETPARTS, std::size(ends), reinterpret_cast<LPARAM>(ends));
-        EXPECT_NEAR(ends[2] - ends[1], 56, 12) << "room for the time";
+        EXPECT_NEAR(ends[2] - ends[1], 77, 12) << "room for the time";
     }
     void visit(forms::Button&) override { expectClick(window, BM_CLICK, 0); }
     void visit(forms::MenuItem& item) override {
