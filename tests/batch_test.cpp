@@ -191,8 +191,8 @@ TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
     program(c / "bad", "#!/bin/sh\nexit 3\n");
     program(c / "ill", "#!/bin/sh\nkill -11 $$\n");
     program(c / "stop", "#!/bin/sh\nkill -2 $$\n");
-    program(c / "good");
-    program(c / "interrupt", "#!/bin/sh\nkill -2 $PPID\n");
+    program(c / "good", "#!/bin/sh\n[ ! -e busy ]\n");
+    program(c / "interrupt", "#!/bin/sh\n: >busy\nkill -2 $PPID\n/bin/sleep .1\n/bin/rm busy\n");
     const std::string good = "\"c:\\good\"", bad = "\"c:\\bad\"";
     const std::pair<std::string, std::string> cases[] = {
         {good, good + '\n'},
@@ -221,7 +221,7 @@ TEST_F(Batch, StaysInItsTerminalAfterAnError) {
     write(c / "kelm/applications/ed.desktop", "[Desktop Entry]\nExec=ed\n");
     putEchoChild("ed");
     for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
-        setenv(name, "applications/..", 1);
+        setenv(name, "/none:applications/..", 1);
     for (const auto& [script, texts] : std::map<const char*, std::vector<const char*>>{
              {"../x.bat", {"\x1b]2;", "none left", "No text editor was found", " . . . "}},
              {"none.bat", {"none.bat", " . . . "}}}) {

@@ -24,7 +24,7 @@ class LinuxDesktop : public testing::Test {
         for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_DATA_DIRS"})
             setenv(name, home.c_str(), 1);
         for (const char* name : {"WINEPREFIX", "TERMINAL", "VISUAL", "EDITOR"})
-            unsetenv(name);
+            setenv(name, "", 1);  // which is as good as none
         setenv("NWBW_ECHO", (home / "echo").c_str(), 1);
         fs::current_path(c);
     }

@@ -161,6 +161,7 @@ TEST(ShortNames, DependOnTheCompetingStemsOnly) {
         EXPECT_EQ(ShortNames({names.rbegin(), names.rend()}).shortFor(names[0]), shortName);
         EXPECT_EQ(ShortNames(names).longFor(shortName), names[0]);
     }
+    EXPECT_EQ(ShortNames({"x.kel"}).shortFor("not yet there.kel"), "not yet there.kel");
 }
 
 TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {

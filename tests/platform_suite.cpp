@@ -103,7 +103,9 @@ TEST_F(Platform, WorksOnFilesLikeTheOneOfTheTests) {
 }
 
 TEST_F(Platform, FindsOrdinaryFilesOnly) {
-    write(place / "games/Cave.kel");
+    const fs::path cave = place / u8"games/Cavé.kel";
+    write(cave);
+    fs::permissions(cave, fs::perms::owner_read);
     write(place / "games/secret.kel");
     const std::string hidden = hide(place / "games/secret.kel");
     write(place / "my games/wizardquest.kel");
@@ -112,15 +114,16 @@ TEST_F(Platform, FindsOrdinaryFilesOnly) {
     EXPECT_EQ(runtime.GetShortPathName(in("my games\\none.kel")), "");
     EXPECT_EQ(core::afterLast(runtime.AppPath(), '\\'), "bin");
     const std::pair<std::string, const char*> cases[] = {
-        {in("games\\Cave.kel"), "Cave.kel"},
+        {in("games\\Cavé.kel"), "Cavé.kel"},
         {shortPath, "wizardquest.kel"},
-        {"games\\Cave.kel", "Cave.kel"},
+        {"games\\Cavé.kel", "Cavé.kel"},
         {in("games\\" + hidden), ""},
         {in("games\\Cave<"), ""},
         {"", ""},
     };
     for (const auto& [path, name] : cases)
         EXPECT_EQ(runtime.rtcDir(path), name) << path;
+    fs::permissions(cave, fs::perms::owner_all);
 }
 
 TEST_F(Platform, KeepsTextsAndTimesAndWaitsForOtherReaders) {
@@ -154,6 +157,7 @@ TEST_F(Platform, KeepsTextsAndTimesAndWaitsForOtherReaders) {
     }
     const std::jthread heldForAWhile = hold(file, false);
     runtime.vbaNameFile(in("x.tmp"), in("y.ini"));
+    EXPECT_LT(fs::file_time_type::clock::now() - now, 2s) << "soon after it is free";
     const std::jthread readForAWhile = hold(place / "y.ini", true);
     runtime.rtcKillFiles(in("y.ini"));
     EXPECT_FALSE(fs::exists(place / "y.ini")) << "the name is free at once";
@@ -162,8 +166,8 @@ TEST_F(Platform, KeepsTextsAndTimesAndWaitsForOtherReaders) {
 TEST_F(Platform, RunsAScriptInItsFolderAndNowhereElse) {
     const std::string child = core::quoted(echoChild());
     for (const char* lead : {"q:", "cd \"\\none\\\"", "cd \"tools\\tool.exe\\\""}) {
-        write(place / "astray.bat", std::string(lead) + "\r\n" + child + " astray\r\n");
-        errorOf([&] { runtime.rtcShell(core::quoted(in("astray.bat")), Runtime::normalFocus); });
+        write(place / "astray.BAT", std::string(lead) + "\r\n" + child + " astray\r\n");
+        errorOf([&] { runtime.rtcShell(core::quoted(in("astray.BAT")), Runtime::normalFocus); });
     }
     write(place / u8"Spiele für été/wälk log.txt", "say hello");
     write(place / "Nor & vane (x)/~kelmcon.bat",
@@ -184,7 +188,7 @@ TEST_F(Platform, StartsPrograms) {
     const std::pair<std::string, const char*> cases[] = {
         {child + " \"a märchen\"", "[a märchen]\n"},
         {commandOf(place / "my tools.exe"), "\n"},
-        {"tool.exe x", "[x]\n"},
+        {bareName + " x"s, "[x]\n"},
         {none, nullptr},
         {core::quoted(in("text.exe")), nullptr},
         {"planted.exe x", nullptr},
@@ -257,15 +261,21 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
     EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft").value().bytes.c_str(), value);
     EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft").value().type, 1);
     EXPECT_FALSE(runtime.RegQueryValueEx(*key, "MainTop"));
+    for (const int longest : {1023, 1024}) {  // beside the NUL
+        runtime.rtcSaveSetting(application, "Settings", "Long", std::string(longest, 'x'));
+        EXPECT_EQ(runtime.RegQueryValueEx(*key, "Long").has_value(), longest == 1023);
+    }
+    constexpr std::uint32_t machine = 0x80000002;
+    EXPECT_TRUE(runtime.RegOpenKeyEx(machine, "SYSTEM\\CurrentControlSet", read));
     runtime.RegCloseKey(*key);
 }
 
 TEST_F(Platform, ListsDrivesAndFolders) {
-    for (const char* file : {"tales/x", "games/x", "file"})
-        write(place / file);
+    for (const char* file : {"tales/x", "games/x", "file", "été/x"})
+        write(place / pathOf(file));
     std::vector<std::string> names = runtime.folders(folder);
     std::ranges::sort(names);
-    EXPECT_EQ(names, (std::vector<std::string>{"games", "tales"}));
+    EXPECT_EQ(names, (std::vector<std::string>{"games", "tales", "été"}));
     EXPECT_TRUE(runtime.folders(in("games\\")).empty());
     EXPECT_EQ(runtime.currentFolder(), folder);
     EXPECT_EQ(std::ranges::count(runtime.drives(), "c:"), 1);

@@ -66,6 +66,7 @@ class System : public testing::Test {
     }
     /// What the echo child tells of a start by the command interpreter.
     static constexpr const char* byScript = "guarded ";
+    static constexpr const char* bareName = "tool";  ///< of the echo child on the search path
     static constexpr const char* settingsKey = "Software\\Norvane Workbench Tests\\Settings";
 
     // Some names contain characters that are special to the command interpreter.

@@ -21,6 +21,7 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         {text, Qt::Key_Z, Qt::AltModifier, "@txtFname"},
         {text, Qt::Key_Backspace, Qt::ControlModifier, "txtFname @txtFname"},
         {panel.optFormat(0), Qt::Key_Tab, {}, "@chkDebug"},
+        {text, Qt::Key_Tab, Qt::AltModifier, "@txtFname"},
         {text, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameP"},
         {form->play.txtFnameP, Qt::Key_Tab, Qt::ControlModifier, "chkAutoOpen @txtFnameS"},
         {form->spelling.txtFnameS, Qt::Key_Tab, Qt::ControlModifier, "@txtFnameE"},
@@ -203,6 +204,7 @@ TEST_F(Windows, AFileThatIsDroppedOrPastedBecomesAWindowsPath) {
             line.setText("old");
             QMimeData data;
             data.setUrls(urls);
+            data.setText("text");
             const auto actions = Qt::MoveAction | Qt::CopyAction;
             QDragEnterEvent enter({9, 9}, actions, &data, Qt::LeftButton, {});
             QDropEvent drop({9, 9}, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
@@ -304,7 +306,9 @@ TEST_F(Windows, AMessageBoxAnswers) {
             EXPECT_EQ(box.parentWidget(), window);
             EXPECT_EQ(box.text().remove(QChar(0x200b)).toStdString(), path + " not found");
             EXPECT_EQ(box.windowTitle(), title);
-            EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(title) + 100);
+            QFont bold = box.font();
+            bold.setBold(true);
+            EXPECT_GT(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 100);
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
             EXPECT_LT(box.width(), 800);
             EXPECT_EQ(box.icon() == QMessageBox::Warning, flags == Runtime::exclamation);

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "platform/windows/win32/message_box.h"
+#include "platform/windows/win32/units.h"
 
 using namespace fakes;
 
@@ -166,13 +167,16 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
     SendMessageW(drives, CB_SHOWDROPDOWN, TRUE, 0);
     ask(windowOf(dialog), WM_SETTINGCHANGE);
     EXPECT_TRUE(ask(drives, CB_GETDROPPEDSTATE));
+    SendMessageW(drives, CB_SETCURSEL, 1, 0);
+    EXPECT_EQ(dialog.Drive1.Drive(), "c:") << "not chosen yet";
+    ask(windowOf(dialog), WM_CLOSE);
+    EXPECT_EQ(application.Count(), 1);
 }
 
 /// Returns the colours that fill most of a window. A theme has shades, of which few are as common.
 std::string coloursOf(HWND window, int most) {
-    RECT inside;
-    GetClientRect(window, &inside);
-    const HDC drawn = GetDC(window);
+    const RECT inside{0, 0, win32::widthOf(placeOf(window)), win32::heightOf(placeOf(window))};
+    const HDC drawn = GetWindowDC(window);
     std::map<COLORREF, int> counts;
     for (int at = 0; at < inside.right * inside.bottom; at += 3)
         ++counts[GetPixel(drawn, at % inside.right, at / inside.right)];
@@ -209,7 +213,8 @@ std::string lookOf(HWND window) {
         look << ' ' << inside.bottom << " at " << start.x << ' ' << start.y << '|' << place.left
              << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
     if (IsWindowVisible(window) && placeOf(GetAncestor(window, GA_ROOT)).right < 1000)
-        look << '|' << coloursOf(window, std::wcscmp(kind, L"Static") ? 1 : 2);
+        look << '|' << (GetWindowLongW(window, GWL_STYLE) & WS_POPUP ? inside.bottom : 0)
+             << coloursOf(window, std::regex_match(kind, std::wregex(L"Edit|Static")) ? 2 : 1);
     return std::regex_replace(look.str(), std::regex("\r\n"), "\\n");
 }
 
