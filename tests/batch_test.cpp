@@ -94,13 +94,15 @@ TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
     write(c / "my games/a\\..\\..\\x.kel");
     program(c / "kelm/krun.exe", "MZ");
     const std::string line =
-        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 c:\\MYGAME~1\\x A~BE8QYT.KEL /kelm";
+        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 WIZARDQUEST c:\\MYGAME~1\\x "
+        "A~BE8QYT.KEL /kelm";
     expectRun(line, false, "c:\\kelm\\krun.exe is a Windows program, and Wine is not installed.\n",
               "");
     putEchoChild("wine");
     expectRun(line + " < wizardquest.kel", true, "",
               (c / "my games").string() +
-                  "[c:\\kelm\\krun.exe][wizardquest][c:\\my games\\x][A~BE8QYT.KEL][/kelm]\n");
+                  "[c:\\kelm\\krun.exe][wizardquest][WIZARDQUEST][c:\\my "
+                  "games\\x][A~BE8QYT.KEL][/kelm]\n");
     program(home / "bin/wine", "#!/bin/sh\necho $WINEPREFIX > $NWBW_ECHO\n");
     expectRun(line, true, "", home / "nwbw\n");
     fs::copy_file(home / "bin/wine", c / "native");
@@ -229,6 +231,7 @@ TEST_F(Batch, StaysInItsTerminalAfterAnError) {
         const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
         ASSERT_GE(child, 0);
         if (child == 0) {
+            dup2(STDERR_FILENO, 3);
             dup2(STDERR_FILENO, 9);
             execl(NWBW_PROGRAMS "/nwbw-batch", "", script, "kelm", (home / "nwbw").c_str(),
                   nullptr);

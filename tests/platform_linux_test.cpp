@@ -64,7 +64,7 @@ TEST_F(Disk, FollowsPathsAndShortensThem) {
     for (const char* file :
          {"My Games/Wizardquest.kel", "My Games/Wizardquest.LIS", "My Games/land of.oz",
           "kelm/twin.kel", "kelm/Twin.kel", "My Games/Élan Vital.kel", "My Games/caf\xe9.kel",
-          "kelm/standard library/x"})
+          "kelm/caf\xe9", "kelm/standard library/x"})
         write(c / file);
     write(d / "tales/thelongadventure.kelm");
     fs::current_path(c / "My Games");
@@ -79,6 +79,7 @@ TEST_F(Disk, FollowsPathsAndShortensThem) {
         {"\\KELM\\standard library\\", c / "kelm/standard library", "\\kelm\\STANDA~1\\"},
         {"c:\\kelm\\twin.kel", c / "kelm/twin.kel", "c:\\kelm\\twin.kel"},
         {"c:\\kelm\\Twin.kel", c / "kelm/Twin.kel", "c:\\kelm\\Twin.kel"},
+        {"c:\\kelm\\caf", c / "kelm/caf", ""},
         {"c:\\", c, "c:\\"},
         {"z:\\USR\\bin", "/usr/bin", "z:\\usr\\bin"},
         {"c:new.kel", games / "new.kel", ""},
@@ -95,12 +96,26 @@ TEST_F(Disk, FollowsPathsAndShortensThem) {
         EXPECT_EQ(disk.shortPath(path), shortPath) << path;
     }
     // A listing is cached while its folder does not change.
+    const auto before = fs::file_time_type::clock::now() - 1h;
     for (const auto& [file, shortPath] :
          {std::pair("x", "WIZARD~1.KEL"), {"wizardworld", "W~OENN82.KEL"}}) {
         write(games / file);
-        fs::last_write_time(games, fs::file_time_type::clock::now() - 1h);
+        fs::last_write_time(games, before);
         EXPECT_EQ(disk.shortPath("wizardquest.kel"), shortPath);
     }
+    // Folders that may be entered but not listed, to another user than root.
+    for (const fs::path& folder : {games, c, links, c.parent_path(), home})
+        fs::permissions(folder, fs::perms(0111));
+    const uid_t user = geteuid();
+    EXPECT_EQ(seteuid(user == 0 ? 1 : user), 0);
+    EXPECT_EQ(hostOf("c:\\MY GAMES\\x"), c / "MY GAMES/x");
+    for (const char* path : {"c:\\My Games\\Wizardquest.kel", "c:\\My Games\\NEW"}) {
+        EXPECT_EQ(hostOf(path), games / (path + 12));
+        EXPECT_EQ(disk.shortPath(path), path[12] == 'N' ? "" : path);
+    }
+    EXPECT_EQ(seteuid(user), 0);
+    for (const fs::path& folder : {home, c.parent_path(), links, c, games})
+        fs::permissions(folder, fs::perms::owner_all);
 }
 
 TEST_F(Disk, MapsHostPathsToTheNearestDrive) {

@@ -121,6 +121,10 @@ TEST_F(Windows, AListShowsItsModelAndAKeySelectsWhatItReaches) {
         EXPECT_EQ(strike(key), "lstInclude @lstInclude");
         EXPECT_EQ(model.ListIndex, reached);
     }
+    model.ListIndex = 0;
+    strike(Qt::Key_Down);
+    EXPECT_EQ(model.ListIndex, 1);
+    model.ListIndex = 2;
     list.clearSelection();  // Qt allows it, the model does not
     EXPECT_EQ(list.selectedItems().size(), 1);
     model.setList(2, "c:\\d");
@@ -143,7 +147,7 @@ TEST_F(Windows, APlaceInTwipsDoesNotDrift) {
     const auto placeOf = [](const Form& at) {
         return std::vector<int>{at.Left, at.Top, at.Width, at.Height};
     };
-    for (const auto& [points, width] : {std::pair(18, 684), {11, 477}, {6, 433}}) {
+    for (const auto& [points, width] : {std::pair(18, 684), {-24, 684}, {11, 477}, {6, 433}}) {
         Desktop desktop(runtime, points);
         auto& other = desktop.application.load<console::frmConsole>(desktop.program);
         other.Show();

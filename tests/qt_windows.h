@@ -24,10 +24,12 @@ struct Desktop {
     Desktop(core::Runtime& runtime, int points) : usersFont(setFont(points)), program{runtime} {
         toolkit.chooseFont(console::Workbench(runtime, toolkit).everyForm());
     }
+    /// A negative size is in pixels.
     static QFont setFont(int points) {
         QFont font("DejaVu Sans", points);
+        if (points < 0) font.setPixelSize(-points);
         QApplication::setFont(font);
-        font.setPointSize(points + 4);
+        if (points > 0) font.setPointSize(points + 4);
         QApplication::setFont(font, "QMenu");
         return font;
     }
