@@ -74,7 +74,7 @@ TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
         {"-OFD:\\out\\words.txt", "[-OF" + out + "/words.txt]"},
         {"-o..\\kelm\\w.txt -ld:\\out\\x", "[-o" + kelm + "/w.txt][-l" + out + "/x]"},
         {"-OFWIZARD~1.txt -lWIZARD~1", "[-OFwizardquest.txt][-lwizardquest]"},
-        {"-OFd:\\..\\out\\w.txt", "[-OF" + out + "/w.txt]"},
+        {"-OFd:\\..\\out\\w.txt -lsub/WIZARD~1", "[-OF" + out + "/w.txt][-lsub/WIZARD~1]"},
         {"sub\\x.txt Quest", "[" + games + "/sub/x.txt][Quest]"},
         {"cave -CharSet ISO cave.KEL", "[Cave][-CharSet][ISO][Cave.kel]"},
         {"-Height 0 https://x.y/z /d NOBODY~1 \"\"", "[-Height][0][https://x.y/z][/d][NOBODY~1][]"},
@@ -143,6 +143,7 @@ TEST_F(Batch, TellsWhatIsMissing) {
          "the environment variable VISUAL or EDITOR."},
         {tool + "q:\\x", noTool + "q:\\x: there is no such place."},
         {tool + "-OFq:\\x", noTool + "q:\\x: there is no such place."},
+        {tool + "-OF\\\\host\\x", noTool + "\\\\host\\x: there is no such place."},
         {tool + "x < none.log", noInput + "none.log: No such file or directory."},
         {tool + "x <", "The command was not run: no file is named after \"<\"."},
         {tool + "x < \\", noInput + "\\: It is not an ordinary file."},
@@ -177,7 +178,7 @@ TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
     write(home / "mimeapps.list", "[Default Applications]\ntext/plain=other.desktop\n");
     write(home / "applications/other.desktop", "[Desktop Entry]\nExec=ed other\n");
     write(home / "applications/ed.desktop",
-          "[Desktop Action new]\nExec=ed -new\n"
+          "Exec=ed -lost\n[Desktop Action new]\nExec=ed -new\n"
           "[Desktop Entry]\n Exec = ed \"a \\\"b\\\"\" %c %% %U\nTerminal=true\n");
     putEchoChild("ed");
     write(c / "wizardquest.kel");

@@ -81,6 +81,8 @@ TEST_F(Disk, FollowsPathsAndShortensThem) {
         {"c:\\kelm\\Twin.kel", c / "kelm/Twin.kel", "c:\\kelm\\Twin.kel"},
         {"c:\\kelm\\caf", c / "kelm/caf", ""},
         {"c:\\", c, "c:\\"},
+        {"1:\\x", games / "1:/x", ""},
+        {"/usr/bin", "/usr/bin", "/usr/bin"},
         {"z:\\USR\\bin", "/usr/bin", "z:\\usr\\bin"},
         {"c:new.kel", games / "new.kel", ""},
         {"WIZARD~1.kcd", games / "Wizardquest.kcd", ""},
@@ -205,6 +207,8 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
         fs::remove(c / name);
     }
     EXPECT_EQ(open("q:\\x"), "Cannot open q:\\x: No such drive");
+    const auto read = [&] { runtime.vbaFileOpen("z:\\proc\\self\\mem", Runtime::OpenMode::Input); };
+    EXPECT_EQ(errorOf(read), "Cannot read z:\\proc\\self\\mem: Input/output error");
     fs::create_directory(c / "taken");
     EXPECT_EQ(open("c:\\taken"), "");
     EXPECT_EQ(errorOf([&] { runtime.vbaFileClose(); }), "Cannot write c:\\taken: Is a directory");

@@ -73,7 +73,12 @@ TEST_F(Windows, AHandlerRunsAtEachClickOnTheControlItself) {
         program.state.EditorPath = path;
         if (*path) QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
         QAccessibleInterface* tab = QAccessible::queryAccessibleInterface(bar)->child(1);
-        ASSERT_TRUE(tab && tab->parent()->indexOfChild(tab) == 1);
+        ASSERT_TRUE(tab);
+        QAccessibleInterface* tabs = tab->parent();
+        for (const int index : {0, 3})
+            EXPECT_EQ(tabs->indexOfChild(tabs->child(index)), index);
+        EXPECT_FALSE(tabs->child(4));
+        EXPECT_EQ(tabs->focusChild(), bar->hasFocus() ? tab : nullptr);
         if (!*path) tab->actionInterface()->doAction("Press");
         EXPECT_EQ(form->compile.optEditor(1).Enabled, *path != 0);
     }
@@ -227,6 +232,7 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
     ASSERT_TRUE(QDir(folder.path()).mkdir("games"));
     whenOpen<QFileDialog>([](QFileDialog& dialog) {
         EXPECT_EQ(dialog.directory(), QDir::current());
+        EXPECT_TRUE(dialog.testOption(QFileDialog::DontUseNativeDialog));
         dialog.reject();
     });
     EXPECT_EQ(toolkit.chooseFile(*form, {"Select", "All Files (*.*)|*.*", "cave.kel"}), "");
@@ -272,10 +278,15 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
 
 TEST_F(Windows, AFolderIsOpenedByItsRow) {
     runtime.tree["c:\\nwb"] = {"a", "b"};
+    runtime.tree["z:\\"] = {};
     auto& dialog =
         dynamic_cast<dialogs::frmIncludeAdd&>(*fakes::everyForm(application, program).back());
+    dialog.txtFolder.Text = "z:\\";
     dialog.Show();
     window = &windowOf(dialog);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.Dir1.Path() == "z:\\"; })) << "activated";
+    dialog.Drive1.Drive = "c:";
+    dialog.Dir1.Path = "c:\\nwb";
     auto& rows = widget<QTreeWidget>(dialog.Dir1);
     EXPECT_EQ(rows.topLevelItem(0)->child(0)->childCount(), 2);
     QTest::keyClick(&rows, Qt::Key_Up);

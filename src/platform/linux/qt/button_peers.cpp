@@ -29,8 +29,6 @@ class CaptionPeer : public PeerOf<Kind, Widget> {
 class ButtonPeer : public CaptionPeer<forms::Button, QPushButton> {
   public:
     ButtonPeer(forms::Button& button, QWidget& parent) : CaptionPeer(button, parent) {
-        // Qt would mark a button in focus beside the default one.
-        widget_.setAutoDefault(false);
         markDefault();
         connect(qApp, &QApplication::focusChanged, this, [this] { markDefault(); });
         connect(&widget_, &QPushButton::clicked, this, [this] { click(); });
