@@ -45,6 +45,7 @@ std::string shownBy(const forms::Control& control) {
 ///     gone PATH                      no longer exists
 ///     current PATH                   is the current folder
 ///     short PATH = PATH              the path and its short form
+///     choose PATH                    answers so to the next file dialog, instead of Cancel
 ///     refuse                         answers No to all questions from now on
 ///     open                           shows the console
 ///     tab NUMBER                     selects a tab, counted from 1
@@ -93,6 +94,10 @@ class User {
         }
         if (!desk_->toolkit.focused.empty())
             seen += "focus on " + std::exchange(desk_->toolkit.focused, "") + '\n';
+        if (const auto asked = std::exchange(desk_->toolkit.fileAsked, {}); !asked.title.empty()) {
+            seen += "asks " + asked.title + '|' + asked.filter + '|' + asked.name + '\n';
+            desk_->toolkit.fileChosen.clear();
+        }
         transcript += marked(seen);
     }
     void start() {
@@ -126,6 +131,7 @@ class User {
             {"gone", [&] { runtime.tree.erase(name); }},
             {"current", [&] { runtime.current = rest; }},
             {"short", [&] { runtime.shortNames[name] = value; }},
+            {"choose", [&] { desk_->toolkit.fileChosen = rest; }},
             {"refuse", [&] { runtime.answer = core::Runtime::Answer::No; }},
             {"open", [&] { form_ = &desk_->open(); }},
             {"tab", [&] { desk_->opened->tbsOptions.pick(std::stoi(name)); }},
