@@ -1,5 +1,6 @@
 #include "win32_windows.h"
 // After <windows.h>, which it needs.
+#include <dlgs.h>
 #include <shlobj.h>
 
 #include <cstring>
@@ -19,6 +20,23 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     form.play.chkPlayback.click();  // disables the first player
     std::string heard;
     logHandlers(form, heard);
+    // Keys that a posted message does not hold down.
+    const auto hold = [](const std::vector<int>& keys) {
+        BYTE state[256] = {};
+        for (const int key : keys)
+            state[key] = 0x80;
+        SetKeyboardState(state);
+    };
+    for (const auto& [keys, tab] : {std::pair(std::vector{VK_CONTROL}, 4),
+                                    {{VK_CONTROL}, 1},
+                                    {{VK_CONTROL, VK_SHIFT}, 4},
+                                    {{VK_MENU}, 4}}) {
+        hold(keys);
+        press(VK_TAB);
+        EXPECT_EQ(form.tbsOptions.SelectedItem, tab);
+    }
+    hold({});
+    heard.clear();
     const std::tuple<int, const forms::Control&, UINT, WPARAM, const char*> rows[] = {
         {3, form.play.optPlayer(1), WM_KEYDOWN, VK_UP, "optPlayer(2) optPlayer(2)"},
         {3, form.play.optPlayer(2), WM_KEYDOWN, VK_RIGHT, "optPlayer(1) optPlayer(1)"},
@@ -112,16 +130,24 @@ TEST_F(Windows, BoxesBelongToAFormAndTheFileDialogKeepsTheCurrentFolder) {
     }
 
     const fs::path before = fs::current_path();
-    for (const std::string& offered : {std::string("cave.kel"), {"c|b?"}, std::string(261, 'x')}) {
-        HWND owner = nullptr;
-        soon([&owner] {
-            fs::current_path(fs::current_path().root_path());
+    const std::tuple<std::string, const wchar_t*, int, std::string> rows[] = {
+        {"cave.kel", L"cave.kel", IDCANCEL, ""},
+        {"cave.kel", L"cave.kel", IDOK, platform::narrow((before / "cave.kel").wstring())},
+        {"c|b?", L"", IDCANCEL, ""},
+        {std::string(261, 'x'), L"", IDCANCEL, ""}};
+    for (const auto& [offered, shown, button, chosen] : rows) {
+        soon([&, shown = shown, button = button] {
             const HWND dialog = FindWindowW(nullptr, L"title");
-            owner = GetWindow(dialog, GW_OWNER);
-            PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+            wchar_t name[300] = {}, filter[80] = {};
+            GetDlgItemTextW(dialog, cmb13, name, std::size(name));
+            GetDlgItemTextW(dialog, cmb1, filter, std::size(filter));
+            EXPECT_STREQ(name, shown);
+            EXPECT_STREQ(filter, L"Games");
+            EXPECT_EQ(GetWindow(dialog, GW_OWNER), window());
+            fs::current_path(fs::current_path().root_path());
+            PostMessageW(dialog, WM_COMMAND, button, 0);
         });
-        EXPECT_EQ(toolkit.chooseFile(form, {"title", "All|*.*", offered}), "");
-        EXPECT_EQ(owner, window());
+        EXPECT_EQ(toolkit.chooseFile(form, {"title", "Games|*.k*|All|*.*", offered}), chosen);
         EXPECT_EQ(fs::current_path(), before);
     }
 }
@@ -214,7 +240,8 @@ std::string lookOf(HWND window) {
              << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
     if (IsWindowVisible(window) && placeOf(GetAncestor(window, GA_ROOT)).right < 1000)
         look << '|' << (GetWindowLongW(window, GWL_STYLE) & WS_POPUP ? inside.bottom : 0)
-             << coloursOf(window, std::regex_match(kind, std::wregex(L"Edit|Static")) ? 2 : 1);
+             << coloursOf(window,
+                          std::regex_match(kind, std::wregex(L"Edit|ListBox|Static")) ? 2 : 1);
     return std::regex_replace(look.str(), std::regex("\r\n"), "\\n");
 }
 
@@ -250,9 +277,9 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     std::wcscpy(metrics.lfMessageFont.lfFaceName, L"Tahoma");
     const int parts[] = {COLOR_3DFACE,   COLOR_WINDOW,   COLOR_WINDOWTEXT, COLOR_BTNTEXT,
-                         COLOR_GRAYTEXT, COLOR_3DSHADOW, COLOR_3DHILIGHT};
+                         COLOR_GRAYTEXT, COLOR_3DSHADOW, COLOR_3DHILIGHT,  COLOR_HIGHLIGHTTEXT};
     const COLORREF colours[] = {0xd0d1d2, 0xf0f1f2, 0x010203, 0x310203,
-                                0x717273, 0xa1a2a3, 0xe1e2e3};
+                                0x717273, 0xa1a2a3, 0xe1e2e3, 0xf7f8f9};
     SetSysColors(std::size(parts), parts, colours);
     int tab = 0;
     for (const int height : {-12, -18, -48, -8, -12}) {

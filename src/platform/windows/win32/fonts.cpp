@@ -32,7 +32,7 @@ LOGFONTW withPoints(LOGFONTW font, double points, int dpi) {
 
 LOGFONTW wantedFont(const forms::Font& wanted, LOGFONTW formFont, int dpi) {
     if (!wanted.family.empty()) {
-        const std::wstring family = platform::wide(wanted.family).substr(0, LF_FACESIZE - 1);
+        const std::wstring family = platform::wide(wanted.family);
         formFont.lfFaceName[family.copy(formFont.lfFaceName, LF_FACESIZE - 1)] = L'\0';
         formFont.lfPitchAndFamily = DEFAULT_PITCH;
     }
