@@ -266,7 +266,10 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
         EXPECT_EQ(runtime.RegQueryValueEx(*key, "Long").has_value(), longest == 1023);
     }
     constexpr std::uint32_t machine = 0x80000002;
-    EXPECT_TRUE(runtime.RegOpenKeyEx(machine, "SYSTEM\\CurrentControlSet", read));
+    const auto systems = runtime.RegOpenKeyEx(
+        machine, R"(SYSTEM\CurrentControlSet\Control\Session Manager\Environment)", read);
+    ASSERT_TRUE(systems);
+    EXPECT_TRUE(runtime.RegQueryValueEx(*systems, "ComSpec").value().bytes.find("cmd.exe") > 0);
     runtime.RegCloseKey(*key);
 }
 

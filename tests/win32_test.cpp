@@ -143,6 +143,7 @@ TEST_F(Windows, BoxesBelongToAFormAndTheFileDialogKeepsTheCurrentFolder) {
             GetDlgItemTextW(dialog, cmb1, filter, std::size(filter));
             EXPECT_STREQ(name, shown);
             EXPECT_STREQ(filter, L"Games");
+            EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, chx1))) << "to open it read-only";
             EXPECT_EQ(GetWindow(dialog, GW_OWNER), window());
             fs::current_path(fs::current_path().root_path());
             PostMessageW(dialog, WM_COMMAND, button, 0);
@@ -166,6 +167,7 @@ TEST_F(Windows, TabsAndShortenedRowsHaveTooltips) {
     SendMessageW(windowOf(form.tbsOptions), WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&asked));
     EXPECT_EQ(platform::narrow(asked.lpszText), form.tbsOptions.Tabs[2].tooltip);
     EXPECT_GT(ask(tooltipsOf(window()), TTM_GETTOOLCOUNT), 5);
+    EXPECT_GT(ask(tooltipsOf(window()), TTM_GETMAXTIPWIDTH), 300);
 
     auto& dialog = application.load<dialogs::frmIncludeList>(program);
     dialog.Show();
