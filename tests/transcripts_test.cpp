@@ -101,6 +101,7 @@ class User {
         transcript += marked(seen);
     }
     void start() {
+        form_ = nullptr;
         desk_ = std::make_unique<Desk>();
         desk_->toolkit.user = [this](forms::Form& dialog) {
             shown_ += "opens " + dialog.Caption() + '\n';
