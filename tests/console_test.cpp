@@ -121,10 +121,6 @@ TEST(Console, AUserReachesOnlyWhatCanBeUsed) {
     Desk desk;
     auto& form = desk.open();
     form.tbsOptions.pick(3);
-    form.compile.btnCompile.click();  // on another tab
-    EXPECT_TRUE(desk.runtime.boxes.empty());
-    EXPECT_TRUE(form.pressDefault());
-    EXPECT_TRUE(desk.runtime.told("Windows Console player program  not found"));
     EXPECT_EQ(form.mnemonicTarget('E', nullptr), &form.play.optRecord(0));
     form.play.optPlayer(1).Value = false;
     EXPECT_TRUE(form.play.optPlayer(0).isTabStop());
