@@ -264,6 +264,7 @@ TEST_F(Batch, GivesEachTerminalItsWords) {
         program(
             home / "bin" / name,
             "#!/bin/sh\n[ \"$1\" = \"--my=own \\$x a \\\"b;\" ] || exit 1\n"
+            "case ${0##*/}$* in gnome-terminal*' -e '*) exit 1;; esac\n"
             "while case \"$1\" in -e|-x|--) false;; -*) true;; *) [ ${0##*/} != kitty ];; esac\n"
             "do shift; done\n"
             "case ${0##*/} in kitty) exec \"$@\";; esac\nshift\n"

@@ -150,6 +150,8 @@ TEST_F(LinuxDesktop, TakesTheDrivesOfTheWinePrefixOrMakesItsOwn) {
     EXPECT_EQ(wine.prefix(), HostPath(home / ".wine"));
     setenv("WINEPREFIX", (home / "none").c_str(), 1);
     EXPECT_EQ(Drives::ofUser().names(), (std::vector<std::string>{"c:", "d:", "z:"}));
+    setenv("XDG_DATA_HOME", "/dev/null", 1);
+    EXPECT_TRUE(Drives::ofUser().names().empty());
     setenv("XDG_DATA_HOME", "nwbw", 1);
     EXPECT_EQ(Drives::ofUser().prefix(), HostPath(home / ".local/share/nwbw"));
     setenv("XDG_DATA_HOME", home.c_str(), 1);

@@ -265,11 +265,12 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
         runtime.rtcSaveSetting(application, "Settings", "Long", std::string(longest, 'x'));
         EXPECT_EQ(runtime.RegQueryValueEx(*key, "Long").has_value(), longest == 1023);
     }
-    constexpr std::uint32_t machine = 0x80000002;
-    const auto systems = runtime.RegOpenKeyEx(
-        machine, R"(SYSTEM\CurrentControlSet\Control\Session Manager\Environment)", read);
-    ASSERT_TRUE(systems);
-    EXPECT_TRUE(runtime.RegQueryValueEx(*systems, "ComSpec").value().bytes.find("cmd.exe") > 0);
+    const auto systems =
+        runtime
+            .RegOpenKeyEx(0x80000002,
+                          R"(SYSTEM\CurrentControlSet\Control\Session Manager\Environment)", read)
+            .value();
+    EXPECT_TRUE(runtime.RegQueryValueEx(systems, "ComSpec").value().bytes.find("cmd.exe") > 0);
     runtime.RegCloseKey(*key);
 }
 

@@ -233,6 +233,7 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
     whenOpen<QFileDialog>([](QFileDialog& dialog) {
         EXPECT_EQ(dialog.directory(), QDir::current());
         EXPECT_TRUE(dialog.testOption(QFileDialog::DontUseNativeDialog));
+        EXPECT_TRUE(dialog.testOption(QFileDialog::HideNameFilterDetails));
         dialog.reject();
     });
     EXPECT_EQ(toolkit.chooseFile(*form, {"Select", "All Files (*.*)|*.*", "cave.kel"}), "");
@@ -285,6 +286,7 @@ TEST_F(Windows, AFolderIsOpenedByItsRow) {
     dialog.Show();
     window = &windowOf(dialog);
     EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.Dir1.Path() == "z:\\"; })) << "activated";
+    EXPECT_FALSE(widget<QLineEdit>(dialog.txtFolder).hasSelectedText());
     dialog.Drive1.Drive = "c:";
     dialog.Dir1.Path = "c:\\nwb";
     auto& rows = widget<QTreeWidget>(dialog.Dir1);

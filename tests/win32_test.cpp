@@ -20,22 +20,19 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     form.play.chkPlayback.click();  // disables the first player
     std::string heard;
     logHandlers(form, heard);
-    // Keys that a posted message does not hold down.
-    const auto hold = [](const std::vector<int>& keys) {
+    // A posted message holds no keys down.
+    for (const auto& [keys, tab] : {std::pair(std::vector{VK_CONTROL}, 4),
+                                    {{VK_CONTROL}, 1},
+                                    {{VK_CONTROL, VK_SHIFT}, 4},
+                                    {{VK_MENU}, 4},
+                                    {{}, 4}}) {
         BYTE state[256] = {};
         for (const int key : keys)
             state[key] = 0x80;
         SetKeyboardState(state);
-    };
-    for (const auto& [keys, tab] : {std::pair(std::vector{VK_CONTROL}, 4),
-                                    {{VK_CONTROL}, 1},
-                                    {{VK_CONTROL, VK_SHIFT}, 4},
-                                    {{VK_MENU}, 4}}) {
-        hold(keys);
         press(VK_TAB);
         EXPECT_EQ(form.tbsOptions.SelectedItem, tab);
     }
-    hold({});
     heard.clear();
     const std::tuple<int, const forms::Control&, UINT, WPARAM, const char*> rows[] = {
         {3, form.play.optPlayer(1), WM_KEYDOWN, VK_UP, "optPlayer(2) optPlayer(2)"},
@@ -44,6 +41,7 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         {2, panel.txtFname, WM_KEYDOWN, VK_RETURN, "btnCompile txtFname"},
         {2, panel.btnBrowse, WM_KEYDOWN, VK_RETURN, "btnBrowse btnBrowse"},
         {2, panel.optFormat(0), WM_KEYDOWN, VK_TAB, "chkDebug"},
+        {2, panel.optCharset(0), WM_KEYDOWN, VK_DOWN, "optCharset(1) optCharset(1)"},
         {2, panel.txtFname, WM_SYSCHAR, 'd', "chkDebug chkDebug"},
         {2, panel.txtFname, WM_SYSCHAR, 'P', "optFormat(2) optFormat(2)"}};
     for (const auto& [tab, focus, message, key, expected] : rows) {
@@ -77,13 +75,16 @@ TEST_F(Windows, ADialogShowsWhatEnterPressesAndEscEndsIt) {
 }
 
 TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
+    for (const int tab : {2, 1})
+        form.tbsOptions.SelectedItem = tab;
     RECT suggested = placeOf(window());
     const int dpi = MulDiv(suggested.right - suggested.left, 1440, form.Width);
     ++suggested.right;  // the system rounds
     SendMessageW(window(), WM_DPICHANGED, 0, reinterpret_cast<LPARAM>(&suggested));
     EXPECT_EQ((std::vector<int>{form.Left, form.Width}), (std::vector<int>{1000, 6500}));
     SetWindowPos(window(), nullptr, 101, 50, 400, 500, SWP_NOZORDER);
-    EXPECT_LT(placeOf(windowOf(form.picOptions(0))).right, 501);
+    for (const int panel : {0, 1})
+        EXPECT_LT(placeOf(windowOf(form.picOptions(panel))).right, 501);
     EXPECT_EQ((std::vector<int>{form.Left, form.Width}),
               (std::vector<int>{1010, MulDiv(400, 1440, dpi)}));
     SetWindowPos(window(), nullptr, 202, 50, 0, 0, SWP_NOZORDER | SWP_NOSIZE);
@@ -166,7 +167,7 @@ TEST_F(Windows, TabsAndShortenedRowsHaveTooltips) {
     asked.hdr = {nullptr, 2, static_cast<UINT>(TTN_GETDISPINFOW)};
     SendMessageW(windowOf(form.tbsOptions), WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&asked));
     EXPECT_EQ(platform::narrow(asked.lpszText), form.tbsOptions.Tabs[2].tooltip);
-    EXPECT_GT(ask(tooltipsOf(window()), TTM_GETTOOLCOUNT), 5);
+    EXPECT_EQ(ask(tooltipsOf(window()), TTM_GETTOOLCOUNT), 7);
     EXPECT_GT(ask(tooltipsOf(window()), TTM_GETMAXTIPWIDTH), 300);
 
     auto& dialog = application.load<dialogs::frmIncludeList>(program);
