@@ -265,12 +265,10 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
         runtime.rtcSaveSetting(application, "Settings", "Long", std::string(longest, 'x'));
         EXPECT_EQ(runtime.RegQueryValueEx(*key, "Long").has_value(), longest == 1023);
     }
-    const auto systems =
-        runtime
-            .RegOpenKeyEx(0x80000002,
-                          R"(SYSTEM\CurrentControlSet\Control\Session Manager\Environment)", read)
-            .value();
-    EXPECT_TRUE(runtime.RegQueryValueEx(systems, "ComSpec").value().bytes.find("cmd.exe") > 0);
+    const auto systems = runtime.RegOpenKeyEx(
+        0x80000002, R"(SYSTEM\CurrentControlSet\Control\Session Manager\Environment)", read);
+    const auto interpreter = runtime.RegQueryValueEx(systems.value(), "ComSpec").value();
+    EXPECT_NE(interpreter.bytes.find("cmd.exe"), std::string::npos);
     runtime.RegCloseKey(*key);
 }
 

@@ -1,7 +1,6 @@
 #include "platform/linux/qt/application.h"
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/message_box.h"
-#include "platform/linux/qt/units.h"
 #include "qt_windows.h"
 
 namespace {
