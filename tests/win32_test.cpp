@@ -131,9 +131,10 @@ TEST_F(Windows, BoxesBelongToAFormAndTheFileDialogKeepsTheCurrentFolder) {
     }
 
     const fs::path before = fs::current_path();
+    const std::string cave = platform::narrow((before / "cave.kel").wstring());
     const std::tuple<std::string, const wchar_t*, int, std::string> rows[] = {
         {"cave.kel", L"cave.kel", IDCANCEL, ""},
-        {"cave.kel", L"cave.kel", IDOK, platform::narrow((before / "cave.kel").wstring())},
+        {cave, L"cave.kel", IDOK, cave},
         {"c|b?", L"", IDCANCEL, ""},
         {std::string(261, 'x'), L"", IDCANCEL, ""}};
     for (const auto& [offered, shown, button, chosen] : rows) {
