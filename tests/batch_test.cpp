@@ -317,9 +317,9 @@ TEST_F(Batch, ShellOpensEditorsAndTellsOfTerminals) {
                                         {"kate", ""s}}) {
         putEchoChild(editor);
         fs::remove(home / "echo");
-        runtime.rtcShell("Notepad.exe c:\\my games\\cave.kel", editor == "ed"s ? 1 : 3);
+        runtime.rtcShell("Notepad.exe c:\\my games\\cave.bat", editor == "ed"s ? 1 : 3);
         await("the echo", [&] { return echoed().ends_with('\n'); });
-        EXPECT_EQ(echoed(), c.string() + words + "[" + c.string() + "/my games/cave.kel]\n");
+        EXPECT_EQ(echoed(), c.string() + words + "[" + c.string() + "/my games/cave.bat]\n");
     }
 
     write(c / "x.bat");

@@ -85,7 +85,7 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         state.EditFileName = "e.kel";
         state.CompileFileName = "c.kel";
         state.ExtractFileName = "s.kel";
-        state.EditHidden = state.PlayHidden = state.ExtractHidden = 1;
+        state.EditHidden = state.ExtractHidden = 1;
         state.PlayerChoice = 2;
         state.StartTab = 3;
         state.IncludeFolders = {"one", "two", "", "old"};
@@ -96,8 +96,8 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         rules::expectAll(form, state, false);
 
         form.play.txtFnameP.type("n\tew\x7f.kcd\rlost");
-        form.play.chkHideP.click();
         form.play.optPlayer(0).click();
+        form.play.chkHideP.click();
         const int back = ctrlMask | shiftMask;
         const int shifts[] = {0, back, back, back, ctrlMask, ctrlMask | altMask, altMask};
         for (const int shift : shifts)
@@ -112,7 +112,7 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         EXPECT_EQ(desk.runtime.boxes.size(), fails ? 1u : 0u);
         const std::string& saved = desk.runtime.files[ini].text;
         EXPECT_TRUE(
-            saved.ends_with(lines("e.kel|c.kel|new.kcd|s.kel| 1 | 0 | 0 | 1 | 0 | 2 |one|two")))
+            saved.ends_with(lines("e.kel|c.kel|new.kcd|s.kel| 1 | 0 | 1 | 1 | 0 | 2 |one|two")))
             << saved;
     }
 }

@@ -314,8 +314,8 @@ TEST_F(Windows, AMessageBoxAnswers) {
         {Runtime::exclamation, Qt::Key_Return, Runtime::Answer::Ok},
         {Runtime::yesNo, Qt::Key_Return, Runtime::Answer::Yes},
         {Runtime::yesNo, Qt::Key_Escape, Runtime::Answer::No}};
-    const std::string path =
-        "<b>c:" + QString("\\folder").repeated(30).toStdString() + "\\" + std::string(250, 'x');
+    const std::string path = "<b>c:" + QString("\\folder").repeated(30).toStdString() + "\\" +
+                             std::string(250, 'x') + ' ' + std::string(60, 'y');
     const QString title(50, 'm');
     for (const auto& [flags, key, answer] : rows) {
         whenOpen<QMessageBox>([&, key = key, flags = flags](QMessageBox& box) {

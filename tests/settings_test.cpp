@@ -53,8 +53,8 @@ struct Settings : testing::Test, Desk {};
 TEST_F(Settings, AFileIsReadAsFarAsItGoesAndSavedWhole) {
     const std::string few = "|||| 1 | 1 ";
     std::string most;
-    while (most.size() < 2 * core::maxIncludes)
-        most += "|f";
+    while (most.size() < 61 * core::maxIncludes)
+        most += '|' + std::string(60, 'f');
     const std::array<std::string, 4> rows[] = {
         {"no.ini", "", defaults, "Settings file not found"},
         {beta3, beta3Header + texts + "lib", texts + few + "|lib",
@@ -65,7 +65,7 @@ TEST_F(Settings, AFileIsReadAsFarAsItGoesAndSavedWhole) {
         {ini, header + texts, texts + few, ""},
         {ini, header + texts + "0|0|1|1|2|3" + folders + "|\"\"",
          texts + " 0 | 0 | 1 | 1 | 2 | 3 " + folders, ""},
-        {ini, header + "  " + texts + " 2 |1|0|1|0|4|  f" + most,
+        {ini, header + "  " + texts + " 2 |1|0|1|0|4|  " + most.substr(1) + "|lost",
          texts + " 0 | 1 | 0 | 1 | 0 | 4 " + most, ""},
         {ini, header + texts + "|x|1|1|3|5", texts + "| 0 | 1 | 1 | 1 | 1 ", ""},
         {ini, header + texts + "1|1|1|1|-1|0", texts + " 1 | 1 | 1 | 1 | 1 | 1 ", ""},
