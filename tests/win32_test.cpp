@@ -205,11 +205,11 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
 
 /// Returns the colours that fill most of a window. A theme has shades, of which few are as common.
 std::string coloursOf(HWND window, int most) {
-    const RECT inside{0, 0, win32::widthOf(placeOf(window)), win32::heightOf(placeOf(window))};
+    const int width = win32::widthOf(placeOf(window)), height = win32::heightOf(placeOf(window));
     const HDC drawn = GetWindowDC(window);
     std::map<COLORREF, int> counts;
-    for (int at = 0; at < inside.right * inside.bottom; at += 3)
-        ++counts[GetPixel(drawn, at % inside.right, at / inside.right)];
+    for (int at = 0; at < width * height; at += 3)
+        ++counts[GetPixel(drawn, at % width, at / width)];
     ReleaseDC(window, drawn);
     std::ostringstream colours;
     for (; most > 0 && !counts.empty(); --most) {
@@ -222,8 +222,8 @@ std::string coloursOf(HWND window, int most) {
 }
 
 /// Returns a window's class, text, styles, font, width inside its edges, places inside and outside
-/// them, in pixels, and colours if it is on the screen. Places of forms and pages depend on the
-/// height of the system's bars.
+/// them, in pixels, and if it is on the screen, a dialog's height and the colours. Places of forms
+/// and pages depend on the height of the system's bars.
 std::string lookOf(HWND window) {
     wchar_t kind[40] = {};
     GetClassNameW(window, kind, std::size(kind));
