@@ -49,7 +49,7 @@ inline void expectCommands(console::frmConsole& form) {
         static const std::regex option(" [-<]");
         ASSERT_EQ(std::distance(std::sregex_iterator(text.begin(), text.end(), option), {}), on)
             << text;
-        const bool drive = files[command].find(':') == 1;
+        const bool drive = files[command].find(':', 1) == 1;
         const bool folder = files[command].find('\\') != std::string::npos;
         ASSERT_EQ(std::ranges::count(text, '\n'), drive + folder + tools[command]) << text;
     }
