@@ -101,8 +101,8 @@ TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
     putEchoChild("wine");
     expectRun(line + " < wizardquest.kel", true, "",
               (c / "my games").string() +
-                  "[c:\\kelm\\krun.exe][wizardquest][WIZARDQUEST][c:\\my "
-                  "games\\x][A~BE8QYT.KEL][/kelm]\n");
+                  "[c:\\kelm\\krun.exe][wizardquest][WIZARDQUEST]"
+                  "[c:\\my games\\x][A~BE8QYT.KEL][/kelm]\n");
     program(home / "bin/wine", "#!/bin/sh\necho $WINEPREFIX > $NWBW_ECHO\n");
     expectRun(line, true, "", home / "nwbw\n");
     fs::copy_file(home / "bin/wine", c / "native");

@@ -56,7 +56,7 @@ std::string shownBy(const forms::Control& control) {
 ///     activate                       comes back from another window
 ///     meanwhile LINE                 acts so while a message box is open, from now on
 ///     show NAME                      what a control shows
-///     saved                          the end of the settings file, from the include folders on
+///     saved                          the settings file
 class User {
   public:
     explicit User(const std::string& lines) : lines_(lines) { start(); }
@@ -65,7 +65,7 @@ class User {
 
     /// Acts in the form, until it closes or the lines end.
     void act(forms::Form* form) {
-        std::swap(form, form_);
+        forms::Form* const before = std::exchange(form_, form);
         std::string line;
         while ((!form_ || !form_->unloaded()) && std::getline(lines_, line)) {
             if (line.starts_with('|')) continue;  // what was seen when it was agreed
@@ -78,7 +78,7 @@ class User {
             }
             tell();
         }
-        form_ = form;
+        form_ = before;
     }
 
   private:

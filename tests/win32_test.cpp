@@ -294,7 +294,7 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
         for (forms::Form* shown : all) {
             ask(windowOf(*shown), WM_SETTINGCHANGE);
             SetForegroundWindow(windowOf(*shown));
-            RedrawWindow(windowOf(*shown), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+            shown->Refresh();
             looks += lookOf(windowOf(*shown)) + '\n';
             EnumChildWindows(windowOf(*shown), add, reinterpret_cast<LPARAM>(&looks));
         }

@@ -71,7 +71,6 @@ class OptionButtonPeer : public CaptionPeer<forms::OptionButton, QRadioButton> {
             // Qt clears this option before the model knows of the other, which it may refuse.
             if (!selected && control_.Value) QTimer::singleShot(0, this, [this] { update(); });
         });
-        // Qt makes an option in focus the tab stop even if it is not selected.
         connect(qApp, &QApplication::focusChanged, this, [this] { markTabStop(); });
     }
 
@@ -86,6 +85,8 @@ class OptionButtonPeer : public CaptionPeer<forms::OptionButton, QRadioButton> {
     }
 
   private:
+    /// Qt makes each option that gets the focus the tab stop, even if it is not selected, and lets
+    /// it stay so while it is disabled.
     void markTabStop() {
         widget_.setFocusPolicy(control_.isTabStop() ? Qt::StrongFocus : Qt::ClickFocus);
     }
