@@ -4,8 +4,8 @@
 
 #include <QCoreApplication>
 #include <csignal>
-#include <sstream>
 
+#include "agreed.h"
 #include "linux_desktop.h"
 #include "platform/linux/launch/batch_interpreter.h"
 #include "platform/linux/launch/invocation.h"
@@ -18,201 +18,92 @@ using namespace std::literals;
 
 namespace {
 
+/// The interpreter at work on what the lines of batch.txt say. {c}, {d} and {home} stand for the
+/// folders of the drives and of the user, and a number in braces for a byte.
+///
+///     file PATH [= TEXT]       a file of the host
+///     program PATH = TEXT      which may be executed
+///     tool PATH                a program that tells its folder, words and input
+///     link PATH = PATH         to the second
+///     remove PATH              a file or folder
+///     set NAME = [TEXT]        a variable of the environment
+///     titles                   are shown from now on
+///     > LINE                   of a script, which runs after its last line
 class Batch : public LinuxDesktop {
   protected:
     Batch() {
         setenv("PATH", (home / "bin").c_str(), 1);
         fs::create_directories(home / "bin");
-        fs::create_directories(c / "kelm");
-        fs::copy_file(NWBW_ECHO_CHILD, c / "kelm/tool.exe");
+        putTool(c / "kelm/tool.exe");
     }
 
-    bool run(const std::string& script) {
+    static void putTool(const fs::path& path) {
+        fs::create_directories(path.parent_path());
+        fs::copy_file(NWBW_ECHO_CHILD, path);
+    }
+    void putEchoChild(const std::string& name) const { putTool(home / "bin" / name); }
+    [[nodiscard]] std::string echoed() const { return contentOf(home / "echo"); }
+
+    /// Returns what a script shows, and what its tools get after "=".
+    std::string outcomeOf(const std::string& script) {
+        fs::current_path(c);
         fs::remove(home / "echo");
         std::istringstream in("\n");
         std::ostringstream out;
         WindowsDisk disk(Drives::ofUser());
-        const bool done = BatchInterpreter(disk, in, out, titles).run(script);
-        shown = out.str();
-        paused = in.peek() == EOF;
-        return done;
+        const bool good = BatchInterpreter(disk, in, out, titles).run(script);
+        out << (in.peek() == EOF ? "\n(waits)\n" : "") << (good ? "" : "(fails)\n");
+        EXPECT_EQ(std::signal(SIGINT, SIG_DFL), SIG_DFL) << "as before the programs ran";
+        std::string seen = out.str() + std::regex_replace(echoed(), std::regex("(.+\n)"), "= $1");
+        for (const auto& [name, place] : places)
+            for (std::size_t at; (at = seen.find(place)) != seen.npos;)
+                seen.replace(at, place.size(), '{' + name + '}');
+        std::ostringstream shown;
+        for (const char byte : seen)
+            byte == '\n' || (byte >= ' ' && byte < '\x7f')
+                ? shown << byte
+                : shown << std::hex << '{' << int{static_cast<unsigned char>(byte)} << '}';
+        return fakes::marked(shown.str());
     }
-    [[nodiscard]] std::string echoed() const { return contentOf(home / "echo"); }
-    /// Expects how the script ends, a part of what it shows, and what its tools get.
-    void expectRun(const std::string& script, bool good, const std::string& part,
-                   const std::string& echo) {
-        EXPECT_EQ(run(script), good) << script << shown;
-        EXPECT_NE(shown.find(part), std::string::npos) << part << shown;
-        EXPECT_EQ(echoed(), echo) << script << shown;
-    }
-    void putEchoChild(const std::string& name) const {
-        fs::copy_file(NWBW_ECHO_CHILD, home / "bin" / name);
+    void perform(const std::string& line) {
+        static const std::regex parts(R"((\w+) ?([\s\S]*?)(?: = ?([\s\S]*))?)");
+        std::smatch part;
+        std::regex_match(line, part, parts);
+        const fs::path path = home / part[2].str();
+        const std::string value = part[3];
+        const std::map<std::string, std::function<void()>> verbs = {
+            {"file", [&] { write(path, value); }},
+            {"program", [&] { program(path, value); }},
+            {"tool", [&] { putTool(path); }},
+            {"link", [&] { fs::create_symlink(value, path); }},
+            {"remove", [&] { fs::remove_all(path); }},
+            {"set", [&] { setenv(part[2].str().c_str(), value.c_str(), 1); }},
+            {"titles", [&] { titles = BatchInterpreter::Titles::Yes; }}};
+        verbs.at(part[1])();
     }
 
-    const std::string tool = "\"c:\\kelm\\tool.exe\" ";
+    const std::map<std::string, std::string> places = {{"c", c}, {"d", d}, {"home", home}};
     BatchInterpreter::Titles titles = BatchInterpreter::Titles::No;
-    std::string shown;
-    bool paused = false;
 };
 
 }  // namespace
 
-TEST_F(Batch, GivesNativeToolsTheNamesOfTheHost) {
-    const std::string games = c / "My Games";
-    for (const char* file : {"wizardquest.kel", "Cave.kel", "iso.kel", "+so.kel", "-d.kel",
-                             "-v1.kel", "-draft of it.kel", "+set.x.LIS", "Quest.kel", "quest.lis",
-                             "../kelm/standard library/x", "../../../stories/out/x"})
-        write(games / fs::path(file));
-    write(c / "My Games/my walk.kel", "east");
-    const std::string draft =
-        WindowsDisk(Drives::ofUser()).shortPath("c:\\my games\\-draft of it.kel").substr(12, 8);
-    const std::string kelm = c / "kelm";
-    const std::string out = d / "out";
-    const std::pair<std::string, std::string> cases[] = {
-        {"WIZARD~1.lis wizard~1.KEL -Pack", "[wizardquest.lis][wizardquest.kel][-Pack]"},
-        {"-Include \"c:\\kelm\\STANDA~1\"", "[-Include][" + kelm + "/standard library]"},
-        {"-OFD:\\out\\words.txt", "[-OF" + out + "/words.txt]"},
-        {"-o..\\kelm\\w.txt -ld:\\out\\x", "[-o" + kelm + "/w.txt][-l" + out + "/x]"},
-        {"-OFWIZARD~1.txt -lWIZARD~1", "[-OFwizardquest.txt][-lwizardquest]"},
-        {"-OFd:\\..\\out\\w.txt -lsub/WIZARD~1", "[-OF" + out + "/w.txt][-lsub/WIZARD~1]"},
-        {"sub\\x.txt Quest", "[" + games + "/sub/x.txt][Quest]"},
-        {"cave -CharSet ISO cave.KEL", "[Cave][-CharSet][ISO][Cave.kel]"},
-        {"-Height 0 https://x.y/z /d NOBODY~1 \"\"", "[-Height][0][https://x.y/z][/d][NOBODY~1][]"},
-        {"/MYGAME~1/new /kelm/none \\kelm", "[" + games + "/new][" + kelm + "/none][" + kelm + "]"},
-        {"-OF\"a b\".txt  \"<\" a&b|c>d%e%^f", "[-OFa b.txt][<][a&b|c>d%e%^f]"},
-        {"-d +so +so.lis -V1 -v2 +SET.x", "[-d][./+so][./+so.lis][./-v1][-v2][./+set.x]"},
-        {draft, "[./-draft of it]"},
-        {"/kelm " + home.string(), "[" + kelm + "][" + home.string() + "]"},
-    };
-    for (const auto& [words, echo] : cases)
-        expectRun("c:\ncd \"\\my games\\\"\n" + tool + words + "<\"my walk.kel\" -d ", true, "",
-                  games + echo + "[-d]east\n");
-}
-
-TEST_F(Batch, GivesWindowsProgramsLongNamesThroughWine) {
-    write(c / "my games/wizardquest.kel");
-    write(c / "my games/a\\..\\..\\x.kel");
-    program(c / "kelm/krun.exe", "MZ");
-    const std::string line =
-        "cd \"\\my games\"\n\"c:\\kelm\\krun.exe\" WIZARD~1 WIZARDQUEST c:\\MYGAME~1\\x "
-        "A~BE8QYT.KEL /kelm";
-    expectRun(line, false, "c:\\kelm\\krun.exe is a Windows program, and Wine is not installed.\n",
-              "");
-    putEchoChild("wine");
-    expectRun(line + " < wizardquest.kel", true, "",
-              (c / "my games").string() +
-                  "[c:\\kelm\\krun.exe][wizardquest][WIZARDQUEST]"
-                  "[c:\\my games\\x][A~BE8QYT.KEL][/kelm]\n");
-    program(home / "bin/wine", "#!/bin/sh\necho $WINEPREFIX > $NWBW_ECHO\n");
-    expectRun(line, true, "", home / "nwbw\n");
-    fs::copy_file(home / "bin/wine", c / "native");
-    setenv("WINEPREFIX", (home / "nwbw").c_str(), 1);
-    expectRun("\"c:\\native\"", true, "", home / "nwbw\n");
-}
-
-TEST_F(Batch, KeepsEachDrivesFolder) {
-    titles = BatchInterpreter::Titles::Yes;
-    fs::create_directories(c / "games");
-    const std::string old = d / "tales/old";
-    fs::create_directories(old);
-    const std::string title = "tool.exe 3 - Norvane Workbench\a";
-    expectRun("cd C:\\games\r\nd:\r\n\r\nCD\\tales\ncd old\ncd \"..\\old\\\"\nC:\n" + tool +
-                  "1\nd:\n" + tool + "2\ncd c:\\kelm\n" + tool + "3\nc:\n" + tool +
-                  "4\ncd \\games\nC:\n" + tool + "5\nEXIT\n" + tool + "6",
-              true, "\nD:\\tales\\old>" + tool + "3\n\x1b]2;" + title + "\x1b]30;" + title,
-              (c / "games").string() + "[1]\n" + old + "[2]\n" + old + "[3]\n" +
-                  (c / "kelm").string() + "[4]\n" + (c / "games").string() + "[5]\n");
-}
-
-TEST_F(Batch, TellsWhatIsMissing) {
-    write(c / "plain.txt", "text");
-    program(c / "tool", "\177ELF");
-    fs::permissions(c / "tool", fs::perms::owner_read);
-    const std::string folder = ". The script ends here, so that nothing runs in a wrong folder.";
-    const std::string noTool = "Cannot start c:\\kelm\\tool.exe ";
-    const std::string noInput = "The command was not run: cannot read ";
-    std::vector<std::pair<std::string, std::string>> cases = {
-        {"q:", "Cannot change to q:: No such drive" + folder},
-        {"cd \"\\none\\\"", "Cannot change to \\none\\: No such file or directory" + folder},
-        {"cd d:\\none", "Cannot change to d:\\none: No such folder" + folder},
-        {"\"c:\\none.exe\" x", "Cannot start c:\\none.exe: there is no such program."},
-        {"\"c:\\plain.txt\"", "Cannot start c:\\plain.txt: it is not a program that runs here."},
-        {"\"c:\\tool\"", "Cannot start c:\\tool: it may not be executed."},
-        {"notepad x",
-         "No text editor was found. Install one, for example mousepad or nano, or name yours in "
-         "the environment variable VISUAL or EDITOR."},
-        {tool + "q:\\x", noTool + "q:\\x: there is no such place."},
-        {tool + "-OFq:\\x", noTool + "q:\\x: there is no such place."},
-        {tool + "-OF\\\\host\\x", noTool + "\\\\host\\x: there is no such place."},
-        {tool + "x < none.log", noInput + "none.log: No such file or directory."},
-        {tool + "x <", "The command was not run: no file is named after \"<\"."},
-        {tool + "x < \\", noInput + "\\: It is not an ordinary file."},
-        {tool + "x\0y"s,
-         "Cannot start " + (c / "kelm/tool.exe").string() + ": a word holds a NUL byte"},
-        {"\"/\302\2332J\" x", "Cannot start /?2J: there is no such program."},
-    };
-    // Only what a line names in full may start.
-    putEchoChild("tool.exe");
-    for (const char* name : {":", "1:", "tool.exe", "cdx", "pausex", "exitx", "cd", "é:", "-x"})
-        fs::copy_file(NWBW_ECHO_CHILD, c / name);
-    for (const std::string line :
-         {":", "1:", "\303\251:", "c:x", "tool.exe", "\"tool.exe\" x", "c:\\kelm\\tool.exe",
-          "\"\" x", "\"c:\\tool.exe", "\"c:\\kelm\\\"tool.exe", "cd", "cdx", "pausex", "pause x",
-          "exit x", "notepad.exe x", "\"notepad\" x"})
-        cases.emplace_back(' ' + line,
-                           "Cannot run " + line +
-                               ": only a program that is given with its folder can be started" +
-                               folder);
-    for (const auto& [line, message] : cases)
-        expectRun(line + '\n' + tool + "last", false, '\n' + message + '\n',
-                  message.ends_with(folder) ? "" : c.string() + "[last]\n");
-}
-
-TEST_F(Batch, OpensTheDesktopsEditorForNotepad) {
-    setenv("XDG_CURRENT_DESKTOP", "none:My", 1);
-    write(home / "my-mimeapps.list",
-          "[Default Applications]\n"
-          "text/plain=none.desktop;hidden.desktop;gone.desktop;ed.desktop;\n");
-    write(home / "applications/hidden.desktop", "[Desktop Entry]\nExec=ed\nHidden=true\n");
-    write(home / "applications/gone.desktop", "[Desktop Entry]\nExec=gone\n");
-    write(home / "mimeapps.list", "[Default Applications]\ntext/plain=other.desktop\n");
-    write(home / "applications/other.desktop", "[Desktop Entry]\nExec=ed other\n");
-    write(home / "applications/ed.desktop",
-          "Exec=ed -lost\n[Desktop Action new]\nExec=ed -new\n"
-          "[Desktop Entry]\n Exec = ed \"a \\\"b\\\"\" %c %% %U\nTerminal=true\n");
-    putEchoChild("ed");
-    write(c / "wizardquest.kel");
-    const std::string start = c.string() + "[a \"b\"][%]", url = "[file://" + c.string();
-    expectRun(
-        "Notepad my caf\xe9.lis \nnotepad WIZARD~1.lis\nnotepad", true, "",
-        start + url + "/my%20caf%E9.lis]\n" + start + url + "/wizardquest.lis]\n" + start + '\n');
-    fs::remove(home / "my-mimeapps.list");
-    expectRun("notepad x", true, "", c.string() + "[other][" + c.string() + "/x]\n");
-}
-
-TEST_F(Batch, WaitsForItsReaderWhereTheLastProgramFailed) {
-    program(c / "bad", "#!/bin/sh\nexit 3\n");
-    program(c / "ill", "#!/bin/sh\nkill -11 $$\n");
-    program(c / "stop", "#!/bin/sh\nkill -2 $$\n");
-    program(c / "good", "#!/bin/sh\n[ ! -e busy ]\n");
-    program(c / "interrupt", "#!/bin/sh\n: >busy\nkill -2 $PPID\n/bin/sleep .1\n/bin/rm busy\n");
-    const std::string good = "\"c:\\good\"", bad = "\"c:\\bad\"";
-    const std::pair<std::string, std::string> cases[] = {
-        {good, good + '\n'},
-        {bad, "c:\\bad ended with exit code 3.\n"},
-        {bad + '\n' + good, good + '\n'},
-        {"\"c:\\ill\"", "c:\\ill was ended by signal 11 (Segmentation fault).\n"},
-        {"\"c:\\stop\"\n" + good, "Interrupted.\n"},
-        {bad + "\n Pause ", ">Pause\nPress Enter to continue . . . "},
-        {"\"c:\\none\"\npause\n" + good, good + '\n'},
-        {"\"c:\\interrupt\"\n" + good, good + '\n'},
-    };
-    for (const auto& [script, end] : cases) {
-        EXPECT_EQ(run(script), !end.ends_with(".\n")) << script;
-        EXPECT_EQ(std::signal(SIGINT, SIG_DFL), SIG_DFL) << "as before the programs ran";
-        EXPECT_EQ(paused, script.find("ause") != std::string::npos) << script;
-        EXPECT_TRUE(shown.ends_with(end)) << shown;
+TEST_F(Batch, RunsAsAgreed) {
+    std::istringstream lines(contentOf(fs::path(NWBW_TESTS) / "batch.txt"));
+    std::string transcript, script;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with('|')) continue;  // what was seen when it was agreed
+        if (line.starts_with('>')) {
+            script +=
+                fakes::filled(line.substr(std::min<std::size_t>(2, line.size())), places) + '\n';
+        } else {
+            if (!script.empty()) transcript += outcomeOf(std::exchange(script, ""));
+            if (!line.empty() && line[0] != '#') perform(fakes::filled(line, places));
+        }
+        transcript += line + '\n';
     }
+    fs::current_path(start);
+    fakes::expectAgreed("batch.txt", transcript);
 }
 
 TEST_F(Batch, StaysInItsTerminalAfterAnError) {

@@ -1,4 +1,3 @@
-#include "forms/drop.h"
 #include "forms/focus.h"
 #include "rules.h"
 
@@ -141,26 +140,6 @@ TEST(Console, AControlThatDiesLeavesItsContainer) {
     const auto before = form.children();
     std::make_unique<Frame>(form, Definition{}).reset();
     EXPECT_EQ(form.children(), before);
-}
-
-TEST(Console, ADroppedFileGoesIntoTheBoxThatIsMeant) {
-    Desk desk;
-    auto& form = desk.open();
-    auto& play = form.play;
-    const std::tuple<int, bool, Control&, TextBox*> rows[] = {
-        {1, false, form, &form.edit.txtFnameE},
-        {2, false, form.compile.chkDebug, &form.compile.txtFname},
-        {3, false, play.fraMode, &play.txtFnameP},
-        {3, false, play.txtLogfile, nullptr},  // not in use
-        {3, true, play.labLogfile, &play.txtLogfile},
-        {3, true, play.txtFnameP, &play.txtFnameP},
-        {3, true, form.tbsOptions, nullptr},  // either
-        {4, false, form.sbStatusBar, &form.spelling.txtFnameS}};
-    for (const auto& [tab, replay, on, box] : rows) {
-        form.tbsOptions.pick(tab);
-        if (play.chkPlayback.Value != replay) play.chkPlayback.click();
-        EXPECT_EQ(dropTarget(on), box) << tab << replay << on.fullName();
-    }
 }
 
 }  // namespace

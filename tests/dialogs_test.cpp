@@ -40,37 +40,4 @@ TEST_F(Dialogs, EveryFormIsWordedAndLaidOutAsAgreed) {
     expectAgreed("forms.txt", lines);
 }
 
-TEST_F(Dialogs, TheAboutBoxStartsSystemInformationWhereTheRegistryLeads) {
-    auto& path = runtime.registry[R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)"];
-    auto& folder = runtime.registry[R"(SOFTWARE\Microsoft\Shared Tools Location)"];
-    const auto expectStarted = [&](const std::string& program) {
-        toolkit.user = [](forms::Form& shown) {
-            auto& about = dynamic_cast<docs::frmAbout&>(shown);
-            EXPECT_EQ(about.lblVersion.Caption(), "Version " NWBW_VERSION);
-            about.cmdSysInfo.click();
-            EXPECT_TRUE(about.pressCancel() && about.unloaded());
-        };
-        form.help.mnuHelpAbout.click();
-        EXPECT_EQ(runtime.keysOpen, 0);
-        const bool none = program.empty();
-        EXPECT_EQ(runtime.newBoxes(),
-                  std::vector<FakeRuntime::Box>(
-                      none, {"System Information Is Unavailable At This Time"}));
-        EXPECT_EQ(std::exchange(runtime.shells, {}),
-                  std::vector(none ? 0 : 1, FakeRuntime::Shell{1, program}));
-    };
-    expectStarted("");
-    folder["MSINFO"] = {1, std::string("d:\\tools\0junk", 13)};
-    expectStarted("");
-    runtime.files[R"(d:\tools\MSINFO32.EXE)"];
-    expectStarted(R"(d:\tools\MSINFO32.EXE)");
-    path["PATH"] = {1, R"(c:\info.exe)"};
-    expectStarted(R"(c:\info.exe)");
-    runtime.failAt = runtime.calls + 1;
-    expectStarted("");  // a failed start shows the same message
-
-    path["PATH"] = {4, "\x10\xef\xcd\xab\x89\x67\x45\x23\x01" + std::string(1, '\0') + "\x1"};
-    expectStarted("&h123456789ABCDEF10");
-}
-
 }  // namespace

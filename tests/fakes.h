@@ -4,11 +4,10 @@
 
 #include <algorithm>
 #include <map>
-#include <regex>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "agreed.h"
 #include "console/frm_console.h"
 #include "console/workbench.h"
 #include "core/common_runtime.h"
@@ -18,7 +17,6 @@
 #include "docs/frm_about.h"
 #include "docs/frm_splash.h"
 #include "forms/form.h"
-#include "helpers.h"
 
 /// Stand-ins for the platform and its windows.
 namespace fakes {
@@ -309,18 +307,6 @@ inline void logHandlers(forms::Form& form, std::string& heard) {
     for (forms::Control* control : form.allControls())
         if (control->name != "tbsOptions")
             control->setHandler([&heard, control] { heard += control->fullName() + " "; });
-}
-
-/// Expects the lines of a file of the tests. Leaves others in the current folder, to compare or to
-/// agree on.
-inline void expectAgreed(const std::string& file, const std::string& found) {
-    const std::string wanted = contentOf(fs::path(NWBW_TESTS) / file);
-    if (found != wanted) std::ofstream(file, std::ios::binary) << found;
-    std::istringstream lines(found), agreed(wanted);
-    for (std::string line, expected; std::getline(lines, line) || agreed;) {
-        std::getline(agreed, expected);
-        ASSERT_EQ(std::exchange(line, ""), std::exchange(expected, ""));
-    }
 }
 
 /// Returns the lines that "|" separates, each ended by CRLF.

@@ -1,16 +1,10 @@
 #include "fakes.h"
+#include "forms/drop.h"
 
 using namespace fakes;
 using core::AppState;
 
 namespace {
-
-/// Returns the lines of the text, each after "|".
-std::string marked(std::string text) {
-    std::erase(text, '\r');
-    text = std::regex_replace(text, std::regex("(.*\n)"), "| $1");
-    return std::regex_replace(text, std::regex(" +\n"), "\n");
-}
 
 /// Returns what a control shows, each on a line: its text, or its rows after the selected one.
 std::string shownBy(const forms::Control& control) {
@@ -45,6 +39,8 @@ std::string shownBy(const forms::Control& control) {
 ///     gone PATH                      no longer exists
 ///     current PATH                   is the current folder
 ///     short PATH = PATH              the path and its short form
+///     registry TYPE KEY\NAME = BYTES  a value
+///     fail                           makes the next operation of the platform fail
 ///     choose PATH                    answers so to the next file dialog, instead of Cancel
 ///     refuse                         answers No to all questions from now on
 ///     open                           shows the console
@@ -55,6 +51,7 @@ std::string shownBy(const forms::Control& control) {
 ///     enter, escape                  presses the key
 ///     activate                       comes back from another window
 ///     meanwhile LINE                 acts so while a message box is open, from now on
+///     drop [NAME]                    the box for a file that is dropped there
 ///     show NAME                      what a control shows
 ///     saved                          the settings file
 class User {
@@ -83,6 +80,7 @@ class User {
 
   private:
     void tell() {
+        EXPECT_EQ(desk_->runtime.keysOpen, 0);
         std::string seen = std::exchange(shown_, "");
         for (const auto& box : desk_->runtime.newBoxes())
             seen += (box.flags == core::Runtime::exclamation ? "! " : "") +
@@ -132,6 +130,13 @@ class User {
             {"gone", [&] { runtime.tree.erase(name); }},
             {"current", [&] { runtime.current = rest; }},
             {"short", [&] { runtime.shortNames[name] = value; }},
+            {"registry",
+             [&] {
+                 const auto key = name.rfind('\\');
+                 runtime.registry[name.substr(2, key - 2)][name.substr(key + 1)] = {
+                     static_cast<std::uint32_t>(name[0] - '0'), filled(value)};
+             }},
+            {"fail", [&] { runtime.failAt = runtime.calls + 1; }},
             {"choose", [&] { desk_->toolkit.fileChosen = rest; }},
             {"refuse", [&] { runtime.answer = core::Runtime::Answer::No; }},
             {"open", [&] { form_ = &desk_->open(); }},
@@ -147,6 +152,11 @@ class User {
                  if (runtime.boxes.size() < 9) form_->activate();
              }},
             {"meanwhile", [&] { runtime.whileBoxIsOpen = [this, rest] { perform(rest); }; }},
+            {"drop",
+             [&] {
+                 const auto* box = forms::dropTarget(name.empty() ? *form_ : control());
+                 shown_ += (box ? box->name : "none") + '\n';
+             }},
             {"show", [&] { shown_ += shownBy(control()); }},
             {"saved", [&] { shown_ += runtime.files[ini].text; }}};
         verbs.at(part[1])();
