@@ -102,6 +102,7 @@ TEST_F(Batch, RunsAsAgreed) {
         }
         transcript += line + '\n';
     }
+    EXPECT_FALSE(fs::exists(home / "applications/mimeapps.list")) << "only read";
     fs::current_path(start);
     fakes::expectAgreed("batch.txt", transcript);
 }
@@ -114,7 +115,8 @@ TEST_F(Batch, StaysInItsTerminalAfterAnError) {
     write(c / "kelm/mimeapps.list", "[Default Applications]\ntext/plain=ed.desktop;\n");
     write(c / "kelm/applications/ed.desktop", "[Desktop Entry]\nExec=ed\n");
     putEchoChild("ed");
-    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
+    for (const char* name :
+         {"XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
         setenv(name, "/none:applications/..", 1);
     for (const auto& [script, texts] : std::map<const char*, std::vector<const char*>>{
              {"../x.bat", {"\x1b]2;", "none left", "No text editor was found", " . . . "}},
@@ -148,26 +150,34 @@ TEST_F(Batch, GivesEachTerminalItsWords) {
     const std::vector<std::string> command = {c / "kelm/tool.exe", "it's $x", "a\tb\nc\vd\fe\rf",
                                               "#%\\;&|<>*", ""};
     fs::create_symlink("/usr/bin/env", home / "bin/env");
-    // Each that takes its words in its own way.
-    for (const std::string name : {"xterm", "konsole", "gnome-terminal", "tilix", "sakura",
-                                   "qterminal", "terminology", "kitty", "alacritty", "other"}) {
+    const std::string none = "qterminal other ";  // have no option for the largest size
+    std::istringstream names(
+        "xterm lxterm uxterm konsole gnome-terminal xfce4-terminal kitty foot "
+        "mate-terminal lxterminal terminator alacritty stterm st tilix sakura "
+        "terminology " +
+        none);
+    for (std::string name; names >> name;) {
         // Does with its words what the terminal of this name does.
         program(
             home / "bin" / name,
-            "#!/bin/sh\n[ \"$1\" = \"--my=own \\$x a \\\"b;\" ] || exit 1\n"
+            "#!/bin/sh\n"
+            "[ \"$1\" = \"--my=own \\$x a \\\"b\\\\\\\\;\" ] || exit 1\n"
+            "case $* in *-max*|*creen*|*Max*|*=max*|*x200*) wide=1;; esac\n"
+            "[ \"$wide\" = \"$WIDE\" ] || exit 1\n"
             "case ${0##*/}$* in gnome-terminal*' -e '*) exit 1;; esac\n"
             "while case \"$1\" in -e|-x|--) false;; -*) true;; *) [ ${0##*/} != kitty ];; esac\n"
             "do shift; done\n"
             "case ${0##*/} in kitty) exec \"$@\";; esac\nshift\n"
-            "case ${0##*/} in tilix|sakura|terminology) exec /bin/sh -c \"$1\";;\n"
-            "qterminal) set -- \"${1#env \\\"}\" && exec env \"${1%\\\"}\";; esac\nexec \"$@\"\n");
-        setenv("TERMINAL", (name + " \"--my=own \\$x\"\\ 'a \"b'\\;").c_str(), 1);
-        fs::remove(home / "echo");
-        EXPECT_TRUE(runToEnd(inTerminal(command, true), "").isGood()) << name;
-        EXPECT_EQ(echoed(), c.string() + "[it's $x][a\tb\nc\vd\fe\rf][#%\\;&|<>*][]\n") << name;
-        EXPECT_EQ(inTerminal(command, true).words == inTerminal(command, false).words,
-                  name == "qterminal" || name == "other")
-            << name;
+            "case ${0##*/} in tilix|sakura|terminology) [ $# = 1 ] && exec /bin/sh -c \"$1\";;\n"
+            "qterminal) set -- \"${1#env \\\"}\" \"${2-none}\" && [ $2 = none ] &&"
+            " exec env \"${1%\\\"}\";; esac\nexec \"$@\"\n");
+        setenv("TERMINAL", (name + " \"--my=own \\$x\"\\ 'a \"b\\\\'\\;").c_str(), 1);
+        for (const bool wide : {true, false}) {
+            setenv("WIDE", wide && none.find(name + ' ') == none.npos ? "1" : "", 1);
+            fs::remove(home / "echo");
+            EXPECT_TRUE(runToEnd(inTerminal(command, wide), "").isGood()) << name;
+            EXPECT_EQ(echoed(), c.string() + "[it's $x][a\tb\nc\vd\fe\rf][#%\\;&|<>*][]\n") << name;
+        }
     }
     setenv("TERMINAL", "qterminal", 1);
     EXPECT_EQ(errorOf([] { inTerminal({"a\"b"}, true); }),

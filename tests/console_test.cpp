@@ -74,17 +74,19 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
     const Store before = {{"MainLeft", "-1500"}, {"MainTop", "9x"}, {"MainWidth", " 7000.5 "}};
     const Store after = {
         {"MainLeft", "10"}, {"MainTop", "20"}, {"MainWidth", "300"}, {"MainHeight", "400"}};
-    const std::tuple<forms::WindowState, bool, Store> rows[] = {
-        {forms::WindowState::Maximised, false, after},
-        {forms::WindowState::Maximised, true, before},
-        {forms::WindowState::Minimised, false, before}};
-    for (const auto& [window, fails, stored] : rows) {
+    const std::tuple<forms::WindowState, bool, Store, std::array<int, 3>> rows[] = {
+        {forms::WindowState::Maximised, false, after, {1, 0, 0}},
+        {forms::WindowState::Maximised, true, before, {0, 1, 0}},
+        {forms::WindowState::Minimised, false, before, {0, 0, 1}}};
+    for (const auto& [window, fails, stored, hidden] : rows) {
         Desk desk;
         auto& state = desk.state;
         state.EditFileName = "e.kel";
         state.CompileFileName = "c.kel";
         state.ExtractFileName = "s.kel";
-        state.EditHidden = state.ExtractHidden = 1;
+        state.EditHidden = hidden[0];
+        state.CompileHidden = hidden[1];
+        state.ExtractHidden = hidden[2];
         state.PlayerChoice = 2;
         state.StartTab = 3;
         state.IncludeFolders = {"one", "two", "", "old"};
@@ -110,9 +112,10 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         EXPECT_EQ(desk.runtime.settings, stored);
         EXPECT_EQ(desk.runtime.boxes.size(), fails ? 1u : 0u);
         const std::string& saved = desk.runtime.files[ini].text;
-        EXPECT_TRUE(
-            saved.ends_with(lines("e.kel|c.kel|new.kcd|s.kel| 1 | 0 | 1 | 1 | 0 | 2 |one|two")))
-            << saved;
+        std::string rest = "e.kel|c.kel|new.kcd|s.kel|";
+        for (const int flag : {hidden[0], hidden[1], 1, hidden[2], 0, 2})
+            rest += ' ' + std::to_string(flag) + " |";
+        EXPECT_TRUE(saved.ends_with(lines(rest + "one|two"))) << saved;
     }
 }
 

@@ -150,14 +150,16 @@ class FakeRuntime : public core::CommonRuntime {
         step("rtcShell");
         shells.push_back({style, command});
     }
-    std::string rtcGetSetting(const std::string&, const std::string&, const std::string& key,
-                              const std::string& byDefault) override {
+    std::string rtcGetSetting(const std::string& application, const std::string& section,
+                              const std::string& key, const std::string& byDefault) override {
         step("rtcGetSetting");
+        EXPECT_EQ(application + '/' + section, "The Norvane Workbench/Settings");
         return settings.contains(key) ? settings[key] : byDefault;
     }
-    void rtcSaveSetting(const std::string&, const std::string&, const std::string& key,
-                        const std::string& value) override {
+    void rtcSaveSetting(const std::string& application, const std::string& section,
+                        const std::string& key, const std::string& value) override {
         step("rtcSaveSetting");
+        EXPECT_EQ(application + '/' + section, "The Norvane Workbench/Settings");
         settings[key] = value;
     }
     std::string GetShortPathName(const std::string& path) override {

@@ -41,7 +41,11 @@ class System : public testing::Test {
     }
     /// Sets the search path to the folder and to entries that must be ignored.
     static void setSearchPath(const fs::path& folder) {
-        setVariable("PATH", L".;;games;\"" + folder.wstring() + L'"');
+        std::wstring folders =
+            L".;;" + folder.root_name().wstring() + L".;\"" + folder.wstring() + L'"';
+        while (folders.size() < 300)
+            folders = L"c:\\none;" + folders;
+        setVariable("PATH", folders);
     }
     static Runtime makeRuntime(const Runtime::MessageBox& box) { return Runtime(box); }
 

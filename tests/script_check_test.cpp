@@ -7,7 +7,7 @@
 TEST(ScriptCheck, TellsWhereAScriptRunsOrWhatIsTakenForACommand) {
     const std::string k = R"("c:\a & (b)^\k.exe" )";
     const std::pair<std::string, std::string> cases[] = {
-        {"c:\r\ncd \"\\my games\\\"\r\n" + k + "cave\r\nexit\r\n", "c:\\my games\\"},
+        {"c:\r\ncd \"\\my games\\\"\r\n\r\n" + k + "cave\r\nexit\r\n", "c:\\my games\\"},
         {"d:\r\n" + k, "d:"},
         {"é:\r\n" + k + R"(-Include "c:\x|y" a(b);c,d=e!' -OFx.txt)", "é:"},
         {"cd \"old\\a&b\\\"\r\n" + k + "cave -L < \"a & b.log\"", "old\\a&b\\"},
