@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "forms/file_lists.h"
+#include "platform/windows/win32/background.h"
 #include "platform/windows/win32/peers.h"
 #include "win32_windows.h"
 
@@ -30,7 +31,9 @@ struct Tool : forms::ControlVisitor {
         EXPECT_EQ(ask(window, WM_NCHITTEST), HTCLIENT);
         expectClick(window, WM_LBUTTONDOWN, 0);
     }
-    void visit(forms::PictureBox&) override {}
+    void visit(forms::PictureBox& panel) override {
+        EXPECT_EQ(win32::backgroundOf(panel, 7), 7u) << "the colour of a tab's page";
+    }
     void visit(forms::StatusBar&) override {
         int ends[3] = {};
         SendMessageW(window, SB_GETPARTS, std::size(ends), reinterpret_cast<LPARAM>(ends));
@@ -69,10 +72,16 @@ struct Tool : forms::ControlVisitor {
              {std::pair(WM_SETTEXT, std::wstring(300, L'\u00e9')), {EM_REPLACESEL, L"y"}}) {
             const std::string expected =
                 box.usable() && !box.readOnly ? platform::narrow(typed) : box.Text();
+            const RECT place = placeOf(window);
+            const LPARAM band = MAKELPARAM(place.left + 9, place.top + 3);
+            EXPECT_TRUE(box.multiLine || SendMessageW(window, WM_NCHITTEST, 0, band) == HTCLIENT);
             SendMessageW(window, EM_SETSEL, 0, -1);
             SendMessageW(window, message, 0, reinterpret_cast<LPARAM>(typed.c_str()));
             EXPECT_EQ(box.Text(), expected);
             EXPECT_TRUE(!box.Visible || textOf(window) == expected);
+            if (box.usable() && expected == "y") {
+                EXPECT_EQ(ask(window, EM_GETSEL), MAKELONG(1, 1));
+            }
         }
     }
     void visit(forms::ListBox& list) override {
@@ -102,6 +111,7 @@ struct Tool : forms::ControlVisitor {
             Windows::press(VK_RETURN);
             EXPECT_EQ(ask(window, LB_GETCOUNT), std::ssize(list.rows()));
             EXPECT_EQ(ask(window, LB_GETCURSEL), list.openRow());
+            EXPECT_EQ(ask(window, LB_GETTOPINDEX), 0);
         }
         EXPECT_EQ(list.Path(), "c:\\tales");
         EXPECT_EQ(rowText(1) + rowText(2), "   tales      lib");
@@ -141,8 +151,10 @@ struct Tool : forms::ControlVisitor {
 };
 
 TEST_F(Windows, EveryControlFollowsAnAutomationTool) {
-    runtime.tree = {
-        {"c:\\", {"nwb", "tales"}}, {"c:\\nwb", {}}, {"c:\\tales", {"lib"}}, {"d:\\", {}}};
+    runtime.tree = {{"c:\\", {"nwb", "tales"}},
+                    {"c:\\nwb", {}},
+                    {"c:\\tales", std::vector<std::string>(30, "lib")},
+                    {"d:\\", {}}};
     for (forms::Form* shown : fakes::everyForm(application, program)) {
         shown->Show();
         fakes::onEachPage(*shown, [shown] {

@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <cwchar>
+#include <span>
 #include <sstream>
 
 #include "platform/windows/win32/message_box.h"
@@ -54,6 +55,9 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         EXPECT_EQ(heard + reached->control().fullName(), expected);
         heard.clear();
     }
+    form.compile.optFormat(2).parent()->Enabled = false;
+    press('A');
+    EXPECT_TRUE(IsWindowEnabled(GetFocus())) << "moved to a control in use";
 }
 
 TEST_F(Windows, ADialogShowsWhatEnterPressesAndEscEndsIt) {
@@ -62,6 +66,9 @@ TEST_F(Windows, ADialogShowsWhatEnterPressesAndEscEndsIt) {
     };
     soon([&] {
         EXPECT_FALSE(IsWindowEnabled(window()));
+        const RECT own = placeOf(windowOf(application.Forms(1))), place = placeOf(window());
+        EXPECT_NEAR(own.left + own.right, place.left + place.right, 2);
+        EXPECT_NEAR(own.top + own.bottom, place.top + place.bottom, 2);
         EXPECT_EQ(GetWindow(windowOf(application.Forms(1)), GW_OWNER), window());
         const HWND ok = windowOf(*application.Forms(1).find("OKButton"));
         EXPECT_TRUE(isDefault(ok));
@@ -72,40 +79,7 @@ TEST_F(Windows, ADialogShowsWhatEnterPressesAndEscEndsIt) {
     });
     form.mnuOptionsPrograms.click();
     EXPECT_TRUE(IsWindowEnabled(window()));
-}
-
-TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
-    form.tbsOptions.SelectedItem = 2;
-    RECT suggested = placeOf(window());
-    const int dpi = MulDiv(suggested.right - suggested.left, 1440, form.Width);
-    ++suggested.right;  // the system rounds
-    SendMessageW(window(), WM_DPICHANGED, 0, reinterpret_cast<LPARAM>(&suggested));
-    EXPECT_EQ((std::vector<int>{form.Left, form.Width}), (std::vector<int>{1000, 6500}));
-    SetWindowPos(window(), nullptr, 101, 50, 400, 500, SWP_NOZORDER);
-    for (const int panel : {0, 1})
-        EXPECT_LT(placeOf(windowOf(form.picOptions(panel))).right, 501);
-    EXPECT_EQ((std::vector<int>{form.Left, form.Width}),
-              (std::vector<int>{1010, MulDiv(400, 1440, dpi)}));
-    SetWindowPos(window(), nullptr, 202, 50, 0, 0, SWP_NOZORDER | SWP_NOSIZE);
-    runtime.whileBoxIsOpen = [this] {
-        EXPECT_EQ(ask(window(), WM_QUERYENDSESSION), TRUE);
-        ask(window(), WM_ENDSESSION);
-        EXPECT_FALSE(form.unloaded()) << "the session continues";
-        SendMessageW(window(), WM_ENDSESSION, TRUE, 0);
-    };
-    press(VK_RETURN);
-    EXPECT_EQ(runtime.settings["MainLeft"], "2020");
-    EXPECT_EQ(application.Count(), 0);
-}
-
-TEST_F(Windows, TheEndOfTheSessionClosesAnOpenMenuAtOnce) {
-    runtime.readOnly = true;  // so that the save fails
-    runtime.whileBoxIsOpen = [] {
-        EXPECT_EQ(win32::messageBox("text", 0, "title"), core::Runtime::Answer::No);
-    };
-    soon([this] { SendMessageW(window(), WM_ENDSESSION, TRUE, 0); });
-    SendMessageW(window(), WM_SYSCOMMAND, SC_KEYMENU, 'f');
-    EXPECT_EQ(application.Count(), 0);
+    EXPECT_EQ(GetActiveWindow(), window());
 }
 
 TEST_F(Windows, BoxesBelongToAFormAndTheFileDialogKeepsTheCurrentFolder) {
@@ -144,6 +118,7 @@ TEST_F(Windows, BoxesBelongToAFormAndTheFileDialogKeepsTheCurrentFolder) {
             EXPECT_STREQ(name, shown);
             EXPECT_STREQ(filter, L"Games");
             EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, chx1))) << "to open it read-only";
+            EXPECT_EQ(textOf(GetDlgItem(dialog, IDOK)), "&Open");
             EXPECT_EQ(GetWindow(dialog, GW_OWNER), window());
             fs::current_path(fs::current_path().root_path());
             PostMessageW(dialog, WM_COMMAND, button, 0);
@@ -151,6 +126,50 @@ TEST_F(Windows, BoxesBelongToAFormAndTheFileDialogKeepsTheCurrentFolder) {
         EXPECT_EQ(toolkit.chooseFile(form, {"title", "Games|*.k*|All|*.*", offered}), chosen);
         EXPECT_EQ(fs::current_path(), before);
     }
+}
+
+TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
+    form.tbsOptions.SelectedItem = 2;
+    form.Height = 6000;
+    ShowWindow(window(), SW_MINIMIZE);
+    EXPECT_EQ(form.WindowState, forms::WindowState::Minimised);
+    ShowWindow(window(), SW_RESTORE);
+    RECT suggested = placeOf(window());
+    const int dpi = MulDiv(suggested.right - suggested.left, 1440, form.Width);
+    ++suggested.right;  // the system rounds
+    SendMessageW(window(), WM_DPICHANGED, 0, reinterpret_cast<LPARAM>(&suggested));
+    EXPECT_EQ((std::vector<int>{form.Left, form.Width, form.Height}),
+              (std::vector<int>{1000, 6500, 6000}));
+    ShowWindow(window(), SW_MAXIMIZE);
+    const RECT whole{0, 0, 700, 690};
+    SendMessageW(window(), WM_DPICHANGED, 0, reinterpret_cast<LPARAM>(&whole));
+    EXPECT_EQ(placeOf(window()).bottom, 690);
+    ShowWindow(window(), SW_RESTORE);
+    SetWindowPos(window(), nullptr, 101, 50, 400, 500, SWP_NOZORDER);
+    for (const int panel : {0, 1})
+        EXPECT_LT(placeOf(windowOf(form.picOptions(panel))).right, 501);
+    EXPECT_EQ((std::vector<int>{form.Left, form.Width}),
+              (std::vector<int>{1010, MulDiv(400, 1440, dpi)}));
+    SetWindowPos(window(), nullptr, 202, 50, 0, 0, SWP_NOZORDER | SWP_NOSIZE);
+    runtime.whileBoxIsOpen = [this] {
+        EXPECT_EQ(ask(window(), WM_QUERYENDSESSION), TRUE);
+        ask(window(), WM_ENDSESSION);
+        EXPECT_FALSE(form.unloaded()) << "the session continues";
+        SendMessageW(window(), WM_ENDSESSION, TRUE, 0);
+    };
+    press(VK_RETURN);
+    EXPECT_EQ(runtime.settings["MainLeft"], "2020");
+    EXPECT_EQ(application.Count(), 0);
+}
+
+TEST_F(Windows, TheEndOfTheSessionClosesAnOpenMenuAtOnce) {
+    runtime.readOnly = true;  // so that the save fails
+    runtime.whileBoxIsOpen = [] {
+        EXPECT_EQ(win32::messageBox("text", 0, "title"), core::Runtime::Answer::No);
+    };
+    soon([this] { SendMessageW(window(), WM_ENDSESSION, TRUE, 0); });
+    SendMessageW(window(), WM_SYSCOMMAND, SC_KEYMENU, 'f');
+    EXPECT_EQ(application.Count(), 0);
 }
 
 TEST_F(Windows, AClickOnTheSelectedTabCounts) {
@@ -198,12 +217,23 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
     EXPECT_TRUE(ask(drives, CB_GETDROPPEDSTATE));
     SendMessageW(drives, CB_SETCURSEL, 1, 0);
     EXPECT_EQ(dialog.Drive1.Drive(), "c:") << "not chosen yet";
+    SetFocus(drives);
+    press(VK_ESCAPE);
+    EXPECT_EQ(ask(drives, CB_GETCURSEL), 0);
+    EXPECT_EQ(application.Count(), 2) << "only the list is closed";
     EXPECT_TRUE(GetClassLongPtrW(windowOf(dialog), GCLP_HICON));
     ask(windowOf(dialog), WM_CLOSE);
     EXPECT_EQ(application.Count(), 1);
 }
 
-/// Returns the colours that fill most of a window. A theme has shades, of which few are as common.
+// Colours of the system, and values for them that all differ.
+const int parts[] = {COLOR_3DFACE,   COLOR_WINDOW,   COLOR_WINDOWTEXT,    COLOR_BTNTEXT,
+                     COLOR_GRAYTEXT, COLOR_3DSHADOW, COLOR_HIGHLIGHTTEXT, COLOR_3DHILIGHT};
+const COLORREF colours[] = {0xd0d1d2, 0xf0f1f2, 0x010203, 0x310203,
+                            0x717273, 0xa1a2a3, 0xf7f8f9, 0xe1e2e3};
+
+/// Returns the colours that fill most of a window, of which themes have few, and after "+" which of
+/// the system's it has, but for the last: shades of a theme may equal it.
 std::string coloursOf(HWND window, int most) {
     const int width = win32::widthOf(placeOf(window)), height = win32::heightOf(placeOf(window));
     const HDC drawn = GetWindowDC(window);
@@ -211,14 +241,16 @@ std::string coloursOf(HWND window, int most) {
     for (int at = 0; at < width * height; at += 3)
         ++counts[GetPixel(drawn, at % width, at / width)];
     ReleaseDC(window, drawn);
-    std::ostringstream colours;
+    std::ostringstream found;
+    for (const COLORREF& colour : std::span(colours).first(7))
+        if (counts.contains(colour)) found << " +" << parts[&colour - colours];
     for (; most > 0 && !counts.empty(); --most) {
-        const auto found =
+        const auto commonest =
             std::ranges::max_element(counts, {}, [](const auto& one) { return one.second; });
-        colours << ' ' << std::hex << found->first;
-        counts.erase(found);
+        found << ' ' << std::hex << commonest->first;
+        counts.erase(commonest);
     }
-    return colours.str();
+    return found.str();
 }
 
 /// Returns a window's class, text, styles, font, width inside its edges, places inside and outside
@@ -242,7 +274,7 @@ std::string lookOf(HWND window) {
     if (std::regex_match(kind, std::wregex(L"Button|ComboBox|Edit|ListBox|Static")))
         look << ' ' << inside.bottom << " at " << start.x << ' ' << start.y << '|' << place.left
              << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
-    if (IsWindowVisible(window) && placeOf(GetAncestor(window, GA_ROOT)).right < 1000)
+    if (IsWindowVisible(window) && placeOf(GetAncestor(window, GA_ROOT)).right < 1100)
         look << '|' << (GetWindowLongW(window, GWL_STYLE) & WS_POPUP ? inside.bottom : 0)
              << coloursOf(window,
                           std::regex_match(kind, std::wregex(L"Edit|ListBox|Static")) ? 2 : 1);
@@ -271,8 +303,6 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     EXPECT_NEAR(splash.left + splash.right, GetSystemMetrics(SM_CXSCREEN), 2);
     EXPECT_NEAR(splash.top + splash.bottom, GetSystemMetrics(SM_CYSCREEN), 2);
     auto& first = dynamic_cast<console::frmConsole&>(*all[0]);
-    for (int tab = 1; tab <= 4; ++tab)  // creates the windows in its panel
-        first.tbsOptions.SelectedItem = tab;
     for (const char* folder : {"c:\\lib", "d:\\lib"})
         first.compile.lstInclude.AddItem(folder);
     first.compile.lstInclude.ListIndex = 0;
@@ -280,10 +310,6 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     std::wcscpy(metrics.lfMessageFont.lfFaceName, L"Tahoma");
-    const int parts[] = {COLOR_3DFACE,   COLOR_WINDOW,   COLOR_WINDOWTEXT, COLOR_BTNTEXT,
-                         COLOR_GRAYTEXT, COLOR_3DSHADOW, COLOR_3DHILIGHT,  COLOR_HIGHLIGHTTEXT};
-    const COLORREF colours[] = {0xd0d1d2, 0xf0f1f2, 0x010203, 0x310203,
-                                0x717273, 0xa1a2a3, 0xe1e2e3, 0xf7f8f9};
     SetSysColors(std::size(parts), parts, colours);
     int tab = 0;
     for (const int height : {-12, -18, -48, -8, -12}) {
@@ -292,7 +318,9 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
         metrics.lfMessageFont.lfItalic = looks.empty();
         SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
         for (forms::Form* shown : all) {
-            ask(windowOf(*shown), WM_SETTINGCHANGE);
+            RECT place = placeOf(windowOf(*shown));
+            SendMessageW(windowOf(*shown), height == -48 ? WM_DPICHANGED : WM_SETTINGCHANGE, 0,
+                         height == -48 ? reinterpret_cast<LPARAM>(&place) : 0);
             SetForegroundWindow(windowOf(*shown));
             shown->Refresh();
             looks += lookOf(windowOf(*shown)) + '\n';
