@@ -135,6 +135,11 @@ TEST(Console, AUserReachesOnlyWhatCanBeUsed) {
     auto& list = desk.application.load<dialogs::frmIncludeList>(desk.program);
     const auto isButton = [](auto& any) { return dynamic_cast<const forms::Button*>(&any); };
     EXPECT_EQ(forms::focusAfter(list.btnDelete, isButton), &list.btnCancel);
+    form.tbsOptions.pick(1);
+    const auto isStop = [](const forms::Control& any) {
+        return any.name == "tbsOptions" || any.name == "txtFnameE";
+    };
+    EXPECT_EQ(forms::focusAfter(form.compile.optFormat(0), isStop), &form.edit.txtFnameE);
 }
 
 TEST(Console, AControlThatDiesLeavesItsContainer) {

@@ -94,12 +94,16 @@ TEST_F(Disk, FollowsPathsAndShortensThem) {
         {"", "", ""},
         {std::string("c:\\cave\0.kel", 12), "", ""},
     };
-    for (const auto& [path, host, shortPath] : cases) {
-        EXPECT_EQ(hostOf(path), host) << path;
-        EXPECT_EQ(disk.shortPath(path), shortPath) << path;
+    const auto before = fs::file_time_type::clock::now() - 1h;
+    for (const bool cached : {false, true}) {
+        for (const fs::path& folder : {c, d, d / "tales", games, c / "kelm"})
+            if (cached) fs::last_write_time(folder, before);
+        for (const auto& [path, host, shortPath] : cases) {
+            EXPECT_EQ(hostOf(path), host) << path << cached;
+            EXPECT_EQ(disk.shortPath(path), shortPath) << path << cached;
+        }
     }
     // A listing is cached while its folder does not change.
-    const auto before = fs::file_time_type::clock::now() - 1h;
     for (const auto& [file, shortPath] :
          {std::pair("x", "WIZARD~1.KEL"), {"wizardworld", "W~OENN82.KEL"}}) {
         write(games / file);

@@ -129,8 +129,10 @@ struct Tour {
         guide.retype(games + "\\dragon.kel");
         guide.press("Alt+C");
         box(console, "Return");  // there is no such file
-        guide.press(fromButton);
-        guide.retype(quest + ".kel");
+        guide.press("Alt+B");
+        guide.appears("Select source code file");
+        guide.retype("C:\\My Games\\WizardQuest.KEL");
+        leave("Return");
         guide.press("Alt+C");
         compiled(system.quest);
         guide.holds(games + "\\" + system.quest + ".kcd", questTexts);
