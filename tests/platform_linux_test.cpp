@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <ranges>
 #include <regex>
 
 #include "linux_desktop.h"
@@ -46,104 +47,22 @@ extern "C" int stat(const char* path, struct stat* state) noexcept {
     return -1;
 }
 
-namespace {
-
-class Disk : public LinuxDesktop {
-  protected:
-    /// Returns the host path of a Windows path; empty if there is no such place.
-    fs::path hostOf(const std::string& path) {
-        const auto host = disk.toHost(path);
-        return host ? host->text() : "";
-    }
-
+TEST_F(LinuxDesktop, EntersFoldersThatOnlyOthersMayList) {
     WindowsDisk disk{Drives::ofUser()};
-};
-
-}  // namespace
-
-TEST_F(Disk, FollowsPathsAndShortensThem) {
-    for (const char* file :
-         {"My Games/Wizardquest.kel", "My Games/Wizardquest.LIS", "My Games/land of.oz",
-          "kelm/twin.kel", "kelm/Twin.kel", "My Games/Élan Vital.kel", "My Games/caf\xe9.kel",
-          "kelm/caf\xe9", "kelm/standard library/x"})
-        write(c / file);
-    write(d / "tales/thelongadventure.kelm");
-    fs::current_path(c / "My Games");
-    const fs::path games = c / "My Games";
-    const std::tuple<std::string, fs::path, const char*> cases[] = {
-        {"c:\\my games\\WIZARDQUEST.kel", games / "Wizardquest.kel", "c:\\MYGAME~1\\WIZARD~1.KEL"},
-        {"C:/MYGAME~1/wizard~1.lis", games / "Wizardquest.LIS", "C:/MYGAME~1/WIZARD~1.LIS"},
-        {"landof~1.OZ", games / "land of.oz", "LANDOF~1.OZ"},
-        {"élan vital.KEL", games / "Élan Vital.kel", "_LANVI~1.KEL"},
-        {"D:tales\\thelongadventure.kelm", d / "tales/thelongadventure.kelm",
-         "D:tales\\THELON~1.KE~"},
-        {"\\KELM\\standard library\\", c / "kelm/standard library", "\\kelm\\STANDA~1\\"},
-        {"c:\\kelm\\twin.kel", c / "kelm/twin.kel", "c:\\kelm\\twin.kel"},
-        {"c:\\kelm\\Twin.kel", c / "kelm/Twin.kel", "c:\\kelm\\Twin.kel"},
-        {"c:\\kelm\\caf", c / "kelm/caf", ""},
-        {"c:\\", c, "c:\\"},
-        {"1:\\x", games / "1:/x", ""},
-        {"/usr/bin", "/usr/bin", "/usr/bin"},
-        {"z:\\USR\\bin", "/usr/bin", "z:\\usr\\bin"},
-        {"c:new.kel", games / "new.kel", ""},
-        {"WIZARD~1.kcd", games / "Wizardquest.kcd", ""},
-        {"c:\\..\\..\\My Games\\.\\x", games / "x", ""},
-        {"wizardquest.lis\\", games / "Wizardquest.LIS", ""},
-        {"é:\\x", games / "é:/x", ""},
-        {"q:\\x", "", ""},
-        {"", "", ""},
-        {std::string("c:\\cave\0.kel", 12), "", ""},
-    };
-    const auto before = fs::file_time_type::clock::now() - 1h;
-    for (const bool cached : {false, true}) {
-        for (const fs::path& folder : {c, d, d / "tales", games, c / "kelm"})
-            if (cached) fs::last_write_time(folder, before);
-        for (const auto& [path, host, shortPath] : cases) {
-            EXPECT_EQ(hostOf(path), host) << path << cached;
-            EXPECT_EQ(disk.shortPath(path), shortPath) << path << cached;
-        }
-    }
-    // A listing is cached while its folder does not change.
-    for (const auto& [file, shortPath] :
-         {std::pair("x", "WIZARD~1.KEL"), {"wizardworld", "W~OENN82.KEL"}}) {
-        write(games / file);
-        fs::last_write_time(games, before);
-        EXPECT_EQ(disk.shortPath("wizardquest.kel"), shortPath);
-    }
-    // Folders that may be entered but not listed, to another user than root.
+    write(c / "My Games/Wizardquest.kel");
+    const fs::path folders[] = {c / "My Games", c, links, c.parent_path(), home};
+    // To another user than root.
     if (getuid() == 0) fs::permissions(home.parent_path(), fs::perms(0011), fs::perm_options::add);
-    for (const fs::path& folder : {games, c, links, c.parent_path(), home})
+    for (const fs::path& folder : folders)
         fs::permissions(folder, fs::perms(0111));
     EXPECT_EQ(seteuid(getuid() == 0 ? 1 : getuid()), 0);
     for (const char* path : {"c:\\My Games\\Wizardquest.kel", "c:\\My Games\\NEW"}) {
-        EXPECT_EQ(hostOf(path), games / (path + 12));
+        EXPECT_EQ(disk.toHost(path), HostPath(c / "My Games" / (path + 12)));
         EXPECT_EQ(disk.shortPath(path), path[12] == 'N' ? "" : path);
     }
     EXPECT_EQ(seteuid(getuid()), 0);
-    for (const fs::path& folder : {home, c.parent_path(), links, c, games})
+    for (const fs::path& folder : std::views::reverse(folders))
         fs::permissions(folder, fs::perms::owner_all);
-}
-
-TEST_F(Disk, MapsHostPathsToTheNearestDrive) {
-    write(c / "a\\b/x\ndel\".kel");
-    fs::create_directory_symlink(d, home / "shortcut");
-    fs::create_directory_symlink(d, c / "link");
-    const std::pair<fs::path, std::string> cases[] = {
-        {c / "my games/x.kel", "c:\\my games\\x.kel"},
-        {d / "", "d:\\"},
-        {c / "My Games" / "", "c:\\My Games"},
-        {home / "shortcut/x.kel", "d:\\x.kel"},
-        {c / "link/x.kel", "c:\\link\\x.kel"},
-        {c / "a\\b/x\ndel\".kel", "c:\\A~IUFCRU\\X~7KTT0I.KEL"},
-        {"/usr/bin", "z:\\usr\\bin"},
-        {"/", "z:\\"},
-    };
-    for (const auto& [host, path] : cases) {
-        EXPECT_EQ(disk.toWindows(HostPath(host)), path) << host;
-        EXPECT_EQ(fs::weakly_canonical(hostOf(path)) / "", fs::weakly_canonical(host) / "") << path;
-    }
-    EXPECT_EQ(hostOf(d), d);
-    EXPECT_TRUE(disk.toWindows(HostPath(d.string() + "2")).starts_with("z:\\"));
 }
 
 TEST_F(LinuxDesktop, TakesTheDrivesOfTheWinePrefixOrMakesItsOwn) {
@@ -166,29 +85,6 @@ TEST_F(LinuxDesktop, TakesTheDrivesOfTheWinePrefixOrMakesItsOwn) {
     const Drives again = Drives::ofUser();
     EXPECT_EQ(again.folderOf('c'), HostPath(c));
     EXPECT_EQ(again.folderOf('z'), HostPath("/"));
-}
-
-TEST(ShortNames, DependOnTheCompetingStemsOnly) {
-    const std::pair<std::vector<std::string>, const char*> cases[] = {
-        {{"wizardquest.kel", "wizardquest.LIS", "wizard.kel", "oz wizard.kel"}, "WIZARD~1.KEL"},
-        {{"wizardquest.kel", "wizardworld.txt"}, "W~B0ZE3Z.KEL"},
-        {{"wizardquest.kel", "Wizardquest.lis"}, "W~B0ZE3Z.KEL"},
-        {{"wizardquest.kel", "wizard~1.txt"}, "W~B0ZE3Z.KEL"},
-        {{"wizardquest.html", "w1zardquest.html"}, "WIZARD~1.HT~"},
-        {{"wizardquest.k:l"}, "W~B0ZE3Z.K_~"},
-        {{"quest.html"}, "Q~C4FY28.HT~"},
-        {{"-draft of a tale"}, "_DRAFT~1"},
-        {{".hidden folder"}, "HIDDEN~1"},
-        {{"$%'-_@~`.!&"}, "$%'-_@~`.!&"},
-    };
-    for (const auto& [names, shortName] : cases) {
-        EXPECT_EQ(ShortNames(names).shortFor(names[0]), shortName) << names[0];
-        EXPECT_EQ(ShortNames({names.rbegin(), names.rend()}).shortFor(names[0]), shortName);
-        EXPECT_EQ(ShortNames(names).longFor(shortName), names[0]);
-    }
-    EXPECT_EQ(ShortNames({"x.kel"}).shortFor("not yet there.kel"), "not yet there.kel");
-    EXPECT_EQ(ShortNames({"wizardquest.html", "wizardquest.htmx"}).longFor("WIZARD~1.HT~"),
-              "WIZARD~1.HT~");
 }
 
 TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
