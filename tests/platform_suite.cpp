@@ -174,13 +174,16 @@ TEST_F(Platform, RunsAScriptInItsFolderAndNowhereElse) {
         write(place / "astray.BAT", std::string(lead) + "\r\n" + child + " astray\r\n");
         errorOf([&] { runtime.rtcShell(core::quoted(in("astray.BAT")), Runtime::normalFocus); });
     }
-    write(place / u8"Spiele für été/wälk log.txt", "say hello");
+    std::string games = "Spiele für été";
+    while (games.size() < 240)
+        games += "é";  // with the folder some 200 letters, which may be
+    write(place / pathOf(games) / u8"wälk log.txt", "say hello");
     write(place / "Nor & vane (x.y)/~kelmcon.bat",
-          folder.substr(0, 2) + "\r\ncd \"" + folder.substr(2) + "\\Spiele für été\\\"\r\n" +
-              child + " märchen -Pack \"a & b\" -OF\"x y\" < \"wälk log.txt\"\r\nexit\r\n" + child +
+          folder.substr(0, 2) + "\r\ncd \"" + folder.substr(2) + '\\' + games + "\\\"\r\n" + child +
+              " märchen -Pack \"a & b\" -OF\"x y\" < \"wälk log.txt\"\r\nexit\r\n" + child +
               "\r\n");
     runtime.rtcShell(commandOf(place / "Nor & vane (x.y)/~kelmcon.bat"), Runtime::maximisedFocus);
-    EXPECT_EQ(echoed(), byScript + textOf(place / u8"Spiele für été") +
+    EXPECT_EQ(echoed(), byScript + textOf(place / pathOf(games)) +
                             "[märchen][-Pack][a & b][-OFx y]say hello\n");
 }
 
@@ -214,8 +217,8 @@ TEST_F(Platform, StartsPrograms) {
     if (*byScript == 0) return;
     // Another's script may contain anything.
     write(place / "see.bat", '@' + child + " %1 > nul\r\n");
-    runtime.rtcShell(core::quoted(in("see.bat")) + " x", Runtime::normalFocus);
-    EXPECT_EQ(echoed(), byScript + textOf(place) + "[x]\n");
+    runtime.rtcShell(core::quoted(in("see.bat")) + " \"x y\"", Runtime::normalFocus);
+    EXPECT_EQ(echoed(), byScript + textOf(place) + "[x y]\n");
 }
 
 TEST_F(Platform, NoNameOfAGameStartsOrMakesAnythingElse) {

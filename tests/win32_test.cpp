@@ -44,6 +44,8 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         {2, panel.optFormat(0), WM_KEYDOWN, VK_TAB, "chkDebug"},
         {2, panel.optCharset(0), WM_KEYDOWN, VK_DOWN, "optCharset(1) optCharset(1)"},
         {2, panel.txtFname, WM_SYSCHAR, 'd', "chkDebug chkDebug"},
+        {2, panel.txtFname, WM_SYSCHAR, 0x400 + 'd', "txtFname"},
+        {2, panel.txtFname, WM_SYSKEYDOWN, VK_RETURN, "txtFname"},
         {2, panel.txtFname, WM_SYSCHAR, 'P', "optFormat(2) optFormat(2)"}};
     for (const auto& [tab, focus, message, key, expected] : rows) {
         form.tbsOptions.SelectedItem = tab;
@@ -57,7 +59,7 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
     }
     form.compile.optFormat(2).parent()->Enabled = false;
     press('A');
-    EXPECT_TRUE(IsWindowEnabled(GetFocus())) << "moved to a control in use";
+    EXPECT_EQ(win32::ControlPeer::of(GetFocus())->control().name, "optEditor") << "is next";
 }
 
 TEST_F(Windows, ADialogShowsWhatEnterPressesAndEscEndsIt) {
@@ -187,24 +189,25 @@ TEST_F(Windows, TabsAndShortenedRowsHaveTooltips) {
     EXPECT_EQ(platform::narrow(asked.lpszText), form.tbsOptions.Tabs[2].tooltip);
     EXPECT_EQ(ask(tooltipsOf(window()), TTM_GETTOOLCOUNT), 7);
     EXPECT_GT(ask(tooltipsOf(window()), TTM_GETMAXTIPWIDTH), 300);
+    EXPECT_TRUE(GetWindowLongW(tooltipsOf(window()), GWL_STYLE) & TTS_NOPREFIX);
 
     auto& dialog = application.load<dialogs::frmIncludeList>(program);
     dialog.Show();
     auto& list = dialog.List1;
-    list.AddItem("c:\\" + std::string(200, 'x'));
     list.AddItem("c:\\lib");
+    list.AddItem("c:\\" + std::string(200, 'x'));
     const auto tooltipsAt = [&](int row) {
         const LRESULT height = ask(windowOf(list), LB_GETITEMHEIGHT);
         SendMessageW(windowOf(list), WM_MOUSEMOVE, 0, MAKELPARAM(9, row * height + 2));
         return ask(tooltipsOf(windowOf(dialog)), TTM_GETTOOLCOUNT);
     };
-    const LRESULT others = tooltipsAt(1);
-    EXPECT_EQ(tooltipsAt(0), others + 1);
+    const LRESULT others = tooltipsAt(0);
+    EXPECT_EQ(tooltipsAt(1), others + 1);
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof tool;
     SendMessageW(tooltipsOf(windowOf(dialog)), TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&tool));
     EXPECT_TRUE(tool.uFlags & TTF_SUBCLASS) << "it notices the mouse itself";
-    EXPECT_EQ(tooltipsAt(1), others);
+    EXPECT_EQ(tooltipsAt(2), others);
 }
 
 TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
@@ -224,6 +227,16 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
     EXPECT_TRUE(GetClassLongPtrW(windowOf(dialog), GCLP_HICON));
     ask(windowOf(dialog), WM_CLOSE);
     EXPECT_EQ(application.Count(), 1);
+    static int told = 0;
+    SetWindowSubclass(
+        windowOf(form.tbsOptions),
+        [](HWND tabs, UINT message, WPARAM first, LPARAM second, UINT_PTR, DWORD_PTR) {
+            told += message == WM_SYSCOLORCHANGE;
+            return DefSubclassProc(tabs, message, first, second);
+        },
+        99, 0);
+    ask(window(), WM_SYSCOLORCHANGE);
+    EXPECT_EQ(told, 1) << "the system tells only the form";
 }
 
 // Colours of the system, and values for them that all differ.
@@ -240,8 +253,11 @@ std::string coloursOf(HWND window, int most) {
     std::map<COLORREF, int> counts;
     for (int at = 0; at < width * height; at += 3)
         ++counts[GetPixel(drawn, at % width, at / width)];
-    ReleaseDC(window, drawn);
     std::ostringstream found;
+    if (most > 1)  // its edges
+        found << std::hex << ' ' << GetPixel(drawn, width / 2, 0) << ' '
+              << GetPixel(drawn, width / 2, height - 1) << std::dec;
+    ReleaseDC(window, drawn);
     for (const COLORREF& colour : std::span(colours).first(7))
         if (counts.contains(colour)) found << " +" << parts[&colour - colours];
     for (; most > 0 && !counts.empty(); --most) {
@@ -303,8 +319,7 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     EXPECT_NEAR(splash.left + splash.right, GetSystemMetrics(SM_CXSCREEN), 2);
     EXPECT_NEAR(splash.top + splash.bottom, GetSystemMetrics(SM_CYSCREEN), 2);
     auto& first = dynamic_cast<console::frmConsole&>(*all[0]);
-    for (const char* folder : {"c:\\lib", "d:\\lib"})
-        first.compile.lstInclude.AddItem(folder);
+    first.compile.lstInclude.AddItem("c:\\lib");
     first.compile.lstInclude.ListIndex = 0;
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
@@ -313,7 +328,6 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
     SetSysColors(std::size(parts), parts, colours);
     int tab = 0;
     for (const int height : {-12, -18, -48, -8, -12}) {
-        first.tbsOptions.SelectedItem = 1 + tab++ % 4;
         metrics.lfMessageFont.lfHeight = height;
         metrics.lfMessageFont.lfItalic = looks.empty();
         SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
@@ -321,11 +335,13 @@ TEST_F(Windows, FormsLookAsAgreedAndGrowWithTheSystemsTexts) {
             RECT place = placeOf(windowOf(*shown));
             SendMessageW(windowOf(*shown), height == -48 ? WM_DPICHANGED : WM_SETTINGCHANGE, 0,
                          height == -48 ? reinterpret_cast<LPARAM>(&place) : 0);
+            first.tbsOptions.SelectedItem = 1 + tab % 4;
             SetForegroundWindow(windowOf(*shown));
             shown->Refresh();
             looks += lookOf(windowOf(*shown)) + '\n';
             EnumChildWindows(windowOf(*shown), add, reinterpret_cast<LPARAM>(&looks));
         }
+        ++tab;
         EXPECT_EQ((std::vector<int>{placeOf(windowOf(first)).left, first.Left, first.Width}),
                   (std::vector<int>{100, 1000, 6500}));
     }
