@@ -1,6 +1,7 @@
 // Appends a line to the file named by NWBW_ECHO: the current folder, the arguments, and the
 // standard input unless it is a terminal. On Windows the line starts with "guarded " if the
-// variable is set that keeps the command interpreter from starting programs of the current folder.
+// variable is set that keeps the command interpreter from starting programs of the current folder,
+// and with "maximised " if its window is to be.
 
 #include <cstdlib>
 #include <iostream>
@@ -9,6 +10,7 @@
 
 #ifdef _WIN32
 #include <io.h>
+#include <windows.h>
 #else
 #include <unistd.h>
 #endif
@@ -17,6 +19,9 @@
 int wmain(int count, wchar_t* words[]) {
     const bool isKeyboard = _isatty(0) != 0;
     std::string echo = std::getenv("NoDefaultCurrentDirectoryInExePath") ? "guarded " : "";
+    STARTUPINFOW startup;
+    GetStartupInfoW(&startup);
+    if (startup.wShowWindow == SW_SHOWMAXIMIZED) echo += "maximised ";
 #else
 int main(int count, char* words[]) {
     const bool isKeyboard = isatty(0) != 0;

@@ -40,6 +40,7 @@ class System : public LinuxDesktop {
     /// Does nothing: an open file can be renamed here.
     static std::jthread hold(const fs::path&, bool) { return {}; }
     static constexpr const char* byScript = "";
+    static constexpr const char* maximised = "";
     static constexpr const char* bareName = "tool.exe";
     static constexpr const char* settingsKey = "";  ///< none
     std::string commandOf(const fs::path& program) const {

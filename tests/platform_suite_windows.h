@@ -33,6 +33,7 @@ class System : public testing::Test {
             fs::remove_all(place, stillInUse);
             Sleep(20);
         }
+        EXPECT_FALSE(fs::exists(place)) << "what was started has ended";
         RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Norvane Workbench Tests");
         RegDeleteKeyValueW(HKEY_CURRENT_USER, L"Console", L"CodePage");
     }
@@ -70,6 +71,7 @@ class System : public testing::Test {
     }
     /// What the echo child tells of a start by the command interpreter.
     static constexpr const char* byScript = "guarded ";
+    static constexpr const char* maximised = "maximised ";  ///< what it tells of its window
     static constexpr const char* bareName = "tool";  ///< of the echo child on the search path
     static constexpr const char* settingsKey = "Software\\Norvane Workbench Tests\\Settings";
 

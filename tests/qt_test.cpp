@@ -259,8 +259,11 @@ TEST_F(Windows, AFileMayBeChosenThatDoesNotExist) {
         toolkit.chooseFile(*form, {"Select", "All|*.*", "c:/games/x"});
     });
     EXPECT_TRUE(error.starts_with("The file name is longer than 260 characters: c:")) << error;
-    for (const auto& [offered, shown] : std::map<std::string, QString>{
-             {"C:/games/né.kel", "né.kel"}, {"c|b?", ""}, {std::string(261, 'x'), ""}}) {
+    for (const auto& [offered, shown] :
+         std::map<std::string, QString>{{"C:/games/né.kel", "né.kel"},
+                                        {"c|b?", ""},
+                                        {std::string(261, 'x'), ""},
+                                        {"C:/games/" + std::string(251, 'x'), QString(251, 'x')}}) {
         whenOpen<QFileDialog>([&, &shown = shown](QFileDialog& dialog) {
             auto* edit = dialog.findChild<QLineEdit*>();
             EXPECT_EQ(dialog.sidebarUrls().last(), QUrl::fromLocalFile(folder.path() + "\\"));
@@ -323,6 +326,8 @@ TEST_F(Windows, AFolderIsOpenedByItsRow) {
     QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, nwb);
     EXPECT_EQ(dialog.Dir1.Path(), "c:\\nwb");
     auto& drives = widget<QComboBox>(dialog.Drive1);
+    EXPECT_EQ(drives.itemIcon(0).pixmap(16).toImage(),
+              drives.style()->standardIcon(QStyle::SP_DriveHDIcon).pixmap(16).toImage());
     QTest::keyClick(&drives, Qt::Key_Down);
     EXPECT_EQ(told, "Cannot open d:\\");
     EXPECT_EQ(drives.currentText(), "c:");
@@ -435,7 +440,14 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         EXPECT_EQ(picture.pixelColor(0, 0), QColor(0, 0, 128));
         EXPECT_EQ(picture.pixelColor(frame->pos() + QPoint(1, 1)), frame->palette().base().color());
         for (Form* shown : forms) {
-            looks += lookOf(windowOf(*shown)) + '\n';
+            looks += lookOf(windowOf(*shown));
+            for (const auto metric :
+                 {QStyle::PM_CheckBoxLabelSpacing, QStyle::PM_RadioButtonLabelSpacing,
+                  QStyle::PM_SmallIconSize, QStyle::PM_ListViewIconSize, QStyle::PM_ButtonIconSize,
+                  QStyle::PM_MessageBoxIconSize, QStyle::PM_ScrollBarExtent,
+                  QStyle::PM_TabBarScrollButtonWidth})
+                looks += ' ' + std::to_string(splash.style()->pixelMetric(metric));
+            looks += '\n';
             EXPECT_EQ(windowOf(*shown).windowTitle(), name(shown->Caption));
             for (const Control* control : shown->allControls()) {
                 SCOPED_TRACE(shown->name + " " + control->fullName());
