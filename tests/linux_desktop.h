@@ -23,7 +23,7 @@ class LinuxDesktop : public testing::Test {
         fs::create_directory_symlink("/", links / "z:");
         for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
             setenv(name, home.c_str(), 1);
-        for (const char* name : {"XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
+        for (const char* name : {"XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_CACHE_HOME"})
             setenv(name, (home / "set").c_str(), 1);
         for (const char* name : {"WINEPREFIX", "TERMINAL", "VISUAL", "EDITOR"})
             setenv(name, "", 1);  // which is as good as none

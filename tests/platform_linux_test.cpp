@@ -92,7 +92,8 @@ TEST_F(LinuxDesktop, TellsWhatCannotBeWritten) {
     const auto open = [&](const char* path) {
         return errorOf([&] { runtime.vbaFileOpen(path, Runtime::OpenMode::Output); });
     };
-    EXPECT_TRUE(runtime.TempPath().ends_with("\\nwbw"));
+    EXPECT_TRUE(runtime.TempPath().ends_with("\\set\\nwbw"));
+    EXPECT_TRUE(runtime.folders(runtime.TempPath()).empty());
     write(c / "victim", "safe");
     EXPECT_EQ(runtime.rtcDir("c:\\victim\\.") + runtime.rtcDir("c:\\victim/."), "");
     fs::create_symlink("victim", c / "planted");

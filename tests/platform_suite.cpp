@@ -130,19 +130,20 @@ TEST_F(Platform, FindsOrdinaryFilesOnly) {
 }
 
 TEST_F(Platform, KeepsTextsAndTimesAndWaitsForOtherReaders) {
-    const fs::path file = place / "x.tmp";
+    const fs::path file = place / u8"é.tmp";
     for (const auto& [text, bytes] : texts) {
-        runtime.vbaFileOpen(in("x.tmp"), Runtime::OpenMode::Output);
+        runtime.vbaFileOpen(in("é.tmp"), Runtime::OpenMode::Output);
         runtime.vbaPrintFile(text);
         EXPECT_EQ(contentOf(file).find(bytes), std::string::npos) << "nothing yet";
         runtime.vbaFileFlush();
-        runtime.vbaFileOpen(in("x.tmp"), Runtime::OpenMode::Input);
+        const std::ofstream alsoOpen(file, std::ios::app);
+        runtime.vbaFileOpen(in("é.tmp"), Runtime::OpenMode::Input);
         EXPECT_EQ(contentOf(file), bytes + "\r\n");
         EXPECT_EQ(runtime.vbaInputFile(), text);
     }
     runtime.vbaFileClose();
 
-    const auto changed = [&] { return runtime.rtcFileDateTime(in("x.tmp")); };
+    const auto changed = [&] { return runtime.rtcFileDateTime(in("é.tmp")); };
     const auto now = fs::file_time_type::clock::now();
     fs::last_write_time(file, now);
     const auto first = changed();
@@ -159,13 +160,13 @@ TEST_F(Platform, KeepsTextsAndTimesAndWaitsForOtherReaders) {
                     }).starts_with("Cannot read z:\\proc"));
     }
     const std::jthread heldForAWhile = hold(file, false);
-    runtime.vbaNameFile(in("x.tmp"), in("y.ini"));
+    runtime.vbaNameFile(in("é.tmp"), in("ü.ini"));
     EXPECT_LT(fs::file_time_type::clock::now() - now, 2s) << "soon after it is free";
     for (const bool mayBeDeleted : {true, false}) {
-        write(place / "y.ini");
-        const std::jthread readForAWhile = hold(place / "y.ini", mayBeDeleted);
-        runtime.rtcKillFiles(in("y.ini"));
-        EXPECT_FALSE(fs::exists(place / "y.ini")) << "the name is free at once";
+        write(place / u8"ü.ini");
+        const std::jthread readForAWhile = hold(place / u8"ü.ini", mayBeDeleted);
+        runtime.rtcKillFiles(in("ü.ini"));
+        EXPECT_FALSE(fs::exists(place / u8"ü.ini")) << "the name is free at once";
     }
 }
 
@@ -175,6 +176,8 @@ TEST_F(Platform, RunsAScriptInItsFolderAndNowhereElse) {
         write(place / "astray.BAT", std::string(lead) + "\r\n" + child + " astray\r\n");
         errorOf([&] { runtime.rtcShell(core::quoted(in("astray.BAT")), Runtime::normalFocus); });
     }
+    write(place / "ends.bat", core::quoted(in("none.exe")) + "\r\n");
+    runtime.rtcShell(core::quoted(in("ends.bat")), Runtime::normalFocus);
     std::string games = "Spiele für été";
     while (games.size() < 240)
         games += "é";  // with the folder some 200 letters, which may be
@@ -197,7 +200,7 @@ TEST_F(Platform, StartsPrograms) {
     const std::pair<std::string, const char*> cases[] = {
         {child + " \"a märchen\"", "[a märchen]\n"},
         {commandOf(place / "my tools.exe"), "\n"},
-        {bareName + " x"s, "[x]\n"},
+        {bareName + " x y"s, "[x][y]\n"},
         {none, nullptr},
         {core::quoted(in("text.exe")) + " x", nullptr},
         {"planted.exe x", nullptr},
@@ -220,7 +223,7 @@ TEST_F(Platform, StartsPrograms) {
     }
     if (*byScript == 0) return;
     // Another's script may contain anything.
-    write(place / "see.bat", '@' + child + " %1 > nul\r\n");
+    write(place / "see.bat", "@tools\\tool.exe %1 > nul\r\n");
     runtime.rtcShell(core::quoted(in("see.bat")) + " \"x y\"", Runtime::normalFocus);
     EXPECT_EQ(echoed(), byScript + textOf(place) + "[x y]\n");
 }
@@ -286,7 +289,7 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
         runtime.rtcSaveSetting(application, "Settings", "Long", std::string(longest, 'x'));
         EXPECT_EQ(runtime.RegQueryValueEx(*key, "Long").has_value(), longest == 1023);
     }
-    EXPECT_TRUE(in("").starts_with(runtime.TempPath() + "\\nwbw-test")) << runtime.TempPath();
+    EXPECT_TRUE(in("").starts_with(runtime.TempPath() + "\\nwbw-tést")) << runtime.TempPath();
     const auto systems = runtime.RegOpenKeyEx(
         0x80000002, R"(SYSTEM\CurrentControlSet\Control\Session Manager\Environment)", read);
     const auto interpreter = runtime.RegQueryValueEx(systems.value(), "ComSpec").value();

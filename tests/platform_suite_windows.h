@@ -98,7 +98,7 @@ class System : public testing::Test {
 
     const fs::path place =
         fs::temp_directory_path() /
-        ("nwbw-test-" +
-         std::to_string(std::chrono::system_clock::now().time_since_epoch().count()));
+        platform::wide("nwbw-tést-" +
+                       std::to_string(std::chrono::system_clock::now().time_since_epoch().count()));
     const std::string folder = platform::narrow(place.wstring());
 };

@@ -30,7 +30,12 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
          "@txtFnameS"},
     };
     form->edit.txtFnameE.Text = "cave.kel";
+    Control& options = *panel.optFormat(0).parent();
+    form->compile.chkHideC.setHandler([&options] { options.Visible = false; });
+    widget(panel.optFormat(0)).setFocus();
     heard.clear();
+    EXPECT_EQ(strike(Qt::Key_I, Qt::AltModifier), "@chkHideC");
+    options.Visible = true;
     for (const auto& [focus, key, modifiers, expected] : rows) {
         widget(focus).setFocus();
         QCoreApplication::processEvents();
@@ -63,7 +68,7 @@ TEST_F(Windows, KeysReachTheFormThenTheModel) {
         QTest::keyClick(shown.windowHandle(), key);
     QTest::keyClick(shown.windowHandle(), Qt::Key_X, Qt::AltModifier);
     EXPECT_EQ(application.Count(), 2) << "only a character dismisses the splash";
-    QTest::keyClick(shown.windowHandle(), Qt::Key_X);
+    QTest::keyClick(shown.windowHandle(), Qt::Key_Escape);
     EXPECT_EQ(application.Count(), 1);
 }
 
@@ -73,6 +78,7 @@ TEST_F(Windows, AHandlerRunsAtEachClickOnTheControlItself) {
     QTest::keyClick(&second, Qt::Key_Space);
     EXPECT_EQ(std::exchange(heard, ""), "optFormat(2) optFormat(2) ");
     QTabBar* bar = widget<QTabWidget>(form->tbsOptions).tabBar();
+    EXPECT_FALSE(bar->drawBase());
     for (const char* path : {"editor.exe", ""}) {  // the tab is selected already
         program.state.EditorPath = path;
         if (*path) QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
@@ -442,7 +448,9 @@ TEST_F(Windows, EveryFormOfTheProgramIsReadable) {
         for (Form* shown : forms) {
             looks += lookOf(windowOf(*shown));
             for (const auto metric :
-                 {QStyle::PM_CheckBoxLabelSpacing, QStyle::PM_RadioButtonLabelSpacing,
+                 {QStyle::PM_IndicatorWidth, QStyle::PM_IndicatorHeight,
+                  QStyle::PM_ExclusiveIndicatorWidth, QStyle::PM_ExclusiveIndicatorHeight,
+                  QStyle::PM_CheckBoxLabelSpacing, QStyle::PM_RadioButtonLabelSpacing,
                   QStyle::PM_SmallIconSize, QStyle::PM_ListViewIconSize, QStyle::PM_ButtonIconSize,
                   QStyle::PM_MessageBoxIconSize, QStyle::PM_ScrollBarExtent,
                   QStyle::PM_TabBarScrollButtonWidth})

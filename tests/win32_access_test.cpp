@@ -117,6 +117,12 @@ struct Tool : forms::ControlVisitor {
         EXPECT_EQ(rowText(1) + rowText(2), "   tales      lib");
     }
     void visit(forms::TabStrip& tabs) override {
+        wchar_t caption[80] = {};
+        TCITEMW item{TCIF_TEXT, 0, 0, caption, std::size(caption), 0, 0};
+        for (int tab = 0; tab < std::ssize(tabs.Tabs); ++tab) {
+            SendMessageW(window, TCM_GETITEMW, tab, reinterpret_cast<LPARAM>(&item));
+            EXPECT_EQ(platform::narrow(caption), tabs.Tabs[tab].caption);
+        }
         for (const UINT message : {TCM_SETCURSEL, TCM_SETCURFOCUS})
             follow({0, 2, tabs.SelectedItem - 1}, message, TCM_GETCURSEL,
                    [&tabs] { return tabs.SelectedItem - 1; });

@@ -208,6 +208,19 @@ TEST_F(Windows, TabsAndShortenedRowsHaveTooltips) {
     SendMessageW(tooltipsOf(windowOf(dialog)), TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&tool));
     EXPECT_TRUE(tool.uFlags & TTF_SUBCLASS) << "it notices the mouse itself";
     EXPECT_EQ(tooltipsAt(2), others);
+    const HDC device = GetDC(windowOf(list));
+    SelectObject(device, reinterpret_cast<HFONT>(ask(windowOf(list), WM_GETFONT)));
+    RECT room;
+    GetClientRect(windowOf(list), &room);
+    room.right -= 2 * win32::pixels(30, 144);
+    SIZE size{};
+    for (std::string text = "c:\\"; size.cx <= room.right; text += 'x') {
+        GetTextExtentPoint32W(device, platform::wide(text).c_str(), std::ssize(text), &size);
+        list.setList(1, text);
+        tooltipsAt(0);
+        EXPECT_EQ(tooltipsAt(1) > others, size.cx > room.right) << text;
+    }
+    ReleaseDC(windowOf(list), device);
 }
 
 TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
@@ -224,7 +237,8 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
     press(VK_ESCAPE);
     EXPECT_EQ(ask(drives, CB_GETCURSEL), 0);
     EXPECT_EQ(application.Count(), 2) << "only the list is closed";
-    EXPECT_TRUE(GetClassLongPtrW(windowOf(dialog), GCLP_HICON));
+    EXPECT_TRUE(GetClassLongPtrW(windowOf(dialog), GCLP_HICON) &&
+                GetClassLongPtrW(windowOf(dialog), GCLP_HICONSM));
     ask(windowOf(dialog), WM_CLOSE);
     EXPECT_EQ(application.Count(), 1);
     static int told = 0;
