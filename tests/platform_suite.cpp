@@ -65,7 +65,10 @@ void useFiles(core::Runtime& runtime, const std::string& folder) {
     runtime.vbaFileClose();
     runtime.vbaNameFile(x, y);
     runtime.vbaFileOpen(x, Mode::Output);
+    runtime.vbaPrintFile("late");
     runtime.vbaFileClose();
+    runtime.vbaFileOpen(x, Mode::Input);
+    EXPECT_EQ(runtime.vbaInputFile(), "late");
     const std::pair<std::string, const char*> names[] = {{folder + "\\X.tmp", "x.tmp"},
                                                          {y, "y.ini"},
                                                          {folder + "\\?.tmp", ""},
@@ -282,7 +285,7 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
     const auto key = runtime.RegOpenKeyEx(currentUser, settingsKey, read);
     ASSERT_EQ(key.has_value(), *settingsKey != 0) << "has a registry";
     if (!key) return;
-    EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft").value().bytes.c_str(), value);
+    EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft").value().bytes, value + '\0');
     EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft").value().type, 1);
     EXPECT_FALSE(runtime.RegQueryValueEx(*key, "MainTop"));
     for (const int longest : {1023, 1024}) {  // beside the NUL

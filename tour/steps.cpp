@@ -131,7 +131,7 @@ struct Tour {
         box(console, "Return");  // there is no such file
         guide.press("Alt+B");
         guide.appears("Select source code file");
-        guide.retype("C:\\My Games\\WizardQuest.KEL");
+        guide.retype(quest + ".kel");
         leave("Return");
         guide.press("Alt+C");
         compiled(system.quest);
