@@ -60,13 +60,14 @@ class Batch : public LinuxDesktop {
         EXPECT_EQ(std::signal(SIGINT, SIG_DFL), SIG_DFL) << "as before the programs ran";
         return out.str() + std::regex_replace(echoed(), std::regex("(.+\n)"), "= $1");
     }
-    /// Returns where a Windows path leads. Folders that changed of late are read anew each time.
+    /// Returns where a Windows path leads and its short form: the same while the folders have just
+    /// changed, when no listing is kept, and when they are old.
     std::string placeOf(const std::string& path) {
         std::string found;
         for (const auto age : {0h, 0h, 1h, 1h}) {
             for (const auto& entry : fs::recursive_directory_iterator(home))
                 if (entry.is_directory() && !entry.is_symlink())
-                    fs::last_write_time(entry, start_ - age);
+                    fs::last_write_time(entry, start - age);
             const auto host = disk.toHost(path);
             const std::string now = (host ? host->text() : "nowhere") + ' ' + disk.shortPath(path);
             EXPECT_TRUE(found.empty() || found == now) << path << found << now;
@@ -117,7 +118,7 @@ class Batch : public LinuxDesktop {
     WindowsDisk disk{Drives::ofUser()};
     const std::map<std::string, std::string> places = {
         {"c", c}, {"d", d}, {"home", home}, {"z", disk.toWindows(HostPath(home))}};
-    const fs::file_time_type start_ = fs::file_time_type::clock::now();
+    const fs::file_time_type start = fs::file_time_type::clock::now();
     BatchInterpreter::Titles titles = BatchInterpreter::Titles::No;
 };
 
@@ -139,7 +140,7 @@ TEST_F(Batch, RunsAsAgreed) {
         else if (!line.empty() && line[0] != '#')
             transcript += shown(perform(line));
     }
-    fs::current_path(start);
+    fs::current_path(folderBefore);
     fakes::expectAgreed("linux.txt", transcript);
 }
 

@@ -32,7 +32,7 @@ class LinuxDesktop : public testing::Test {
     }
     ~LinuxDesktop() override {
         setenv("PATH", path.c_str(), 1);
-        fs::current_path(start);
+        fs::current_path(folderBefore);
         fs::remove_all(home);
     }
 
@@ -41,7 +41,7 @@ class LinuxDesktop : public testing::Test {
         fs::permissions(file, fs::perms::owner_all);
     }
 
-    const fs::path start = fs::current_path();
+    const fs::path folderBefore = fs::current_path();
     const std::string path = std::getenv("PATH");
     const fs::path home = [] {
         std::string name = fs::temp_directory_path() / "nwbw-test-XXXXXX";

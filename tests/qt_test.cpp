@@ -486,7 +486,7 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir settings;  // of Qt's own dialogs
     qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
-    qputenv("TZ", "JST-9");  // which no test may run in anyway
+    qputenv("TZ", "JST-9");  // so that local time differs
     qputenv("LC_TIME", "de_DE.UTF-8");
     const qt::QtApplication application(argv);
     if (QCoreApplication::arguments().size() != 1) return 2;

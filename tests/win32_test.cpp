@@ -259,8 +259,9 @@ const int parts[] = {COLOR_3DFACE,   COLOR_WINDOW,   COLOR_WINDOWTEXT,    COLOR_
 const COLORREF colours[] = {0xd0d1d2, 0xf0f1f2, 0x010203, 0x310203,
                             0x717273, 0xa1a2a3, 0xf7f8f9, 0xe1e2e3};
 
-/// Returns the colours that fill most of a window, of which themes have few, and after "+" which of
-/// the system's it has, but for the last: shades of a theme may equal it.
+/// Returns the colours of a window: for a text those in the middle of its upper and lower edge,
+/// after "+" which of the system's it has, and those that fill most of it. Shades of a theme may
+/// equal the last of the system's.
 std::string coloursOf(HWND window, int most) {
     const int width = win32::widthOf(placeOf(window)), height = win32::heightOf(placeOf(window));
     const HDC drawn = GetWindowDC(window);
@@ -268,7 +269,7 @@ std::string coloursOf(HWND window, int most) {
     for (int at = 0; at < width * height; at += 3)
         ++counts[GetPixel(drawn, at % width, at / width)];
     std::ostringstream found;
-    if (most > 1)  // its edges
+    if (most > 1)
         found << std::hex << ' ' << GetPixel(drawn, width / 2, 0) << ' '
               << GetPixel(drawn, width / 2, height - 1) << std::dec;
     ReleaseDC(window, drawn);
