@@ -33,7 +33,7 @@ class System : public testing::Test {
             fs::remove_all(place, stillInUse);
             Sleep(20);
         }
-        EXPECT_FALSE(fs::exists(place)) << "what was started has ended";
+        EXPECT_FALSE(fs::exists(place)) << "nothing is held open or read-only";
         RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Norvane Workbench Tests");
         RegDeleteKeyValueW(HKEY_CURRENT_USER, L"Console", L"CodePage");
     }
