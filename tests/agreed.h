@@ -35,6 +35,18 @@ inline std::string filled(std::string line, const std::map<std::string, std::str
     return line;
 }
 
+/// A line to act on: a verb, what it acts on, and a value after " = ".
+struct Act {
+    std::string verb, name, value;
+};
+
+inline Act actOf(const std::string& line) {
+    static const std::regex parts(R"((\w+) ?([\s\S]*?)(?: = ?([\s\S]*))?)");
+    std::smatch part;
+    std::regex_match(line, part, parts);
+    return {part[1], part[2], part[3]};
+}
+
 /// Returns the lines of the text, each after "|".
 inline std::string marked(std::string text) {
     std::erase(text, '\r');

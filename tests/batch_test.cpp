@@ -51,28 +51,33 @@ class Batch : public LinuxDesktop {
 
     /// Returns what a script shows, and what its tools get after "=".
     std::string outcomeOf(const std::string& script) {
+        const fs::path before = fs::current_path();
         fs::remove(home / "echo");
         std::istringstream in("\n");
         std::ostringstream out;
-        WindowsDisk disk(Drives::ofUser());
         const bool good = BatchInterpreter(disk, in, out, titles).run(script);
         out << (in.peek() == EOF ? "\n(waits)\n" : "") << (good ? "" : "(fails)\n");
         EXPECT_EQ(std::signal(SIGINT, SIG_DFL), SIG_DFL) << "as before the programs ran";
+        fs::current_path(before);
         return out.str() + std::regex_replace(echoed(), std::regex("(.+\n)"), "= $1");
     }
     /// Returns where a Windows path leads and its short form: the same while the folders have just
-    /// changed, when no listing is kept, and when they are old.
+    /// changed, when no listing is kept, when they are old, and by the listings kept then.
     std::string placeOf(const std::string& path) {
         std::string found;
-        for (const auto age : {0h, 0h, 1h, 1h}) {
-            for (const auto& entry : fs::recursive_directory_iterator(home))
-                if (entry.is_directory() && !entry.is_symlink())
-                    fs::last_write_time(entry, start - age);
+        const auto look = [&] {
             const auto host = disk.toHost(path);
             const std::string now = (host ? host->text() : "nowhere") + ' ' + disk.shortPath(path);
             EXPECT_TRUE(found.empty() || found == now) << path << found << now;
             found = now;
+        };
+        for (const auto age : {0h, 1h}) {
+            for (const auto& entry : fs::recursive_directory_iterator(home))
+                if (entry.is_directory() && !entry.is_symlink())
+                    fs::last_write_time(entry, start - age);
+            look();
         }
+        look();
         return found;
     }
     std::string shown(std::string seen) const {
@@ -88,30 +93,27 @@ class Batch : public LinuxDesktop {
     }
     /// Acts as the line says. Returns what is seen.
     std::string perform(const std::string& line) {
-        static const std::regex parts(R"((\w+) ?([\s\S]*?)(?: = ?([\s\S]*))?)");
-        std::smatch part;
-        std::regex_match(line, part, parts);
-        const fs::path path = home / part[2].str();
-        const std::string rest = part[2], value = part[3];
+        const auto asked = fakes::actOf(line);
+        const fs::path path = home / asked.name;
         std::string seen;
         const std::map<std::string, std::function<void()>> verbs = {
-            {"file", [&] { write(path, value); }},
-            {"program", [&] { program(path, value); }},
+            {"file", [&] { write(path, asked.value); }},
+            {"program", [&] { program(path, asked.value); }},
             {"tool", [&] { putTool(path); }},
-            {"link", [&] { fs::create_symlink(value, path); }},
-            {"mode", [&] { fs::permissions(path, fs::perms(std::stoi(value, nullptr, 8))); }},
+            {"link", [&] { fs::create_symlink(asked.value, path); }},
+            {"mode", [&] { fs::permissions(path, fs::perms(std::stoi(asked.value, nullptr, 8))); }},
             {"remove", [&] { fs::remove_all(path); }},
-            {"set", [&] { setenv(rest.c_str(), value.c_str(), 1); }},
+            {"set", [&] { setenv(asked.name.c_str(), asked.value.c_str(), 1); }},
             {"enter", [&] { fs::current_path(path); }},
             {"titles", [&] { titles = BatchInterpreter::Titles::Yes; }},
             {"start",
              [&] {
                  LinuxRuntime runtime(nullptr, HostPath(NWBW_PROGRAMS));
-                 seen = errorOf([&] { runtime.rtcShell(rest, 1); }) + '\n';
+                 seen = errorOf([&] { runtime.rtcShell(asked.name, 1); }) + '\n';
              }},
-            {"host", [&] { seen = placeOf(rest) + '\n'; }},
-            {"path", [&] { seen = disk.toWindows(HostPath(rest)) + '\n'; }}};
-        verbs.at(part[1])();
+            {"host", [&] { seen = placeOf(asked.name) + '\n'; }},
+            {"path", [&] { seen = disk.toWindows(HostPath(asked.name)) + '\n'; }}};
+        verbs.at(asked.verb)();
         return seen;
     }
 
@@ -130,9 +132,7 @@ TEST_F(Batch, RunsAsAgreed) {
     for (std::string line; std::getline(lines, line);) {
         if (line.starts_with('|')) continue;  // what was seen when it was agreed
         const bool ofScript = line.starts_with('>');
-        const fs::path before = fs::current_path();
         if (!ofScript && !script.empty()) transcript += shown(outcomeOf(std::exchange(script, "")));
-        fs::current_path(before);
         transcript += line + '\n';
         line = fakes::filled(line, places);
         if (ofScript)

@@ -108,11 +108,10 @@ class User {
         };
     }
     void perform(const std::string& line) {
-        static const std::regex parts(R"((\w+) ?(.*?)(?: = ?(.*))?)");
-        std::smatch part;
-        std::regex_match(line, part, parts);
+        const Act asked = actOf(line);
         const std::string rest = line.substr(line.find(' ') + 1);
-        const std::string name = part[2], value = part[3] == "(blank)" ? " " : part[3].str();
+        const std::string& name = asked.name;
+        const std::string value = asked.value == "(blank)" ? " " : asked.value;
         const auto control = [&]() -> forms::Control& {
             forms::Control* found = form_->find(name);
             return found ? *found : throw std::runtime_error("there is no control " + name);
@@ -159,7 +158,7 @@ class User {
              }},
             {"show", [&] { shown_ += shownBy(control()); }},
             {"saved", [&] { shown_ += runtime.files[ini].text; }}};
-        verbs.at(part[1])();
+        verbs.at(asked.verb)();
     }
     static void pick(forms::Control& control, int row) {
         if (auto* list = dynamic_cast<forms::ListBox*>(&control)) list->pick(row);
