@@ -1,11 +1,9 @@
 #include <algorithm>
 
-#include "core/settings_file.h"
 #include "core/text.h"
 #include "fakes.h"
 
 using namespace fakes;
-using core::AppState;
 
 namespace {
 
@@ -22,107 +20,6 @@ const std::string texts =
     R"(tutorial.htm|browser.exe|c:\a b\"reader".exe|edit.kel|compile.kel|play.kcd|extract.kel|)";
 const std::string folders = R"(|C:\games\lib|c:\kelm\library)";
 const std::string sample = lines(header + texts + " 0 | 1 | 0 | 0 | 2 | 3 " + folders);
-const std::string defaults =
-    R"(c:\kelm\programs\kelm.exe|c:\kelm\programs\winkrun.exe|||||)"
-    R"(C:\Program Files\Microsoft Office\Office\Winword.exe||||)"
-    R"(C:\Program Files\Plus!\Microsoft Internet\IEXPLORE.EXE|)"
-    R"(C:\Program Files\Adobe\Acrobat 4.0\Reader\AcroRd32.exe||||||||| 1 | 1 )";
-const std::string nothing = "|||||||||||||||||||| 1 | 1 ";
-const std::string unknown = "The format of your NWB/w settings file is unknown.";
-
-/// Returns all fields in file order, as the file has them after its header.
-std::string fields(const AppState& state) {
-    std::string all;
-    for (const auto& text :
-         {state.CompilerPath, state.GuiPlayerPath, state.ConsolePlayerPath, state.DosPlayerPath,
-          state.ExtractorPath, state.EditorPath, state.WordProcessorPath, state.ManualHtmlPath,
-          state.ManualPdfPath, state.TutorialPath, state.BrowserPath, state.AcrobatPath,
-          state.EditFileName, state.CompileFileName, state.PlayFileName, state.ExtractFileName})
-        all += text + "|";
-    for (const auto flag :
-         {state.EditHidden, state.CompileHidden, state.PlayHidden, state.ExtractHidden})
-        all += (flag ? " " + std::to_string(*flag) + " " : "") + "|";
-    all += " " + std::to_string(state.PlayerChoice) + " | " + std::to_string(state.StartTab) + " ";
-    for (const std::string& folder : state.IncludeFolders)
-        all += (folder.empty() ? "" : "|") + folder;
-    return all;
-}
-
-struct Settings : testing::Test, Desk {};
-
-TEST_F(Settings, AFileIsReadAsFarAsItGoesAndSavedWhole) {
-    const std::string few = "|||| 1 | 1 ";
-    std::string most;
-    while (most.size() < 61 * core::maxIncludes)
-        most += '|' + std::string(60, 'f');
-    const std::array<std::string, 4> rows[] = {
-        {"no.ini", "", defaults, "Settings file not found"},
-        {beta3, beta3Header + texts + "lib", texts + few + "|lib",
-         "Your NWB/w settings file is for Beta Release 3."},
-        {beta3, "'norvane" + beta3Header.substr(8) + texts, defaults, unknown},
-        {ini, "'1.0 NORVANE Workbench'|x", defaults, unknown},
-        {ini, "", defaults, unknown},
-        {ini, header + texts, texts + few, ""},
-        {ini, header + texts + "0|0|1|1|2|3" + folders + "|\"\"",
-         texts + " 0 | 0 | 1 | 1 | 2 | 3 " + folders, ""},
-        {ini, header + "  " + texts + " 2 |1|0|1|0|4|  " + most.substr(1) + "|lost",
-         texts + " 0 | 1 | 0 | 1 | 0 | 4 " + most, ""},
-        {ini, header + texts + "|x|1|1|3|5", texts + "| 0 | 1 | 1 | 1 | 1 ", ""},
-        {ini, header + texts + "1|1|1|1|-1|0", texts + " 1 | 1 | 1 | 1 | 1 | 1 ", ""},
-    };
-    for (const auto& [file, fields, read, told] : rows) {
-        SCOPED_TRACE(file + ": " + fields);
-        const bool current = file == ini;
-        const std::string text = lines(fields).substr(0, lines(fields).size() - 2);
-        runtime.files = {{file, {text}}};
-        if (current) runtime.files[beta3] = runtime.files[bkp] = {"older"};
-        core::LoadSettings(program);
-        EXPECT_EQ(::fields(state), read);
-        EXPECT_TRUE(told.empty() ? runtime.boxes.empty() : runtime.told(told));
-        core::SaveSettings(program);
-        EXPECT_EQ(runtime.files[ini].text, lines(header + read));
-        EXPECT_EQ(runtime.files[current ? bkp : file].text, text);
-    }
-}
-
-TEST_F(Settings, ATextKeepsWhatItsLineCanHold) {
-    const std::pair<std::string, std::string> texts[] = {
-        {R"(a"b"c)", R"(a"b"c)"}, {R"("a" b)", "a b"},     {R"(a,"b")", R"("a,b")"},
-        {R"( "a")", R"(" a")"},   {"\"\r\n a", R"(" a")"}, {"\"", ""},
-        {"a, ", "\"a, \""}};
-    for (const auto& [typed, line] : texts) {
-        state = {};
-        state.CompilerPath = typed;
-        state.IncludeFolders = {"one", typed, "two"};
-        core::SaveSettings(program);
-        const auto with = [](const std::string& text) {
-            return text + nothing + "|one" + (text.empty() ? "" : "|" + text) + "|two";
-        };
-        EXPECT_EQ(runtime.files[ini].text, lines(header + with(line)));
-        core::LoadSettings(program);
-        EXPECT_EQ(fields(state), with(std::regex_replace(line, std::regex("^\"|\"$"), "")));
-    }
-}
-
-TEST_F(Settings, OnlyAFileThatWasReadGivesWayToASave) {
-    for (const std::string number : {"-1.", "-2."}) {
-        runtime.files.erase(ini);
-        runtime.files[tmp].text = sample;
-        runtime.files[bkp].text = "older";
-        core::LoadSettings(program);
-        EXPECT_EQ(fields(state), defaults) << "neither is read";
-        EXPECT_TRUE(runtime.told("Settings file not found"));
-        core::SaveSettings(program);
-        EXPECT_TRUE(
-            runtime.told("NWB/w found settings that it did not read when it started. They "
-                         "are kept as \"c:\\nwb\\~nwbwini-unread" +
-                         number + "tmp\", \"c:\\nwb\\nwbwini-unread" + number + "bkp\"."));
-        EXPECT_EQ(runtime.files["c:\\nwb\\~nwbwini-unread" + number + "tmp"].text, sample);
-        runtime.files[tmp].text = "of this run";
-        core::SaveSettings(program);
-        EXPECT_TRUE(runtime.boxes.empty());
-    }
-}
 
 using Files = FakeRuntime::Files;
 
@@ -212,7 +109,7 @@ void expectFailureIsToldAndLosesNothing(const Files& disk, int call, const std::
     EXPECT_EQ(Outcome(run.files).saved(), run.loaded ? after : bare);
 }
 
-TEST_F(Settings, NoTextIsLostWhicheverCallFailsOrIsTheLast) {
+TEST(Settings, NoTextIsLostWhicheverCallFailsOrIsTheLast) {
     for (const auto& [name, disk] : disks) {
         Outcome good(disk);
         EXPECT_TRUE(good.loaded);

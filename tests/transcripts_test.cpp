@@ -1,3 +1,4 @@
+#include "core/settings_file.h"
 #include "fakes.h"
 #include "forms/drop.h"
 
@@ -34,6 +35,7 @@ std::string shownBy(const forms::Control& control) {
 ///
 ///     new                            the program, not yet opened
 ///     path NAME = PATH               a setting
+///     folders TEXT[|TEXT...]         the include list
 ///     file PATH [= TIME]             exists, and was changed then, in seconds
 ///     folder PATH = [NAME...]        exists, with the folders of these names in it
 ///     gone PATH                      no longer exists
@@ -53,7 +55,9 @@ std::string shownBy(const forms::Control& control) {
 ///     meanwhile LINE                 acts so while a message box is open, from now on
 ///     drop [NAME]                    the box for a file that is dropped there
 ///     show NAME                      what a control shows
-///     saved                          the settings file
+///     write PATH = TEXT              a file, "|" between its lines
+///     load, save                     reads and saves the settings
+///     saved                          the files with settings
 class User {
   public:
     explicit User(const std::string& lines) : lines_(lines) { start(); }
@@ -119,14 +123,14 @@ class User {
         auto& runtime = desk_->runtime;
         const std::map<std::string, std::function<void()>> verbs = {
             {"new", [&] { start(); }},
-            {"path", [&] { desk_->state.*paths_.at(name) = value; }},
+            {"path", [&] { desk_->state.*paths_.at(name) = filled(value); }},
             {"file", [&] { runtime.files[name].changed = std::stoi('0' + value); }},
             {"folder",
              [&] {
                  std::istringstream names(value);
                  runtime.tree[name].assign(std::istream_iterator<std::string>(names), {});
              }},
-            {"gone", [&] { runtime.tree.erase(name); }},
+            {"gone", [&] { runtime.tree.erase(name), runtime.files.erase(name); }},
             {"current", [&] { runtime.current = rest; }},
             {"short", [&] { runtime.shortNames[name] = value; }},
             {"registry",
@@ -139,6 +143,12 @@ class User {
             {"choose", [&] { desk_->toolkit.fileChosen = rest; }},
             {"refuse", [&] { runtime.answer = core::Runtime::Answer::No; }},
             {"open", [&] { form_ = &desk_->open(); }},
+            {"folders",
+             [&] {
+                 std::istringstream texts(filled(rest));
+                 for (std::string& folder : desk_->state.IncludeFolders)
+                     std::getline(texts, folder, '|');
+             }},
             {"tab", [&] { desk_->opened->tbsOptions.pick(std::stoi(name)); }},
             {"click", [&] { control().click(); }},
             {"pick", [&] { pick(control(), std::stoi(value)); }},
@@ -157,7 +167,18 @@ class User {
                  shown_ += (box ? box->name : "none") + '\n';
              }},
             {"show", [&] { shown_ += shownBy(control()); }},
-            {"saved", [&] { shown_ += runtime.files[ini].text; }}};
+            {"write",
+             [&] {
+                 runtime.files[name].text = std::regex_replace(value, std::regex("\\|"), "\r\n");
+             }},
+            {"load", [&] { core::LoadSettings(desk_->program); }},
+            {"save", [&] { core::SaveSettings(desk_->program); }},
+            {"saved", [&] {
+                 for (const auto& [path, file] : runtime.files)
+                     if (!file.text.empty() && !path.ends_with(".bat"))
+                         shown_ += path + " = " +
+                                   std::regex_replace(file.text, std::regex("\r\n"), "|") + '\n';
+             }}};
         verbs.at(asked.verb)();
     }
     static void pick(forms::Control& control, int row) {
