@@ -74,6 +74,7 @@ void useFiles(core::Runtime& runtime, const std::string& folder) {
                                                          {folder + "\\?.tmp", ""},
                                                          {folder + "\\x*", ""},
                                                          {x + '\\', ""},
+                                                         {x + "\\y", ""},
                                                          {folder, ""},
                                                          {none, ""},
                                                          {"q:\\x.tmp", ""}};
@@ -158,6 +159,7 @@ TEST_F(Platform, KeepsTextsAndTimesAndWaitsForOtherReaders) {
     EXPECT_EQ(changed() - first, 2s);
 
     if (fs::exists("z:\\dev")) {  // under Wine
+        EXPECT_EQ(runtime.drives().back(), "z:");
         runtime.vbaFileOpen("z:\\dev\\full", Runtime::OpenMode::Output);
         runtime.vbaPrintFile("lost");
         EXPECT_TRUE(errorOf([&] { runtime.vbaFileClose(); }).starts_with("Cannot write z:\\dev"));
@@ -298,6 +300,7 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
         0x80000002, R"(SYSTEM\CurrentControlSet\Control\Session Manager\Environment)", read);
     const auto interpreter = runtime.RegQueryValueEx(systems.value(), "ComSpec").value();
     EXPECT_NE(interpreter.bytes.find("cmd.exe"), std::string::npos);
+    EXPECT_TRUE(runtime.RegOpenKeyEx(0x80000002, R"(SOFTWARE\Microsoft\Shared Tools)", read));
     runtime.RegCloseKey(*key);
 }
 

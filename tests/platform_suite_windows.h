@@ -12,6 +12,8 @@
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_api.h"
 #include "platform/windows/windows_runtime.h"
+// After <windows.h>, which it needs.
+#include <tlhelp32.h>
 
 /// Windows for the suite: `place` is a temporary folder.
 class System : public testing::Test {
@@ -29,13 +31,26 @@ class System : public testing::Test {
     ~System() override {
         fs::current_path(place.parent_path());
         std::error_code stillInUse;
-        for (int tries = 0; tries < 50 && fs::exists(place); ++tries) {
+        for (int tries = 0; tries < 50 && (fs::exists(place) || consoles() > 0); ++tries) {
             fs::remove_all(place, stillInUse);
             Sleep(20);
         }
         EXPECT_FALSE(fs::exists(place)) << "nothing is held open or read-only";
+        EXPECT_EQ(consoles(), 0) << "none waits for a command";
         RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Norvane Workbench Tests");
         RegDeleteKeyValueW(HKEY_CURRENT_USER, L"Console", L"CodePage");
+    }
+    /// Returns how many command interpreters run that this program has started.
+    static int consoles() {
+        PROCESSENTRY32W process{};
+        process.dwSize = sizeof process;
+        const HANDLE all = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+        int found = 0;
+        for (BOOL more = Process32FirstW(all, &process); more; more = Process32NextW(all, &process))
+            found += process.th32ParentProcessID == GetCurrentProcessId() &&
+                     lstrcmpiW(process.szExeFile, L"cmd.exe") == 0;
+        CloseHandle(all);
+        return found;
     }
     static void setVariable(const char* name, const fs::path& value) {
         SetEnvironmentVariableW(platform::wide(name).c_str(), value.wstring().c_str());

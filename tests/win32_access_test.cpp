@@ -50,10 +50,6 @@ struct Tool : forms::ControlVisitor {
     void visit(forms::Button&) override { expectClick(window, BM_CLICK, 0); }
     void visit(forms::MenuItem& item) override {
         const HWND form = windowOf(item.form());
-        EXPECT_EQ(GetMenuItemCount(GetMenu(form)), 3);
-        wchar_t caption[80] = {};
-        GetMenuStringW(GetMenu(form), id, caption, std::size(caption), MF_BYCOMMAND);
-        EXPECT_EQ(platform::narrow(caption), item.Caption() == "-" ? "" : item.Caption());
         EXPECT_EQ(GetMenuState(GetMenu(form), id, MF_BYCOMMAND) & MF_GRAYED,
                   item.Enabled ? 0 : MF_GRAYED);
         expectClick(form, WM_COMMAND, id);
