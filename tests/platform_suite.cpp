@@ -229,8 +229,8 @@ TEST_F(Platform, StartsPrograms) {
     }
     if (*byScript == 0) return;
     // Another's script may contain anything.
-    write(place / "see.bat", "@tools\\tool.exe %1 > nul\r\n");
-    runtime.rtcShell(core::quoted(in("see.bat")) + " \"x y\"", Runtime::normalFocus);
+    write(place / "see.CMD", "@tools\\tool.exe %1 > nul\r\n");
+    runtime.rtcShell(core::quoted(in("see.CMD")) + " \"x y\"", Runtime::normalFocus);
     EXPECT_EQ(echoed(), byScript + textOf(place) + "[x y]\n");
 }
 

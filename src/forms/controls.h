@@ -129,7 +129,6 @@ class TextBox : public Control {
           holdsPath(definition.holdsPath),
           Text(*this, definition.text, Effect::Raise) {}
     void accept(ControlVisitor& visitor) override;
-    [[nodiscard]] bool takesEnter() const override { return multiLine && !readOnly; }
     TextBox* pathBox() override { return holdsPath ? this : nullptr; }
 
     const bool readOnly;

@@ -64,8 +64,8 @@ class ControlPeer : public forms::Peer {
     /// Sets the window's name for screen readers.
     void setAccessibleName(const std::string& name) { accessibleName_.emplace(window_, name); }
 
-    /// True if the window itself handles Enter or Esc at the moment.
-    [[nodiscard]] virtual bool wantsKey(WPARAM /*key*/) const { return false; }
+    /// True if the window itself handles Enter and Esc at the moment.
+    [[nodiscard]] virtual bool wantsKeys() const { return false; }
     /// Handles Enter, on a control that takes it.
     virtual void enter() {}
     /// Shows whether Enter presses the control, which only a button does.

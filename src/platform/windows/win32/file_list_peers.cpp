@@ -21,12 +21,12 @@ class DrivePeer : public PeerOf<forms::DriveList> {
         if (notification == CBN_SELENDOK) act([this] { pick(); });
         if (notification == CBN_SELENDCANCEL) update();
     }
-    [[nodiscard]] bool wantsKey(WPARAM) const override { return send(CB_GETDROPPEDSTATE) != 0; }
+    [[nodiscard]] bool wantsKeys() const override { return send(CB_GETDROPPEDSTATE) != 0; }
 
   protected:
     /// While the list is open, the user has not yet chosen.
     LRESULT handle(UINT message, WPARAM first, LPARAM second) override {
-        if (message != CB_SETCURSEL || wantsKey(0)) return PeerOf::handle(message, first, second);
+        if (message != CB_SETCURSEL || wantsKeys()) return PeerOf::handle(message, first, second);
         return change(message, first, second, [this] { pick(); });
     }
 

@@ -60,7 +60,7 @@ bool Keyboard::keyDown(MSG& message) {
 bool Keyboard::enter(const MSG& message) {
     constexpr LPARAM repeated = 1 << 30;
     if (message.message != WM_KEYDOWN) return false;
-    if (const auto* peer = peerOf(focused()); peer && peer->wantsKey(VK_RETURN)) return false;
+    if (const auto* peer = peerOf(focused()); peer && peer->wantsKeys()) return false;
     if (!keyPress(VK_RETURN) || message.lParam & repeated) return true;
     if (forms::Control* control = focused(); control && control->takesEnter()) {
         peerOf(control)->enter();
@@ -71,7 +71,7 @@ bool Keyboard::enter(const MSG& message) {
 }
 
 bool Keyboard::escape() {
-    if (const auto* peer = peerOf(focused()); peer && peer->wantsKey(VK_ESCAPE)) return false;
+    if (const auto* peer = peerOf(focused()); peer && peer->wantsKeys()) return false;
     if (keyPress(VK_ESCAPE)) form_.pressCancel();
     return true;
 }

@@ -23,9 +23,6 @@ class TextPeer : public PeerOf<forms::TextBox> {
     void command(int notification) override {
         if (notification == EN_CHANGE && !drawing()) act([this] { control_.type(text()); });
     }
-    [[nodiscard]] bool wantsKey(WPARAM key) const override {
-        return key == VK_RETURN && control_.takesEnter();
-    }
 
   protected:
     void draw() override {
