@@ -2,6 +2,7 @@
 
 #include "forms/file_lists.h"
 #include "platform/windows/win32/background.h"
+#include "platform/windows/win32/fit_font.h"
 #include "platform/windows/win32/peers.h"
 #include "win32_windows.h"
 
@@ -34,7 +35,7 @@ struct Tool : forms::ControlVisitor {
     void visit(forms::PictureBox& panel) override {
         EXPECT_EQ(win32::backgroundOf(panel, 7), 7u) << "the colour of a tab's page";
     }
-    void visit(forms::StatusBar&) override {
+    void visit(forms::StatusBar& bar) override {
         int ends[3] = {};
         SendMessageW(window, SB_GETPARTS, std::size(ends), reinterpret_cast<LPARAM>(ends));
         wchar_t shown[80] = {}, today[80] = {};
@@ -44,7 +45,8 @@ struct Tool : forms::ControlVisitor {
         EXPECT_STREQ(shown, today);
         SendMessageW(window, SB_GETTEXTW, 2, reinterpret_cast<LPARAM>(shown));
         EXPECT_TRUE(std::regex_match(shown, std::wregex(L"\\d+:\\d\\d( [AP]M)?")));
-        const win32::TextMeter meter(reinterpret_cast<HFONT>(ask(window, WM_GETFONT)), 144);
+        const win32::TextMeter meter(reinterpret_cast<HFONT>(ask(window, WM_GETFONT)),
+                                     win32::layoutDpi(bar.form(), windowOf(bar.form())));
         EXPECT_EQ(ends[2] - ends[1], meter.width(platform::narrow(shown)) + meter.scaled(16));
     }
     void visit(forms::Button&) override { expectClick(window, BM_CLICK, 0); }
@@ -102,6 +104,8 @@ struct Tool : forms::ControlVisitor {
         });
     }
     void visit(forms::FolderList& list) override {
+        list.Path = "c:\\tales\\of\\the\\sea";
+        EXPECT_EQ(ask(window, LB_GETTOPINDEX), 1) << "three rows above the open folder";
         for (const int row : {0, 2}) {
             SetFocus(window);
             SendMessageW(window, LB_SETCURSEL, row, 0);
@@ -157,6 +161,7 @@ TEST_F(Windows, EveryControlFollowsAnAutomationTool) {
     runtime.tree = {{"c:\\", {"nwb", "tales"}},
                     {"c:\\nwb", {}},
                     {"c:\\tales", std::vector<std::string>(30, "lib")},
+                    {"c:\\tales\\of\\the\\sea", std::vector<std::string>(30, "log")},
                     {"d:\\", {}}};
     for (forms::Form* shown : fakes::everyForm(application, program)) {
         shown->Show();
