@@ -246,6 +246,7 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
                 GetClassLongPtrW(windowOf(dialog), GCLP_HICONSM));
     ask(windowOf(dialog), WM_CLOSE);
     EXPECT_EQ(application.Count(), 1);
+    EXPECT_FALSE(IsWindow(drives));
     static int told = 0;
     SetWindowSubclass(
         windowOf(form.tbsOptions),
@@ -301,9 +302,9 @@ std::string textsOf(HMENU menu) {
 }
 
 /// Returns a window's class, text, styles, font, width inside its edges, places inside and outside
-/// them, in pixels, "!" if it has no mouse pointer, a form's menus, and if it is on the screen, a
-/// dialog's height and the colours. Places of forms and pages depend on the height of the system's
-/// bars.
+/// them, in pixels, "!" if it has another mouse pointer than an arrow, a form's menus, and if it is
+/// on the screen, a dialog's height and the colours. Places of forms and pages depend on the height
+/// of the system's bars.
 std::string lookOf(HWND window) {
     wchar_t kind[40] = {};
     GetClassNameW(window, kind, std::size(kind));
@@ -322,7 +323,8 @@ std::string lookOf(HWND window) {
     if (std::regex_match(kind, std::wregex(L"Button|ComboBox|Edit|ListBox|Static")))
         look << ' ' << inside.bottom << " at " << start.x << ' ' << start.y << '|' << place.left
              << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
-    if (GetClassLongPtrW(window, GCLP_HCURSOR) == 0) look << '!';
+    const HCURSOR arrow = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
+    if (reinterpret_cast<HCURSOR>(GetClassLongPtrW(window, GCLP_HCURSOR)) != arrow) look << '!';
     if (GetAncestor(window, GA_ROOT) == window) look << '|' << textsOf(GetMenu(window));
     if (IsWindowVisible(window) && placeOf(GetAncestor(window, GA_ROOT)).right < 1100)
         look << '|' << (GetWindowLongW(window, GWL_STYLE) & WS_POPUP ? inside.bottom : 0)
