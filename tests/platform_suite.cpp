@@ -182,7 +182,9 @@ TEST_F(Platform, RunsAScriptInItsFolderAndNowhereElse) {
     const std::string child = core::quoted(echoChild());
     for (const char* lead : {"q:", "cd \"\\none\\\"", "cd \"tools\\tool.exe\\\""}) {
         write(place / "astray.BAT", std::string(lead) + "\r\n" + child + " astray\r\n");
-        errorOf([&] { runtime.rtcShell(core::quoted(in("astray.BAT")), Runtime::normalFocus); });
+        const std::string error = errorOf(
+            [&] { runtime.rtcShell(core::quoted(in("astray.BAT")), Runtime::normalFocus); });
+        EXPECT_EQ(error.starts_with("Cannot go to "), *byScript != 0) << error;
     }
     std::string games = "Spiele für été";
     while (games.size() < 240)
@@ -291,6 +293,9 @@ TEST_F(Platform, StoresSettingsAndTitlesItsBoxes) {
     EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft").value().bytes, value + '\0');
     EXPECT_EQ(runtime.RegQueryValueEx(*key, "MainLeft").value().type, 1);
     EXPECT_FALSE(runtime.RegQueryValueEx(*key, "MainTop"));
+    const auto consoles = runtime.RegOpenKeyEx(currentUser, "Console", read);
+    const auto codePage = runtime.RegQueryValueEx(consoles.value(), "CodePage").value();
+    EXPECT_EQ(std::pair(codePage.type, codePage.bytes), std::pair(4u, "\xe9\xfd\0\0"s));
     for (const int longest : {1023, 1024}) {  // beside the NUL
         runtime.rtcSaveSetting(application, "Settings", "Long", std::string(longest, 'x'));
         EXPECT_EQ(runtime.RegQueryValueEx(*key, "Long").has_value(), longest == 1023);
