@@ -86,6 +86,7 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         state.ExtractFileName = "s.kel";
         state.EditHidden = hidden[0];
         state.CompileHidden = hidden[1];
+        state.PlayHidden = hidden[0];
         state.ExtractHidden = hidden[2];
         state.PlayerChoice = 2;
         state.StartTab = 3;
@@ -113,7 +114,7 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         EXPECT_EQ(desk.runtime.boxes.size(), fails ? 1u : 0u);
         const std::string& saved = desk.runtime.files[ini].text;
         std::string rest = "e.kel|c.kel|new.kcd|s.kel|";
-        for (const int flag : {hidden[0], hidden[1], 1, hidden[2], 0, 2})
+        for (const int flag : {hidden[0], hidden[1], 1 - hidden[0], hidden[2], 2 * hidden[0], 2})
             rest += ' ' + std::to_string(flag) + " |";
         EXPECT_TRUE(saved.ends_with(lines(rest + "one|two"))) << saved;
     }
