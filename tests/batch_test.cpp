@@ -157,16 +157,18 @@ TEST_F(Batch, StaysInItsTerminalAfterAnError) {
     for (const char* name :
          {"XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME", "XDG_DATA_DIRS"})
         setenv(name, (home.string() + ":applications/..").c_str(), 1);
-    for (const auto& [script, texts] : std::map<const char*, std::vector<const char*>>{
-             {"../x.bat", {"\x1b]2;", "none left", "No text editor was found", " . . . "}},
-             {"none.bat", {"none.bat", " . . . "}}}) {
+    const std::tuple<const char*, const char*, std::vector<const char*>> rows[] = {
+        {"../x.bat", "kelm", {"\x1b]2;", "none left", "No text editor was found", " . . . "}},
+        {"none.bat", "kelm", {"none.bat", " . . . "}},
+        {"../x.bat", "none", {"Cannot change to none: No such file or directory\r\nPress"}}};
+    for (const auto& [script, folder, texts] : rows) {
         int terminal = -1;
         const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
         ASSERT_GE(child, 0);
         if (child == 0) {
             dup2(STDERR_FILENO, 3);
             dup2(STDERR_FILENO, 9);
-            execl(NWBW_PROGRAMS "/nwbw-batch", "", script, "kelm", (home / "nwbw").c_str(),
+            execl(NWBW_PROGRAMS "/nwbw-batch", "", script, folder, (home / "nwbw").c_str(),
                   nullptr);
             _exit(127);
         }

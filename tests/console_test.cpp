@@ -97,7 +97,10 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
                   (std::vector<int>{-1500, 1000, 7000, 6500}));
         rules::expectAll(form, state, false);
 
+        form.edit.txtFnameE.type("new.txt");
+        form.compile.txtFname.type("new.kel");
         form.play.txtFnameP.type("n\tew\x7f.kcd\rlost");
+        form.spelling.txtFnameS.type("new.lis");
         form.play.optPlayer(0).click();
         form.play.chkHideP.click();
         const int back = ctrlMask | shiftMask;
@@ -113,7 +116,7 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
         EXPECT_EQ(desk.runtime.settings, stored);
         EXPECT_EQ(desk.runtime.boxes.size(), fails ? 1u : 0u);
         const std::string& saved = desk.runtime.files[ini].text;
-        std::string rest = "e.kel|c.kel|new.kcd|s.kel|";
+        std::string rest = "new.txt|new.kel|new.kcd|new.lis|";
         for (const int flag : {hidden[0], hidden[1], 1 - hidden[0], hidden[2], 2 * hidden[0], 2})
             rest += ' ' + std::to_string(flag) + " |";
         EXPECT_TRUE(saved.ends_with(lines(rest + "one|two"))) << saved;
