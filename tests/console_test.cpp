@@ -97,10 +97,13 @@ TEST(Console, WhatItShowsComesFromTheStateAndGoesBackAtTheEnd) {
                   (std::vector<int>{-1500, 1000, 7000, 6500}));
         rules::expectAll(form, state, false);
 
-        form.edit.txtFnameE.type("new.txt");
-        form.compile.txtFname.type("new.kel");
-        form.play.txtFnameP.type("n\tew\x7f.kcd\rlost");
-        form.spelling.txtFnameS.type("new.lis");
+        for (const auto& [tab, box, name] : {std::tuple(1, &form.edit.txtFnameE, "new.txt"),
+                                             {2, &form.compile.txtFname, "new.kel"},
+                                             {4, &form.spelling.txtFnameS, "new.lis"},
+                                             {3, &form.play.txtFnameP, "n\tew\x7f.kcd\rlost"}}) {
+            form.tbsOptions.pick(tab);
+            box->type(name);
+        }
         form.play.optPlayer(0).click();
         form.play.chkHideP.click();
         const int back = ctrlMask | shiftMask;

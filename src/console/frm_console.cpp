@@ -1,7 +1,6 @@
 #include "console/frm_console.h"
 
 #include <cmath>
-#include <locale>
 #include <sstream>
 
 #include "core/settings_file.h"
@@ -35,7 +34,6 @@ std::optional<int> twips(const std::string& text) {
     float value = 0;
     // Not every standard library has std::from_chars for float.
     std::istringstream stored(text);
-    stored.imbue(std::locale::classic());
     if (!(stored >> value) || !(std::abs(value) < farthest)) return {};
     stored >> std::ws;
     if (stored.peek() != std::istringstream::traits_type::eof()) return {};
