@@ -146,8 +146,9 @@ TEST_F(Batch, RunsAsAgreed) {
 
 TEST_F(Batch, StaysInItsTerminalAfterAnError) {
     write(c / "x.bat", "\"c:\\descriptors\"\nnotepad x");
-    program(c / "descriptors",
-            "#!/bin/sh\n[ -e /proc/$$/fd/9 ] || [ -e /proc/$$/fd/3 ] || echo none left\n");
+    program(
+        c / "descriptors",
+        "#!/bin/sh\n[ -e /proc/$$/fd/9 ] || [ -e /proc/$$/fd/3 ] || echo none left\nstty -echo\n");
     // A game's folder must not choose the editor.
     write(c / "kelm/mimeapps.list", "[Default Applications]\ntext/plain=mine.desktop;\n");
     write(c / "kelm/applications/ed.desktop", "[Desktop Entry]\nExec=ed\n");
@@ -177,6 +178,9 @@ TEST_F(Batch, StaysInItsTerminalAfterAnError) {
         while (!seen.ends_with("Press Enter to close this window . . . ") &&
                read(terminal, &next, 1) == 1)
             seen += next;
+        termios settings = {};
+        tcgetattr(terminal, &settings);
+        EXPECT_TRUE(settings.c_lflag & ECHO) << "whatever the tools leave";
         EXPECT_EQ(::write(terminal, "\n", 1), 1);
         int ending = -1;
         waitpid(child, &ending, 0);

@@ -36,6 +36,8 @@ std::string lookOf(const QWidget& widget) {
           "textElideMode", "uniformItemSizes", "wordWrap"})
         if (const QVariant value = widget.property(name); value.isValid())
             text << ' ' << name << '=' << value.toInt();
+    if (const auto* area = qobject_cast<const QAbstractScrollArea*>(&widget))
+        text << " inside=" << area->viewport()->backgroundRole();
     text.flush();
     return look.toStdString();
 }
