@@ -21,7 +21,8 @@ int wmain(int count, wchar_t* words[]) {
     std::string echo = std::getenv("NoDefaultCurrentDirectoryInExePath") ? "guarded " : "";
     STARTUPINFOW startup;
     GetStartupInfoW(&startup);
-    if (startup.wShowWindow == SW_SHOWMAXIMIZED) echo += "maximised ";
+    if (startup.dwFlags & STARTF_USESHOWWINDOW && startup.wShowWindow == SW_SHOWMAXIMIZED)
+        echo += "maximised ";
 #else
 int main(int count, char* words[]) {
     const bool isKeyboard = isatty(0) != 0;

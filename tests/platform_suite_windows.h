@@ -55,13 +55,15 @@ class System : public testing::Test {
     static void setVariable(const char* name, const fs::path& value) {
         SetEnvironmentVariableW(platform::wide(name).c_str(), value.wstring().c_str());
     }
-    /// Sets the search path to the folder and to entries that must be ignored.
+    /// Sets the search path to the folder and to entries that must be ignored, as must the variable
+    /// for the interpreter.
     static void setSearchPath(const fs::path& folder) {
         std::wstring folders =
             L".;;" + folder.root_name().wstring() + L".;\"" + folder.wstring() + L'"';
         while (folders.size() < 300)
             folders = L"c:\\none;" + folders;
         setVariable("PATH", folders);
+        setVariable("ComSpec", folder / "none.exe");
     }
     static Runtime makeRuntime(const Runtime::MessageBox& box) { return Runtime(box); }
 
