@@ -170,6 +170,7 @@ TEST_F(Platform, KeepsTextsAndTimesAndWaitsForOtherReaders) {
     const std::jthread heldForAWhile = hold(file, false);
     runtime.vbaNameFile(in("é.tmp"), in("ü.ini"));
     EXPECT_LT(fs::file_time_type::clock::now() - now, 2s) << "soon after it is free";
+    write(place / u8"ü.ini~", "another's");
     for (const bool mayBeDeleted : {true, false}) {
         write(place / u8"ü.ini");
         const std::jthread readForAWhile = hold(place / u8"ü.ini", mayBeDeleted);

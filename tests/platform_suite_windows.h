@@ -58,8 +58,10 @@ class System : public testing::Test {
     /// Sets the search path to the folder and to entries that must be ignored, as must the variable
     /// for the interpreter.
     static void setSearchPath(const fs::path& folder) {
-        std::wstring folders =
-            L".;;" + folder.root_name().wstring() + L".;\"" + folder.wstring() + L'"';
+        static bool slashes = false;  // in turn
+        slashes = !slashes;
+        std::wstring folders = L".;;" + folder.root_name().wstring() + L".;\"" +
+                               (slashes ? folder.generic_wstring() : folder.wstring()) + L'"';
         while (folders.size() < 300)
             folders = L"c:\\none;" + folders;
         setVariable("PATH", folders);

@@ -242,6 +242,11 @@ TEST_F(Windows, OtherSettingsOfTheSystemLeaveAnOpenListOpen) {
     press(VK_ESCAPE);
     EXPECT_EQ(ask(drives, CB_GETCURSEL), 1);
     EXPECT_EQ(application.Count(), 2) << "only the list is closed";
+    SendMessageW(drives, CB_SHOWDROPDOWN, TRUE, 0);
+    SendMessageW(drives, CB_SETCURSEL, 0, 0);
+    press(VK_RETURN);
+    EXPECT_EQ(dialog.Drive1.Drive(), "c:");
+    EXPECT_FALSE(ask(drives, CB_GETDROPPEDSTATE));
     EXPECT_TRUE(GetClassLongPtrW(windowOf(dialog), GCLP_HICON) &&
                 GetClassLongPtrW(windowOf(dialog), GCLP_HICONSM));
     ask(windowOf(dialog), WM_CLOSE);
