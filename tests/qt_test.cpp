@@ -113,10 +113,10 @@ TEST_F(Windows, ATextFollowsItsModelAndKeepsItsCursor) {
     QTest::keyClick(&line, Qt::Key_X);
     EXPECT_EQ(line.cursorPosition(), 3);
     form->compile.txtCmdline.Visible = true;
-    form->compile.txtCmdline.Text = "one\r\ntwo";
+    form->compile.txtCmdline.Text = "one\r\ntwo\u00a0";
     auto& lines = widget<QPlainTextEdit>(form->compile.txtCmdline);
     lines.setPlainText("typed");
-    EXPECT_EQ(lines.toPlainText(), "one\ntwo") << "is read-only";
+    EXPECT_EQ(lines.toPlainText(), "one\ntwo ") << "is read-only";
 }
 
 TEST_F(Windows, AListShowsItsModelAndAKeySelectsWhatItReaches) {

@@ -1,5 +1,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <optional>
 
 #include "platform/linux/qt/control_peer.h"
 #include "platform/linux/qt/peers.h"
@@ -27,28 +28,31 @@ class LineEditPeer : public PeerOf<forms::TextBox, QLineEdit> {
     }
 };
 
-/// Lines end in CRLF in the model and in LF in the widget.
+/// Shows lines, which the user cannot change. The widget does not return every character as it was
+/// set, so its text is never compared with the model's.
 class LinesPeer : public PeerOf<forms::TextBox, QPlainTextEdit> {
   public:
     LinesPeer(forms::TextBox& box, QWidget& parent) : PeerOf(box, new QPlainTextEdit(&parent)) {
-        widget_.setReadOnly(box.readOnly);
+        widget_.setReadOnly(true);
         widget_.setTabChangesFocus(true);
-        if (box.readOnly) widget_.viewport()->setBackgroundRole(QPalette::Window);
+        widget_.viewport()->setBackgroundRole(QPalette::Window);
+        // Assistive technology can change even a text that is read-only.
         connect(&widget_, &QPlainTextEdit::textChanged, this, [this] {
-            if (text() != control_.Text()) act([&] { control_.type(text()); });
+            shown_.reset();
+            update();
         });
     }
 
   protected:
     void draw() override {
-        if (control_.Visible && text() != control_.Text())
-            widget_.setPlainText(QString::fromStdString(control_.Text));
+        if (!control_.Visible || shown_ == control_.Text()) return;
+        shown_ = control_.Text();
+        const QSignalBlocker own(widget_);
+        widget_.setPlainText(QString::fromStdString(*shown_));
     }
 
   private:
-    [[nodiscard]] std::string text() const {
-        return widget_.toPlainText().replace("\n", "\r\n").toStdString();
-    }
+    std::optional<std::string> shown_;
 };
 
 }  // namespace
