@@ -187,6 +187,9 @@ TEST_F(Platform, RunsAScriptInItsFolderAndNowhereElse) {
             [&] { runtime.rtcShell(core::quoted(in("astray.BAT")), Runtime::normalFocus); });
         EXPECT_EQ(error.starts_with("Cannot go to "), *byScript != 0) << error;
     }
+    write(place / "drive.bat", folder.substr(0, 2) + "\r\n" + child + " here\r\nexit\r\n");
+    runtime.rtcShell(core::quoted(in("drive.bat")), Runtime::normalFocus);
+    EXPECT_EQ(echoed(), byScript + textOf(place) + "[here]\n");
     std::string games = "Spiele für été";
     while (games.size() < 240)
         games += "é";  // with the folder some 200 letters, which may be

@@ -152,6 +152,9 @@ TEST_F(Windows, AWindowMovedByTheUserComesBackWithoutDriftAndIsSavedAtLogOff) {
         EXPECT_LT(placeOf(windowOf(form.picOptions(panel))).right, 501);
     EXPECT_EQ((std::vector<int>{form.Left, form.Width}),
               (std::vector<int>{1010, MulDiv(400, 1440, dpi)}));
+    int ends[3] = {};
+    SendMessageW(windowOf(form.sbStatusBar), SB_GETPARTS, 3, reinterpret_cast<LPARAM>(ends));
+    EXPECT_LT(ends[2], 400);
     SetWindowPos(window(), nullptr, 202, 50, 0, 0, SWP_NOZORDER | SWP_NOSIZE);
     EXPECT_EQ(form.Left, 2020);
     runtime.whileBoxIsOpen = [this] {
