@@ -177,6 +177,10 @@ TEST_F(Platform, KeepsTextsAndTimesAndWaitsForOtherReaders) {
         runtime.rtcKillFiles(in("ü.ini"));
         EXPECT_FALSE(fs::exists(place / u8"ü.ini")) << "the name is free at once";
     }
+    const auto kill = [&] { runtime.rtcKillFiles(in("é.tmp")); };
+    const std::string absent = errorOf(kill);
+    runtime.vbaFileOpen(in("é.tmp"), Runtime::OpenMode::Output);
+    EXPECT_NE(errorOf(kill), absent) << "is in use, if that prevents it at all";
 }
 
 TEST_F(Platform, RunsAScriptInItsFolderAndNowhereElse) {
