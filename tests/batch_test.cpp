@@ -147,8 +147,8 @@ TEST_F(Batch, RunsAsAgreed) {
 TEST_F(Batch, StaysInItsTerminalAfterAnError) {
     write(c / "x.bat", "\"c:\\descriptors\"\nnotepad x");
     program(c / "descriptors",
-            "#!/bin/sh\n[ -e /proc/$$/fd/9 ] || [ -e /proc/$$/fd/3 ] || echo none left\n/bin/stty "
-            "-echo\n");
+            "#!/bin/sh\n[ -e /proc/$$/fd/9 ] || [ -e /proc/$$/fd/3 ] || echo none left\n"
+            "/bin/stty -echo\n");
     // A game's folder must not choose the editor.
     write(c / "kelm/mimeapps.list", "[Default Applications]\ntext/plain=mine.desktop;\n");
     write(c / "kelm/applications/ed.desktop", "[Desktop Entry]\nExec=ed\n");

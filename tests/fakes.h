@@ -97,12 +97,6 @@ class FakeRuntime : public core::CommonRuntime {
 
     /// Returns the boxes shown since the last call.
     std::vector<Box> newBoxes() { return std::exchange(boxes, {}); }
-    /// True if exactly one new box was shown, whose text starts so, and which is neither a question
-    /// nor an error. The pages have the whole texts.
-    bool told(const std::string& start) {
-        const auto shown = newBoxes();
-        return shown.size() == 1 && shown[0].flags == okOnly && shown[0].text.starts_with(start);
-    }
 
     std::string AppPath() override { return "c:\\nwb"; }
     std::string TempPath() override { return "c:\\temp"; }

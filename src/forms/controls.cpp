@@ -61,7 +61,6 @@ void TextBox::type(const std::string& text) {
 }
 
 std::string TextBox::fitting(const std::string& text) const {
-    if (multiLine) return text;
     std::string line = text.substr(0, text.find_first_of("\r\n"));
     std::erase_if(line,
                   [](unsigned char character) { return character < ' ' || character == 127; });

@@ -138,8 +138,8 @@ class TextBox : public Control {
 
     /// The user changed the text; stores the part of it that the box can hold.
     void type(const std::string& text);
-    /// Returns the part of the text that the box can hold: for a single line, the text before the
-    /// first line break, without control characters.
+    /// Returns the part of the text that a box of one line can hold: that before the first line
+    /// break, without control characters. Boxes of several lines are read-only.
     [[nodiscard]] std::string fitting(const std::string& text) const;
 
   protected:
